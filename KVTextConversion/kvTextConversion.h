@@ -1,0 +1,19 @@
+// The two conversions between Qt's texts and the host's, used at every host call.
+
+#pragma once
+
+#include "kvString.h"
+
+#include <QString>
+
+/// `text` as a host string. The wide-character copy ends at the first zero character.
+inline kvString toKvString(const QString &text)
+{
+    return kvString(text.toStdWString().c_str());
+}
+
+/// `text` as a Qt string, read up to its terminating zero.
+inline QString toQString(const kvString &text)
+{
+    return QString::fromUtf16(text.getUtf16());
+}

@@ -1,0 +1,22 @@
+// The root of every host object that an add-in can hold.
+
+#pragma once
+
+#include "kvLibraryExport.h"
+
+/// A host object, or rather a light handle of one: deleting the handle never deletes what it stands for.
+class KVLIBRARY_EXPORT kvBaseObject_c {
+public:
+    kvBaseObject_c() = default;
+    virtual ~kvBaseObject_c();
+
+    kvBaseObject_c(const kvBaseObject_c &) = delete;
+    kvBaseObject_c &operator=(const kvBaseObject_c &) = delete;
+
+    /// Whether the host itself owns this handle (the application given at connect, a command). Such a handle
+    /// must not be deleted by an add-in.
+    virtual bool HasParent() const = 0;
+
+    /// A fresh handle of the same object, without a parent; the caller owns it. Null when the host refuses.
+    virtual kvBaseObject_c *Clone() const = 0;
+};
