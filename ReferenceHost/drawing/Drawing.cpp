@@ -1,0 +1,117 @@
+// Keeps entities by id, so that moving ten thousand of them into a block costs ten thousand steps.
+
+#include "drawing/Drawing.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace refhost {
+
+EntityId Drawing::add(Entity entity)
+{
+    const EntityId id = ++m_lastId;
+    m_entities.emplace(id, StoredEntity{std::move(entity), true});
+    m_modelSpace.push_back(id);
+    return id;
+}
+
+Entity *Drawing::find(EntityId id)
+{
+    const auto found = m_entities.find(id);
+    return found == m_entities.end() ? nullptr : &found->second.entity;
+}
+
+const Entity *Drawing::find(EntityId id) const
+{
+    const auto found = m_entities.find(id);
+    return found == m_entities.end() ? nullptr : &found->second.entity;
+}
+
+bool Drawing::isInModelSpace(EntityId id) const
+{
+    const auto found = m_entities.find(id);
+    return found != m_entities.end() && found->second.inModelSpace;
+}
+
+std::vector<EntityId> Drawing::modelSpace() const
+{
+    std::vector<EntityId> ids;
+    ids.reserve(m_modelSpace.size() - m_left);
+    std::copy_if(m_modelSpace.begin(), m_modelSpace.end(), std::back_inserter(ids),
+                 [this](EntityId id) { return isInModelSpace(id); });
+    return ids;
+}
+
+void Drawing::erase(EntityId id)
+{
+    if (!isInModelSpace(id))
+        return;
+    m_entities.erase(id);
+    removeFromModelSpace();
+}
+
+bool Drawing::createBlock(const QString &name, const Point &base, const std::vector<EntityId> &entities)
+{
+    const QString key = name.toLower();
+    if (name.isEmpty() || m_blockIndex.contains(key))
+        return false;
+
+    BlockDefinition definition{name, base, {}};
+    definition.entities.reserve(entities.size());
+    for (const EntityId id : entities) {
+        if (!isInModelSpace(id))
+            continue;
+        m_entities[id].inModelSpace = false;
+        definition.entities.push_back(id);
+        removeFromModelSpace();
+    }
+    m_blockIndex.insert(key, m_blocks.size());
+    m_blocks.push_back(std::move(definition));
+    return true;
+}
+
+const BlockDefinition *Drawing::block(const QString &name) const
+{
+    const auto found = m_blockIndex.constFind(name.toLower());
+    return found == m_blockIndex.constEnd() ? nullptr : &m_blocks[found.value()];
+}
+
+std::vector<const BlockDefinition *> Drawing::usedBlocks() const
+{
+    std::vector<bool> used(m_blocks.size(), false);
+    std::vector<EntityId> open = modelSpace();
+    while (!open.empty()) {
+        const EntityId id = open.back();
+        open.pop_back();
+        const auto *instance = std::get_if<BlockInstance>(find(id));
+        if (!instance)
+            continue;
+        const auto found = m_blockIndex.constFind(instance->blockName.toLower());
+        if (found == m_blockIndex.constEnd() || used[found.value()])
+            continue;
+        used[found.value()] = true;
+        const std::vector<EntityId> &inner = m_blocks[found.value()].entities;
+        open.insert(open.end(), inner.begin(), inner.end());
+    }
+
+    std::vector<const BlockDefinition *> definitions;
+    for (std::size_t i = 0; i < m_blocks.size(); ++i) {
+        if (used[i])
+            definitions.push_back(&m_blocks[i]);
+    }
+    return definitions;
+}
+
+void Drawing::removeFromModelSpace()
+{
+    // Closing the gap at once would cost the whole list for every entity: wait until half of it is gaps.
+    ++m_left;
+    if (m_left * 2 < m_modelSpace.size())
+        return;
+    m_modelSpace.erase(std::remove_if(m_modelSpace.begin(), m_modelSpace.end(),
+                                      [this](EntityId id) { return !isInModelSpace(id); }),
+                       m_modelSpace.end());
+    m_left = 0;
+}
+
+} // namespace refhost

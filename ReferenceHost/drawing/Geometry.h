@@ -1,0 +1,47 @@
+// Points and the one kind of transform a drawing knows: scale, then turn, then move.
+
+#pragma once
+
+namespace refhost {
+
+/// A point or a vector, in drawing units.
+struct Point {
+    double x = 0.0;
+    double y = 0.0;
+    double z = 0.0;
+};
+
+/// Where a block instance stands: what InsertBlock2 takes.
+struct Placement {
+    Point position;
+    Point scale = {1.0, 1.0, 1.0};
+    double rotation = 0.0; ///< radians, counter-clockwise
+};
+
+/// An affine map of the drawing plane, [a c e; b d f; 0 0 1]; z is scaled and moved on its own.
+struct Affine {
+    double a = 1.0;
+    double b = 0.0;
+    double c = 0.0;
+    double d = 1.0;
+    double e = 0.0;
+    double f = 0.0;
+    double zScale = 1.0;
+    double zOffset = 0.0;
+
+    /// The map of a block's own coordinates, whose base point is `base`, to where `placement` puts them.
+    static Affine fromPlacement(const Placement &placement, const Point &base);
+
+    Point mapPoint(const Point &point) const;
+    /// Maps a direction: turned and scaled, not moved.
+    Point mapVector(const Point &vector) const;
+    double determinant() const { return a * d - b * c; }
+};
+
+/// The map that applies `first` and then `second`.
+Affine combined(const Affine &first, const Affine &second);
+
+/// The length of `vector` in the drawing plane.
+double planarLength(const Point &vector);
+
+} // namespace refhost
