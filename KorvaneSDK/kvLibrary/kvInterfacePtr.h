@@ -9,9 +9,9 @@
 template <class T>
 class kvInterfaceOut;
 
-/// Owns one host object and deletes it when released, replaced or destroyed. An object that has a parent belongs
-/// to the host: the handle then holds a fresh copy of it and leaves the given one alone. A copied handle holds a
-/// fresh copy too.
+/// Owns one host object and deletes it when released, replaced or destroyed. An object that has a parent
+/// belongs to the host: the handle then holds a fresh copy of it and leaves the given one alone. A copied
+/// handle holds a fresh copy too.
 template <class T>
 class kvInterfacePtr {
 public:

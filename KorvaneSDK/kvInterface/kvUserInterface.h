@@ -1,0 +1,80 @@
+// The host's toolbars, menus and ribbon, as far as an add-in adds to them. Every handle handed out belongs to
+// the receiver; positions are 1-based, one past the end appends.
+
+#pragma once
+
+#include "kvArray.h"
+#include "kvBaseObject.h"
+#include "kvEnumerations.h"
+#include "kvString.h"
+
+class KVINTERFACE_EXPORT kvToolbarItem_c : public kvBaseObject_c {
+public:
+    virtual kvResult GetID(kvString *id) = 0;
+};
+
+class KVINTERFACE_EXPORT kvToolbar_c : public kvBaseObject_c {
+public:
+    virtual kvResult get_Name(kvString *name) = 0;
+
+    /// Appends a kvToolbarItem_c for every item, in order.
+    virtual kvResult GetToolbarItems(kvObjectPtrArray *items) = 0;
+
+    /// Puts an item for the user command `commandId` at `position`. RemoveUserInterface(appId) removes it.
+    virtual kvResult InsertToolbarItem(const kvString &appId, kvToolbarItemType_e type, long position,
+                                       const kvString &text, const kvString &commandId,
+                                       kvToolbarItem_c **item) = 0;
+};
+
+class KVINTERFACE_EXPORT kvMenuItem_c : public kvBaseObject_c {
+public:
+    virtual kvResult GetID(kvString *id) = 0;
+
+    /// Puts an item for the user command `commandId` at `position` of this item's own menu.
+    virtual kvResult InsertMenuItem(const kvString &appId, kvMenuItemType_e type, long position,
+                                    const kvString &text, const kvString &commandId, kvMenuItem_c **item) = 0;
+};
+
+class KVINTERFACE_EXPORT kvRibbonRowItem_c : public kvBaseObject_c {
+public:
+    virtual kvResult GetApiID(kvString *id) = 0;
+
+    /// Takes the item off its row. Fails when it is gone already.
+    virtual kvResult Remove() = 0;
+};
+
+class KVINTERFACE_EXPORT kvRibbonCommandButton_c : public kvRibbonRowItem_c {};
+
+class KVINTERFACE_EXPORT kvRibbonRow_c : public kvBaseObject_c {
+public:
+    virtual kvResult GetApiID(kvString *id) = 0;
+
+    /// Appends a kvRibbonRowItem_c for every item, in order.
+    virtual kvResult GetRibbonRowItems(kvObjectPtrArray *items) = 0;
+
+    /// Appends a button for the user command `commandId`; `appId` becomes the button's API id.
+    virtual kvResult InsertRibbonCommandButton(const kvString &appId, kvRibbonButtonStyle_e style,
+                                               const kvString &text, const kvString &commandId,
+                                               kvRibbonCommandButton_c **button) = 0;
+};
+
+class KVINTERFACE_EXPORT kvRibbonPanel_c : public kvBaseObject_c {
+public:
+    virtual kvResult GetApiID(kvString *id) = 0;
+    virtual kvResult GetRibbonRow(kvRibbonRow_c **row) = 0;
+};
+
+class KVINTERFACE_EXPORT kvRibbonTab_c : public kvBaseObject_c {
+public:
+    virtual kvResult get_Name(kvString *name) = 0;
+    virtual kvResult GetApiID(kvString *id) = 0;
+
+    /// Appends a kvRibbonPanel_c for every panel, in order.
+    virtual kvResult GetRibbonPanels(kvObjectPtrArray *panels) = 0;
+};
+
+class KVINTERFACE_EXPORT kvWorkspace_c : public kvBaseObject_c {
+public:
+    /// Appends a kvRibbonTab_c for every tab, in order.
+    virtual kvResult GetRibbonTabs(kvObjectPtrArray *tabs) = 0;
+};
