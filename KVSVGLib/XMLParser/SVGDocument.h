@@ -1,0 +1,60 @@
+// An SVG document as the drawing side sees it: one reader per element kind, each giving a list of records in
+// document order.
+
+#pragma once
+
+#include "SVGRecords.h"
+
+#include <QDomDocument>
+#include <QList>
+
+#include <vector>
+
+/// A point of a path, in the file's units.
+struct PathPoint {
+    double x = 0.0;
+    double y = 0.0;
+};
+
+/// Reads the shapes of one XML document. Elements count wherever they stand, in defs or in a clipPath as
+/// well; names are compared exactly, so neither "Rect" nor "svg:rect" is found. Whatever cannot be read
+/// counts as 0 or as absent.
+class SVGDocument {
+public:
+    /// Reads from `document`, which is shared, not copied.
+    explicit SVGDocument(const QDomDocument &document);
+
+    QList<SVGLineRecord> lines() const;
+    QList<SVGCircleRecord> circles() const;
+    QList<SVGEllipseRecord> ellipses() const;
+    /// Rectangles as their four corners; to be drawn closed.
+    QList<SVGPolylineRecord> rects() const;
+    QList<SVGPolylineRecord> polylines() const;
+    /// To be drawn closed.
+    QList<SVGPolylineRecord> polygons() const;
+    QList<SVGTextRecord> texts() const;
+
+    /// Reads every path element into pathPolylines() and pathSplines(). The current point and the last
+    /// control point carry over from one path to the next; a second call would append everything again.
+    void parsePathData();
+    /// The straight runs, one for each straight command, in the order read; empty before parsePathData().
+    QList<SVGPolylineRecord> pathPolylines() const { return m_pathPolylines; }
+    /// The curves, one for each curve command, in the order read; empty before parsePathData().
+    QList<SVGSplineRecord> pathSplines() const { return m_pathSplines; }
+    /// Whether any path of the document closes itself. One answer for all straight runs of the document.
+    bool pathClosed() const { return m_pathClosed; }
+
+private:
+    void addPath(const QDomElement &path);
+    void addCommand(const QStringRef &command, const QString &transform);
+    void addStraightCommand(const std::vector<double> &numbers, char letter, const QString &transform);
+    void addCurveCommand(const std::vector<double> &numbers, char letter, const QString &transform);
+
+    bool m_pathClosed = false;
+    PathPoint m_currentPoint;
+    PathPoint m_lastControlPoint;
+    std::vector<double> m_pathNumbers;
+    QList<SVGPolylineRecord> m_pathPolylines;
+    QList<SVGSplineRecord> m_pathSplines;
+    QDomDocument m_document;
+};

@@ -1,0 +1,18 @@
+// What the readers ask of one element: its numbers and the transform that counts for it.
+
+#pragma once
+
+#include <QDomElement>
+#include <QString>
+
+/// The attribute `name` as a number; 0 when it is absent or anything but a plain number (a unit, a
+/// percentage).
+double number(const QDomElement &element, const char *name);
+
+/// The transform text of the direct parent, empty when it has none. A transform longer than any list of
+/// transforms (1,024 characters) counts as absent: every shape and every path command below it would carry
+/// and read it again.
+QString parentTransform(const QDomElement &element);
+
+/// The element's own transform text, with the same limit.
+QString ownTransform(const QDomElement &element);

@@ -1,0 +1,33 @@
+// The one transform the reader knows, matrix(a b c d e f), and the turn of the y axis that goes with it:
+// SVG's y axis points down, a drawing's points up.
+
+#pragma once
+
+#include "kvArray.h"
+
+#include <QString>
+
+#include <optional>
+
+/// SVG's matrix: x' = a x + c y + e and y' = b x + d y + f. Starts as the identity.
+struct SVGMatrix {
+    double a = 1.0;
+    double b = 0.0;
+    double c = 0.0;
+    double d = 1.0;
+    double e = 0.0;
+    double f = 0.0;
+};
+
+/// The coefficients in `transform`, a text of the form matrix(...). It is cut by position, without a look at
+/// the word itself: seven characters in front and one at the end are dropped, whatever they are. A
+/// coefficient that is not given keeps its value of the identity, one that is not a number is 0. No value
+/// when nothing is left to read.
+std::optional<SVGMatrix> matrixFromAttribute(const QString &transform);
+
+/// `values` (x, y pairs) with every y negated.
+kvDoubleArray flipped(kvDoubleArray values);
+
+/// `values` (x, y pairs) mapped by `matrix`, with every resulting y negated. The last x of an odd count is
+/// mapped as if its y were 0.
+kvDoubleArray mapped(const SVGMatrix &matrix, kvDoubleArray values);
