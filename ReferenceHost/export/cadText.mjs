@@ -1,0 +1,31 @@
+// Writes any text with the ASCII letters that every reader of a drawing understands.
+
+/**
+ * The longest text that is saved, in encoded letters: its length field has 16 bits, which some readers take for
+ * signed.
+ */
+const longestText = 32767;
+
+/**
+ * `text` as a drawing file holds it: every UTF-16 unit above 0x7F as \U+XXXX, so two for a character outside the
+ * basic plane. Whoever wrote "\U+0041" himself means these seven letters: there the backslash is written as
+ * \U+005C, which readers turn back in the same pass; the same holds for the older "\M+". A text entity is one
+ * line, so line breaks and other control characters become blanks. "%%" stays: what follows it is a viewer's
+ * notation for symbols, not part of the encoding.
+ */
+export function cadText(text) {
+    const oneLine = text.replace(/\r\n|[\x00-\x1f\x7f]/g, " ");
+    const escaped = oneLine.replace(/\\(?=[UuMm]\+)|[^\x00-\x7f]/g, escapedUnits);
+    return escaped.length <= longestText ? escaped : shortened(escaped);
+}
+
+// Without the flag u a regular expression sees UTF-16 units, so `unit` is always a single one.
+function escapedUnits(unit) {
+    return `\\U+${unit.charCodeAt(0).toString(16).toUpperCase().padStart(4, "0")}`;
+}
+
+/** The first letters of `escaped`, no escape sequence or surrogate pair cut in two. */
+function shortened(escaped) {
+    const cut = escaped.slice(0, longestText);
+    return cut.replace(/\\(U(\+[0-9A-F]{0,3})?)?$/, "").replace(/\\U\+D[89AB][0-9A-F]{2}$/, "");
+}

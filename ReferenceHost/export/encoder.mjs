@@ -1,0 +1,64 @@
+// Encodes drawings as DWG or DXF for a parent process, one after the other until standard input ends.
+//
+// Request:  one line of JSON, {"id":n,"format":"dwg"|"dxf","blocks":[...],"entities":[...]}
+// Response: {"id":n,"ok":true,"size":BYTES} and a line break, then exactly that many bytes; or
+//           {"id":n,"ok":false,"error":"text"} and a line break.
+// drawing.mjs says what blocks and entities look like. Nothing else goes to standard output.
+
+import { once } from "node:events";
+
+import { documentFrom } from "./drawing.mjs";
+import { writeDwg, writeDxf } from "./linearWriting.mjs";
+
+const writers = { dwg: writeDwg, dxf: writeDxf };
+const lineBreak = 0x0a;
+
+// Whatever the package prints while it works must not get between the answers.
+for (const method of ["log", "info", "debug"])
+    console[method] = console.error;
+
+process.stdout.on("error", () => process.exit(0)); // the parent is gone, so nobody waits for an answer
+
+for await (const line of lines(process.stdin)) {
+    for (const part of answer(line)) {
+        if (!process.stdout.write(part))
+            await once(process.stdout, "drain");
+    }
+}
+
+/** The answer to one request, as the parts to write. A request that makes no sense is answered too. */
+function answer(line) {
+    let id = null;
+    try {
+        const request = JSON.parse(line.toString("utf8"));
+        id = request?.id ?? null;
+        const bytes = encoded(request);
+        return [`${JSON.stringify({ id, ok: true, size: bytes.length })}\n`, bytes];
+    } catch (error) {
+        return [`${JSON.stringify({ id, ok: false, error: String(error?.message ?? error) })}\n`];
+    }
+}
+
+function encoded(request) {
+    if (!Object.hasOwn(writers, request?.format))
+        throw new Error(`unknown drawing format ${JSON.stringify(request?.format)}`);
+    return writers[request.format](documentFrom(request));
+}
+
+/** The lines of `stream` as buffers. Pieces are joined once per line, so a long line costs linear time. */
+async function* lines(stream) {
+    let pieces = [];
+    for await (const chunk of stream) {
+        let start = 0;
+        for (let end = chunk.indexOf(lineBreak); end >= 0; end = chunk.indexOf(lineBreak, start)) {
+            pieces.push(chunk.subarray(start, end));
+            yield Buffer.concat(pieces);
+            pieces = [];
+            start = end + 1;
+        }
+        if (start < chunk.length)
+            pieces.push(chunk.subarray(start));
+    }
+    if (pieces.length > 0)
+        yield Buffer.concat(pieces);
+}
