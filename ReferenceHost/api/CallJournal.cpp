@@ -1,0 +1,139 @@
+// Writes journal lines by hand: a JSON object would sort the keys, and a call reads best in the order call,
+// on, args, result.
+
+#include "api/CallJournal.h"
+
+#include "kvTextConversion.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLocale>
+
+#include <cmath>
+#include <utility>
+
+namespace refhost {
+
+namespace {
+
+void appendItem(QByteArray &list, const QByteArray &item)
+{
+    if (!list.isEmpty())
+        list += ',';
+    list += item;
+}
+
+template <class Array, class ToJson>
+QByteArray jsonArray(const Array &values, const ToJson &toJson)
+{
+    QByteArray items;
+    for (int i = 0; i < values.getSize(); ++i)
+        appendItem(items, toJson(values[i]));
+    return '[' + items + ']';
+}
+
+} // namespace
+
+void CallJournal::begin(Sink sink)
+{
+    m_sink = std::move(sink);
+    ++m_journal;
+    m_counts.clear();
+}
+
+void CallJournal::end()
+{
+    m_sink = nullptr;
+}
+
+void CallJournal::objectCreated(const HandleBase &handle)
+{
+    if (isOn() && handle.objectNumber())
+        objectName(handle);
+}
+
+void CallJournal::append(QByteArray &list, double number) const
+{
+    appendItem(list, jsonNumber(number));
+}
+
+void CallJournal::append(QByteArray &list, bool flag) const
+{
+    appendItem(list, flag ? "true" : "false");
+}
+
+void CallJournal::append(QByteArray &list, int number) const
+{
+    appendItem(list, QByteArray::number(number));
+}
+
+void CallJournal::append(QByteArray &list, long number) const
+{
+    appendItem(list, QByteArray::number(static_cast<qlonglong>(number)));
+}
+
+void CallJournal::append(QByteArray &list, const kvString &text) const
+{
+    appendItem(list, jsonText(toQString(text)));
+}
+
+void CallJournal::append(QByteArray &list, const kvDoubleArray &numbers) const
+{
+    appendItem(list, jsonArray(numbers, jsonNumber));
+}
+
+void CallJournal::append(QByteArray &list, const kvLongArray &numbers) const
+{
+    appendItem(list, jsonArray(numbers, [](long number) {
+                   return QByteArray::number(static_cast<qlonglong>(number));
+               }));
+}
+
+void CallJournal::append(QByteArray &list, const kvObjectPtrArray &objects) const
+{
+    appendItem(list, jsonArray(objects, [this](const kvBaseObject_c *object) {
+                   const HandleBase *handle = m_handles.find(object);
+                   return handle ? objectName(*handle) : QByteArray("null");
+               }));
+}
+
+void CallJournal::writeLine(const char *method, const HandleBase *on, const QByteArray &arguments,
+                            kvResult result)
+{
+    QByteArray line = R"({"call":")";
+    line += method;
+    line += '"';
+    if (on && on->objectNumber())
+        line += R"(,"on":)" + objectName(*on);
+    line +=
+        R"(,"args":[)" + arguments + R"(],"result":)" + QByteArray::number(static_cast<int>(result)) + '}';
+    m_sink(line);
+}
+
+QByteArray CallJournal::objectName(const HandleBase &handle) const
+{
+    const QByteArray type = handle.typeName();
+    ObjectNumber *number = handle.objectNumber();
+    if (!number)
+        return '"' + type + '"';
+    if (number->journal != m_journal)
+        *number = {m_journal, ++m_counts[type]};
+    return '"' + type + '#' + QByteArray::number(number->number) + '"';
+}
+
+QByteArray jsonNumber(double number)
+{
+    if (std::isnan(number))
+        return "\"nan\"";
+    if (std::isinf(number))
+        return number > 0.0 ? "\"inf\"" : "\"-inf\"";
+    return QByteArray::number(number, 'g', QLocale::FloatingPointShortest);
+}
+
+QByteArray jsonText(const QString &text)
+{
+    const QByteArray array = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
+    return array.mid(1, array.size() - 2);
+}
+
+} // namespace refhost

@@ -1,0 +1,73 @@
+// The call journal: every call of the host API, one line of JSON each, in the order in which the calls
+// return.
+
+#pragma once
+
+#include "api/HandleRegister.h"
+
+#include "kvArray.h"
+#include "kvEnumerations.h"
+
+#include <QByteArray>
+#include <QHash>
+
+#include <functional>
+
+namespace refhost {
+
+class CallJournal {
+public:
+    using Sink = std::function<void(const QByteArray &line)>;
+
+    explicit CallJournal(const HandleRegister &handles)
+        : m_handles(handles)
+    {
+    }
+
+    /// Starts a journal: `sink` receives each line, without a line break. Objects are counted from 1 again.
+    void begin(Sink sink);
+    void end();
+    bool isOn() const { return static_cast<bool>(m_sink); }
+
+    /// Counts an object that a call has just created.
+    void objectCreated(const HandleBase &handle);
+
+    /// Writes the line of one call: its name, the object it was made on (left out where there is only one of
+    /// its kind), its input arguments and its result.
+    template <class... Arguments>
+    void record(const char *method, const HandleBase *on, kvResult result, const Arguments &...arguments)
+    {
+        if (!isOn())
+            return;
+        QByteArray list;
+        (append(list, arguments), ...);
+        writeLine(method, on, list, result);
+    }
+
+private:
+    void append(QByteArray &list, double number) const;
+    void append(QByteArray &list, bool flag) const;
+    void append(QByteArray &list, int number) const;
+    void append(QByteArray &list, long number) const;
+    void append(QByteArray &list, const kvString &text) const;
+    void append(QByteArray &list, const kvDoubleArray &numbers) const;
+    void append(QByteArray &list, const kvLongArray &numbers) const;
+    void append(QByteArray &list, const kvObjectPtrArray &objects) const;
+    void writeLine(const char *method, const HandleBase *on, const QByteArray &arguments, kvResult result);
+
+    /// The name of an object, "kvLine_c#3" in quotes.
+    QByteArray objectName(const HandleBase &handle) const;
+
+    const HandleRegister &m_handles;
+    Sink m_sink;
+    int m_journal = 0;
+    mutable QHash<QByteArray, int> m_counts; // by type
+};
+
+/// `number` in JSON: the shortest text that reads back as the same double; "inf", "-inf" or "nan" in quotes.
+QByteArray jsonNumber(double number);
+
+/// `text` as a JSON string in quotes.
+QByteArray jsonText(const QString &text);
+
+} // namespace refhost

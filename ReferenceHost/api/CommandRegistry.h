@@ -1,0 +1,74 @@
+// The commands of the host and of its add-ins, and the user commands that buttons and menu items refer to.
+
+#pragma once
+
+#include "api/HandleRegister.h"
+
+#include "kvEnumerations.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace refhost {
+
+struct Command {
+    QString name;                  ///< as typed, upper or lower case alike
+    QString appId;                 ///< empty for the host's own
+    std::function<bool()> execute; ///< empty until an add-in has registered its callback
+    ObjectNumber number;
+};
+
+struct UserCommand {
+    QString id;
+    QString name;
+    QString appId;
+    QString commandLine;
+    QString description;
+    QString smallIcon;
+    QString largeIcon;
+};
+
+using CommandPtr = std::shared_ptr<Command>;
+using UserCommandPtr = std::shared_ptr<UserCommand>;
+
+class CommandRegistry {
+public:
+    /// Adds a command; null when the name is empty or taken.
+    CommandPtr add(const QString &name, const QString &appId, std::function<bool()> execute = {});
+
+    /// Adds a user command with an id of its own; null when the add-in has one of that name already.
+    UserCommandPtr addUserCommand(UserCommand command);
+
+    CommandPtr find(const QString &name) const;
+    UserCommandPtr findUserCommand(const QString &id) const;
+
+    const std::vector<CommandPtr> &commands() const { return m_commands; }
+
+    void removeAllOf(const QString &appId);
+
+    /// Runs a command line as the user gives it: each leading "^C" cancels what waits for an answer, the rest
+    /// names a command. Refused while another command runs.
+    kvRunCommandError_e runForUser(const QString &commandLine);
+
+    /// Runs a command for an add-in, also while that add-in's own command runs.
+    kvRunCommandError_e runForAddin(const QString &commandLine);
+
+    /// The command that runs now; empty when none does.
+    QString running() const { return m_running.empty() ? QString() : m_running.back(); }
+
+private:
+    kvRunCommandError_e run(const QString &name);
+
+    std::vector<CommandPtr> m_commands;
+    std::vector<UserCommandPtr> m_userCommands;
+    std::vector<QString> m_running;
+    int m_userCommandsMade = 0;
+};
+
+/// A command line without its leading "^C"s and blanks.
+QString commandName(const QString &commandLine);
+
+} // namespace refhost

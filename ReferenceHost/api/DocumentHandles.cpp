@@ -1,0 +1,86 @@
+// Block definitions, saving and activation of a drawing.
+
+#include "api/DocumentHandles.h"
+
+#include "api/EntityHandles.h"
+#include "api/SketchManagerHandle.h"
+
+#include "kvTextConversion.h"
+
+#include <cmath>
+
+namespace refhost {
+
+kvResult DocumentHandle::CreateBlockDefinition(const kvString &name, const kvString &description, double x,
+                                               double y, double z, const kvLongArray &types,
+                                               const kvObjectPtrArray &entities,
+                                               kvBlockDefinitionEntities_e mode,
+                                               kvBlockDefinition_c **definition)
+{
+    const auto body = [&] {
+        const bool finite = std::isfinite(x) && std::isfinite(y) && std::isfinite(z);
+        if (!finite || mode != kvBlockDefinitionEntities_Move)
+            return kvResult_Failed;
+        const QString blockName = toQString(name);
+        if (!state()->drawing.createBlock(blockName, {x, y, z}, ownEntities(entities)))
+            return kvResult_Failed;
+        auto *handle = new BlockDefinitionHandle(session(), {blockName, {}});
+        session().journal().objectCreated(*handle);
+        *definition = handle;
+        return kvResult_Success;
+    };
+    return call("kvDocument_c::CreateBlockDefinition", body, name, description, x, y, z, types, entities,
+                static_cast<int>(mode));
+}
+
+kvResult DocumentHandle::GetModel(kvModel_c **model)
+{
+    return call("kvDocument_c::GetModel",
+                [&] { return handOut<ModelHandle>(model, std::weak_ptr(state())); });
+}
+
+kvResult DocumentHandle::SaveAs2(const kvString &fileName, kvDocumentSaveAsOption_e option,
+                                 bool usedBlocksOnly, kvDocumentSaveError_e *error)
+{
+    const auto body = [&] {
+        const bool saved = option == kvDocumentSaveAs_Drawing
+            && session().save(state(), toQString(fileName), usedBlocksOnly);
+        *error = saved ? kvDocumentSave_Succeeded : kvDocumentSave_Failed;
+        return saved ? kvResult_Success : kvResult_Failed;
+    };
+    return call("kvDocument_c::SaveAs2", body, fileName, static_cast<int>(option), usedBlocksOnly);
+}
+
+kvResult DocumentHandle::Activate()
+{
+    const auto body = [&] { return session().activate(state()) ? kvResult_Success : kvResult_Failed; };
+    return call("kvDocument_c::Activate", body);
+}
+
+std::vector<EntityId> DocumentHandle::ownEntities(const kvObjectPtrArray &entities) const
+{
+    std::vector<EntityId> ids;
+    ids.reserve(static_cast<std::size_t>(entities.getSize()));
+    for (int i = 0; i < entities.getSize(); ++i) {
+        const EntityRef *entity = entityBehind(session().handles(), entities[i]);
+        if (entity && entity->document.lock() == state())
+            ids.push_back(entity->id);
+    }
+    return ids;
+}
+
+kvResult ModelHandle::GetSketchManager(kvSketchManager_c **sketchManager)
+{
+    return call("kvModel_c::GetSketchManager",
+                [&] { return handOut<SketchManagerHandle>(sketchManager, state()); });
+}
+
+kvResult BlockDefinitionHandle::GetName(kvString *name)
+{
+    return call("kvBlockDefinition_c::GetName", [&] {
+        *name = toKvString(state().name);
+        return kvResult_Success;
+    });
+}
+
+} // namespace refhost

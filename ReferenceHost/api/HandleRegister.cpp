@@ -1,0 +1,97 @@
+// Frees forgotten handles and notices the ones deleted twice.
+
+#include "api/HandleRegister.h"
+
+#include <QDebug>
+
+#include <array>
+#include <new>
+#include <vector>
+
+namespace refhost {
+
+namespace {
+
+int doubleDeletionCount = 0;
+
+/// What stands in the memory of a deleted handle. A second deletion arrives here, since every handle begins
+/// with the virtual table of kvBaseObject_c.
+class Tombstone final : public kvBaseObject_c {
+public:
+    ~Tombstone() override
+    {
+        ++doubleDeletionCount;
+        qWarning("A host object was deleted twice.");
+    }
+
+    bool HasParent() const override { return false; }
+    kvBaseObject_c *Clone() const override { return nullptr; }
+
+    static void operator delete(void *memory) { new (memory) Tombstone; }
+};
+
+/// The memory of the handles deleted last; the oldest is given back when a new one comes in.
+class Graveyard {
+public:
+    Graveyard() = default;
+    ~Graveyard()
+    {
+        for (void *memory : m_graves)
+            ::operator delete(memory);
+    }
+    Graveyard(const Graveyard &) = delete;
+    Graveyard &operator=(const Graveyard &) = delete;
+
+    void bury(void *memory)
+    {
+        ::operator delete(m_graves[m_next]);
+        m_graves[m_next] = memory;
+        m_next = (m_next + 1) % m_graves.size();
+        new (memory) Tombstone;
+    }
+
+private:
+    std::array<void *, 4096> m_graves = {};
+    std::size_t m_next = 0;
+};
+
+} // namespace
+
+HandleRegister::~HandleRegister()
+{
+    std::vector<const kvBaseObject_c *> left;
+    left.reserve(m_handles.size());
+    for (const auto &handle : m_handles)
+        left.push_back(handle.first);
+    for (const kvBaseObject_c *object : left)
+        delete object;
+}
+
+void HandleRegister::add(kvBaseObject_c *object, HandleBase *handle)
+{
+    m_handles.emplace(object, handle);
+}
+
+void HandleRegister::remove(const kvBaseObject_c *object)
+{
+    m_handles.erase(object);
+}
+
+HandleBase *HandleRegister::find(const kvBaseObject_c *object) const
+{
+    const auto found = m_handles.find(object);
+    return found == m_handles.end() ? nullptr : found->second;
+}
+
+void HandleRegister::bury(void *memory) noexcept
+{
+    static Graveyard graveyard;
+    graveyard.bury(memory);
+}
+
+int HandleRegister::doubleDeletions()
+{
+    return doubleDeletionCount;
+}
+
+} // namespace refhost

@@ -1,0 +1,25 @@
+// Selection and file names of an open drawing.
+
+#include "api/HostDocument.h"
+
+namespace refhost {
+
+void HostDocument::selectAll()
+{
+    selection = drawing.modelSpace();
+}
+
+void HostDocument::eraseSelection()
+{
+    for (const EntityId id : selection)
+        drawing.erase(id);
+    selection.clear();
+}
+
+bool isSameFileName(const QString &first, const QString &second)
+{
+    const auto withSlashes = [](QString name) { return name.replace(QLatin1Char('\\'), QLatin1Char('/')); };
+    return withSlashes(first) == withSlashes(second);
+}
+
+} // namespace refhost

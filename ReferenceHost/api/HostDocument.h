@@ -1,0 +1,31 @@
+// A drawing open in the host: the drawing itself, its file and what is selected in it.
+
+#pragma once
+
+#include "api/HandleRegister.h"
+#include "drawing/Drawing.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace refhost {
+
+struct HostDocument {
+    Drawing drawing;
+    QString title;    ///< what a tab shows until the drawing has a file
+    QString fileName; ///< full path; empty until the drawing was saved
+    std::vector<EntityId> selection;
+    ObjectNumber number;
+
+    void selectAll();
+    void eraseSelection();
+};
+
+using HostDocumentPtr = std::shared_ptr<HostDocument>;
+
+/// Whether two file names mean the same file for the host: "\" and "/" are alike.
+bool isSameFileName(const QString &first, const QString &second);
+
+} // namespace refhost

@@ -1,0 +1,79 @@
+// What all handles have in common: they are registered, can be copied, and every call made through them
+// passes the fault script and the journal.
+
+#pragma once
+
+#include "api/HostSession.h"
+
+#include <utility>
+
+namespace refhost {
+
+/// Who owns a handle: the add-in that received it, or the host.
+enum class Parent { None, Host };
+
+/// Where the journal's number of an object is kept, by what its handle holds; null where there is only one
+/// object of the type. Handles whose objects are counted add an overload.
+template <class State>
+ObjectNumber *objectNumberOf(const State & /*state*/)
+{
+    return nullptr;
+}
+
+/// Base of the handle class `Derived`, which implements the host class `Interface` and holds a `State`: a
+/// cheap value that names the object.
+template <class Derived, class Interface, class State>
+class HostHandle : public Interface, public HandleBase {
+public:
+    explicit HostHandle(HostSession &session, State state, Parent parent = Parent::None)
+        : m_session(session)
+        , m_state(std::move(state))
+        , m_parent(parent)
+    {
+        m_session.handles().add(this, this);
+    }
+    ~HostHandle() override { m_session.handles().remove(this); }
+
+    HostHandle(const HostHandle &) = delete;
+    HostHandle &operator=(const HostHandle &) = delete;
+
+    static void operator delete(void *memory) { HandleRegister::bury(memory); }
+
+    bool HasParent() const override { return m_parent == Parent::Host; }
+    kvBaseObject_c *Clone() const override { return new Derived(m_session, m_state); }
+
+    const char *typeName() const override { return Derived::type; }
+    ObjectNumber *objectNumber() const override { return objectNumberOf(m_state); }
+
+    const State &state() const { return m_state; }
+
+protected:
+    HostSession &session() const { return m_session; }
+
+    /// Makes the call `method`: does what `body` does unless the script lets it fail, and writes it into the
+    /// journal.
+    template <class Body, class... Arguments>
+    kvResult call(const char *method, const Body &body, const Arguments &...arguments)
+    {
+        // The handle itself may go while the call runs, with the command it removes, say.
+        HostSession &host = m_session;
+        const kvResult result = host.faults.takesNext(method) ? kvResult_Failed : body();
+        host.journal().record(method, this, result, arguments...);
+        return result;
+    }
+
+    /// Hands a new handle of type `Handle` out through `out`.
+    template <class Handle, class Out, class HandleState>
+    kvResult handOut(Out **out, HandleState handleState) const
+    {
+        *out = new Handle(m_session, std::move(handleState));
+        return kvResult_Success;
+    }
+
+private:
+    HostSession &m_session;
+    State m_state;
+    Parent m_parent;
+};
+
+} // namespace refhost

@@ -1,0 +1,47 @@
+// The host's toolbars, menus and ribbon as data; a window shows them, add-ins add to them.
+
+#pragma once
+
+#include "api/HandleRegister.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace refhost {
+
+struct UserInterfaceNode;
+using UserInterfaceNodePtr = std::shared_ptr<UserInterfaceNode>;
+
+/// One element: a toolbar or its item, a menu or its item, a workspace, ribbon tab, panel, row or row item.
+/// What it is follows from where it stands.
+struct UserInterfaceNode {
+    QString id;        ///< the id by which add-ins find it
+    QString name;      ///< what the user reads
+    QString appId;     ///< the add-in that put it there; empty for the host's own
+    QString commandId; ///< what it starts: a user command's id, or a host command
+    std::vector<UserInterfaceNodePtr> children;
+    ObjectNumber number;
+
+    /// Puts `child` at `position`, counted from 1; a position past the end appends, one before the start puts
+    /// it first.
+    void insert(long position, UserInterfaceNodePtr child);
+
+    /// Removes the child itself (not one that looks like it); false when it is not there.
+    bool remove(const UserInterfaceNode *child);
+};
+
+struct UserInterfaceModel {
+    UserInterfaceNode toolbars;
+    UserInterfaceNode menuBar;
+    UserInterfaceNode workspaces; ///< workspace, tab, panel, row, item
+};
+
+/// What the host starts with: the workspace "Drafting and Annotation", an import menu, an "Insert" toolbar.
+UserInterfaceModel standardUserInterface();
+
+/// Removes everything of the add-in `appId` below `node`.
+void removeItemsOf(const QString &appId, UserInterfaceNode &node);
+
+} // namespace refhost
