@@ -1,8 +1,8 @@
 // Turns a drawing as plain JSON into a document of the encoding package.
 
 import {
-    ACadVersion, BlockRecord, CadDocument, Circle, DxfClass, Ellipse, Insert, Line, LwPolyline, LwPolylineVertex,
-    Spline, TextEntity, UnitsType, XY, XYZ,
+    ACadVersion, AngularDirection, BlockRecord, CadDocument, Circle, DxfClass, Ellipse, Insert, Line, LwPolyline,
+    LwPolylineVertex, Spline, TextEntity, UnitsType, XY, XYZ,
 } from "@node-projects/acad-ts";
 
 import { cadText } from "./cadText.mjs";
@@ -99,6 +99,7 @@ export function documentFrom({ blocks, entities }) {
     const document = new CadDocument(ACadVersion.AC1015);
     document.header.codePage = "ANSI_1252";
     document.header.insUnits = UnitsType.Unitless;
+    document.header.angularDirection = AngularDirection.CounterClockWise;
     document.classes.add(dictionaryVariableClass());
     keepNoReferences(document);
 

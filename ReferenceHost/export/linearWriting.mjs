@@ -18,6 +18,8 @@ export function writeDxf(document) {
     const sink = new AsciiSink();
     const writer = new DxfWriter(sink, document);
     writer._objectHolder.entities = new Queue();
+    for (const variable of ["$EXTMIN", "$EXTMAX"])
+        writer.configuration.addHeaderVariable(variable);
     writer.write();
     return sink.bytes();
 }
