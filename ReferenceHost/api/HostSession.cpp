@@ -11,8 +11,8 @@
 namespace refhost {
 
 HostSession::HostSession()
-    : m_application(new ApplicationHandle(*this, {}, Parent::Host))
 {
+    m_application = new ApplicationHandle(*this, {}, Parent::Host); // here, since the register is the last member
     addHostCommands();
 }
 
