@@ -10,8 +10,8 @@ const longestText = 32767;
  * `text` as a drawing file holds it: every UTF-16 unit above 0x7F as \U+XXXX, so two for a character outside the
  * basic plane. Whoever wrote "\U+0041" himself means these seven letters: there the backslash is written as
  * \U+005C, which readers turn back in the same pass; the same holds for the older "\M+". A caret would start a
- * control character in DXF, so it is escaped as well. A text entity is one line, so line breaks and other control characters become blanks. "%%" stays: what follows it is a viewer's
- * notation for symbols, not part of the encoding.
+ * control character in DXF, so it is escaped as well. A text entity is one line, so line breaks and other control
+ * characters become blanks. "%%" stays: what follows it is a viewer's notation for symbols, not part of the encoding.
  */
 export function cadText(text) {
     const oneLine = text.replace(/\r\n|[\x00-\x1f\x7f]/g, " ");

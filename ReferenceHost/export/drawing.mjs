@@ -1,8 +1,8 @@
 // Turns a drawing as plain JSON into a document of the encoding package.
 
 import {
-    ACadVersion, AngularDirection, BlockRecord, CadDocument, Circle, DxfClass, Ellipse, Insert, Line, LwPolyline,
-    LwPolylineVertex, Spline, TextEntity, UnitsType, XY, XYZ,
+    ACadVersion, AngularDirection, BlockRecord, CadDocument, Circle, DxfClass, Ellipse, Insert, Layer, Line,
+    LineType, LwPolyline, LwPolylineVertex, Spline, TextEntity, UnitsType, XY, XYZ,
 } from "@node-projects/acad-ts";
 
 import { cadText } from "./cadText.mjs";
@@ -146,14 +146,33 @@ function defineBlock(document, { name, base, entities }, known) {
 
 /** Adds `entities` to `record` and answers with their extents. */
 function fill(record, entities, known, place) {
-    list(entities, `entities of ${place}`).forEach((entity, index) => {
+    list(entities, `entities of ${place}`);
+    withSharedDefaults(() => entities.forEach((entity, index) => {
         try {
             record.entities.add(made(entity, known));
         } catch (error) {
             throw new Error(`entity ${index} of ${place}: ${error.message}`);
         }
-    });
+    }));
     return extentsOf(entities, known);
+}
+
+const ownDefaults = [[Layer, "default"], [LineType, "byLayer"]].map(([owner, name]) =>
+    ({ owner, name, own: Object.getOwnPropertyDescriptor(owner, name), shared: owner[name] }));
+
+/**
+ * A new entity makes a layer and a line type of its own, which those of the document replace as soon as it is added:
+ * a quarter of the time. While `action` runs, they share one of each.
+ */
+function withSharedDefaults(action) {
+    for (const { owner, name, shared } of ownDefaults)
+        Object.defineProperty(owner, name, { get: () => shared, configurable: true });
+    try {
+        action();
+    } finally {
+        for (const { owner, name, own } of ownDefaults)
+            Object.defineProperty(owner, name, own);
+    }
 }
 
 function made(entity, known) {

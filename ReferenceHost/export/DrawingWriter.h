@@ -1,0 +1,22 @@
+// Says a drawing in the JSON that the encoder script takes.
+
+#pragma once
+
+#include "drawing/Drawing.h"
+
+#include <QByteArray>
+
+namespace refhost {
+
+enum class DrawingFormat { Dwg, Dxf };
+
+/// Which block definitions a file gets: all, or those that model space uses, directly or through other
+/// blocks.
+enum class BlocksToSave { All, UsedOnly };
+
+/// The encoder's request for `drawing`, one line of ASCII with its line break. encoder.mjs and drawing.mjs
+/// say what it holds. Numbers are in shortest round-trip form. Ellipses have their longer axis first and
+/// notes an effective height.
+QByteArray encoderRequest(quint64 id, const Drawing &drawing, DrawingFormat format, BlocksToSave blocks);
+
+} // namespace refhost

@@ -1,0 +1,222 @@
+// The node child process that turns drawings into DWG or DXF bytes.
+
+#include "export/EncoderProcess.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include <limits>
+
+namespace refhost {
+
+namespace {
+
+QString nodeProgram()
+{
+    return qEnvironmentVariable("KORVANE_NODE", QStringLiteral("node"));
+}
+
+QString encoderScript()
+{
+    if (qEnvironmentVariableIsSet("KORVANE_ENCODER"))
+        return qEnvironmentVariable("KORVANE_ENCODER");
+    QString installed = QCoreApplication::applicationDirPath() + QStringLiteral("/encoder/encoder.mjs");
+    if (QFileInfo::exists(installed))
+        return installed;
+    return QStringLiteral(KORVANE_ENCODER_DIR "/encoder.mjs");
+}
+
+/// Half a minute for a slow start and thirty times what encoding takes.
+QDeadlineTimer deadlineFor(qint64 requestSize)
+{
+    constexpr qint64 startMilliseconds = 30'000;
+    constexpr qint64 bytesPerMillisecond = 128;
+    return QDeadlineTimer(startMilliseconds + requestSize / bytesPerMillisecond);
+}
+
+QString couldNotStart(const QString &reason)
+{
+    return QStringLiteral("the DWG encoder (node) could not be started: %1").arg(reason);
+}
+
+/// The line of node's report that says what happened; the rest is a stack trace.
+QString essence(const QByteArray &messages)
+{
+    for (const QByteArray &line : messages.split('\n')) {
+        if (line.contains("Error"))
+            return QString::fromUtf8(line).trimmed();
+    }
+    return QString();
+}
+
+} // namespace
+
+EncoderProcess::EncoderProcess() = default;
+
+EncoderProcess::~EncoderProcess()
+{
+    stop();
+}
+
+void EncoderProcess::prepare()
+{
+    if (!isRunning())
+        start(nullptr);
+}
+
+EncoderProcess::Ticket EncoderProcess::submit(const Drawing &drawing, DrawingFormat format,
+                                              BlocksToSave blocks)
+{
+    const Ticket ticket = ++m_lastTicket;
+    readAnswers(); // notices a process that has died since
+    QString error;
+    if (!isRunning() && !start(&error)) {
+        m_results.insert(ticket, {{}, error});
+        return ticket;
+    }
+
+    const QByteArray request = encoderRequest(ticket, drawing, format, blocks);
+    m_jobs.push_back({ticket, request.size()});
+    m_process->write(request);
+    // An idle process takes even a long request at once, so that it works while the caller reads the next
+    // file. A busy one gets the rest while somebody waits for an answer.
+    constexpr int busyAfterMilliseconds = 20;
+    while (m_process->bytesToWrite() > 0 && m_process->waitForBytesWritten(busyAfterMilliseconds))
+        continue;
+    return ticket;
+}
+
+EncodedDrawing EncoderProcess::take(Ticket ticket)
+{
+    qint64 outstanding = 0;
+    for (const Job &job : m_jobs)
+        outstanding += job.size;
+    const QDeadlineTimer deadline = deadlineFor(outstanding);
+
+    readAnswers();
+    while (!m_results.contains(ticket) && !m_jobs.empty()) {
+        const bool ready = m_process->waitForReadyRead(static_cast<int>(deadline.remainingTime()));
+        if (!ready && deadline.hasExpired()) {
+            stop();
+            failAll(QStringLiteral("the DWG encoder (node) did not answer in time"));
+        }
+        readAnswers();
+    }
+    if (!m_results.contains(ticket))
+        return {{}, QStringLiteral("there is no such drawing")};
+    return m_results.take(ticket);
+}
+
+qint64 EncoderProcess::processId() const
+{
+    return isRunning() ? m_process->processId() : 0;
+}
+
+bool EncoderProcess::start(QString *error)
+{
+    const QString script = encoderScript();
+    QString reason = QStringLiteral("%1 is missing").arg(script);
+    if (QFileInfo::exists(script)) {
+        m_incoming = -1;
+        m_messages.clear();
+        m_process = std::make_unique<QProcess>();
+        // Room for short-lived objects: large drawings take a tenth less time with it.
+        m_process->start(nodeProgram(), {QStringLiteral("--max-semi-space-size=64"), script});
+        if (m_process->waitForStarted())
+            return true;
+        reason = QStringLiteral("%1: %2").arg(nodeProgram(), m_process->errorString());
+        m_process.reset();
+    }
+    if (error)
+        *error = couldNotStart(reason);
+    return false;
+}
+
+bool EncoderProcess::isRunning() const
+{
+    return m_process && m_process->state() == QProcess::Running;
+}
+
+/// Takes in everything that has arrived. When the process has died, what was under way fails.
+void EncoderProcess::readAnswers()
+{
+    if (!m_process)
+        return;
+    m_process->waitForReadyRead(0);
+    while (!m_jobs.empty() && readAnswer())
+        continue;
+    if (!m_process)
+        return;
+    m_messages += m_process->readAllStandardError();
+    if (isRunning())
+        return;
+    failAll(unexpectedStop());
+    m_process.reset();
+}
+
+/// Takes in one answer, or the first half of one. False when there is nothing more to read.
+bool EncoderProcess::readAnswer()
+{
+    if (m_incoming >= 0) {
+        if (m_process->bytesAvailable() < m_incoming)
+            return false;
+        finishFirst({m_process->read(std::exchange(m_incoming, -1)), {}});
+        return true;
+    }
+
+    if (!m_process->canReadLine())
+        return false;
+    const QJsonObject header = QJsonDocument::fromJson(m_process->readLine()).object();
+    const double size = header.value(QLatin1String("size")).toDouble(-1.0);
+    if (header.value(QLatin1String("ok")).toBool() && size > 0 && size <= std::numeric_limits<int>::max()) {
+        m_incoming = static_cast<qint64>(size);
+        return true;
+    }
+    const QString error = header.value(QLatin1String("error")).toString();
+    if (!error.isEmpty()) {
+        finishFirst({{}, QStringLiteral("the drawing cannot be encoded: %1").arg(error)});
+        return true;
+    }
+    stop();
+    failAll(QStringLiteral("the DWG encoder (node) gave an answer that makes no sense"));
+    return false;
+}
+
+void EncoderProcess::finishFirst(const EncodedDrawing &result)
+{
+    m_results.insert(m_jobs.front().ticket, result);
+    m_jobs.pop_front();
+}
+
+void EncoderProcess::failAll(const QString &error)
+{
+    while (!m_jobs.empty())
+        finishFirst({{}, error});
+}
+
+QString EncoderProcess::unexpectedStop() const
+{
+    const QString reason = essence(m_messages);
+    const QString stopped = QStringLiteral("the DWG encoder (node) stopped unexpectedly");
+    return reason.isEmpty() ? stopped : QStringLiteral("%1: %2").arg(stopped, reason);
+}
+
+/// Ends the process: politely when it has nothing to do, at once when it has.
+void EncoderProcess::stop()
+{
+    if (!m_process)
+        return;
+    constexpr int politeMilliseconds = 2'000;
+    m_process->closeWriteChannel();
+    if (!m_jobs.empty() || !m_process->waitForFinished(politeMilliseconds)) {
+        m_process->kill();
+        m_process->waitForFinished();
+    }
+    m_process.reset();
+}
+
+} // namespace refhost

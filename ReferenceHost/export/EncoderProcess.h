@@ -1,0 +1,73 @@
+// The node child process that turns drawings into DWG or DXF bytes.
+
+#pragma once
+
+#include "export/DrawingWriter.h"
+
+#include <QHash>
+#include <QString>
+
+#include <deque>
+#include <memory>
+
+class QProcess;
+
+namespace refhost {
+
+/// The bytes of a drawing file, or what went wrong; exactly one of the two is empty.
+struct EncodedDrawing {
+    QByteArray bytes;
+    QString error;
+};
+
+/// Owns one child process, which is started when it is first needed and serves all drawings. Needs a
+/// QCoreApplication but no running event loop; all calls come from one thread.
+///
+/// The environment variable KORVANE_NODE names the node program (otherwise the one in PATH), KORVANE_ENCODER
+/// the script (otherwise encoder/encoder.mjs beside the program, or the one in the source folder).
+class EncoderProcess {
+public:
+    using Ticket = quint64;
+
+    EncoderProcess();
+    ~EncoderProcess();
+    Q_DISABLE_COPY(EncoderProcess)
+
+    /// Starts the child process if it does not run yet, so that it is ready when the first drawing is.
+    void prepare();
+
+    /// Hands `drawing` over and returns without waiting for the result. Drawings are encoded in the order
+    /// given; any number may be under way. After the process has died, this starts a new one.
+    Ticket submit(const Drawing &drawing, DrawingFormat format, BlocksToSave blocks = BlocksToSave::All);
+
+    /// Waits for the drawing submitted as `ticket`. Every ticket can be taken once. The wait ends with an
+    /// error when the process dies or takes far longer than the size of the drawings explains.
+    EncodedDrawing take(Ticket ticket);
+
+    /// The child process, or 0 while none runs.
+    qint64 processId() const;
+
+private:
+    struct Job {
+        Ticket ticket = 0;
+        qint64 size = 0; // of the request
+    };
+
+    bool start(QString *error);
+    bool isRunning() const;
+    void readAnswers();
+    bool readAnswer();
+    void finishFirst(const EncodedDrawing &result);
+    void failAll(const QString &error);
+    QString unexpectedStop() const;
+    void stop();
+
+    std::unique_ptr<QProcess> m_process;
+    std::deque<Job> m_jobs; // the first one is being encoded
+    QHash<Ticket, EncodedDrawing> m_results;
+    qint64 m_incoming = -1; // size of the drawing that is arriving; -1 before its header line
+    QByteArray m_messages;  // what the child said on its standard error output
+    Ticket m_lastTicket = 0;
+};
+
+} // namespace refhost
