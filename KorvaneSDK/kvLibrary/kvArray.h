@@ -14,7 +14,13 @@ template <class T>
 class kvArray {
 public:
     /// Appends `value`.
-    void add(const T &value) { m_values.push_back(value); }
+    void add(const T &value)
+    {
+        // Most arrays hold the few coordinates of one shape: one allocation serves them.
+        if (m_values.capacity() == 0)
+            m_values.reserve(firstCapacity);
+        m_values.push_back(value);
+    }
 
     /// How many values the array holds.
     int getSize() const { return static_cast<int>(m_values.size()); }
@@ -27,6 +33,8 @@ public:
     const T &operator[](int index) const { return m_values[static_cast<std::size_t>(index)]; }
 
 private:
+    static constexpr std::size_t firstCapacity = 8;
+
     std::vector<T> m_values;
 };
 

@@ -62,8 +62,8 @@ kvResult BlockInstanceHandle::Explode()
 
 const EntityRef *entityBehind(const HandleRegister &handles, const kvBaseObject_c *object)
 {
-    const auto *handle = dynamic_cast<const EntityHandleBase *>(handles.find(object));
-    return handle ? &handle->entity() : nullptr;
+    const HandleBase *handle = handles.find(object);
+    return handle ? handle->entity() : nullptr;
 }
 
 } // namespace refhost

@@ -31,19 +31,12 @@ inline ObjectNumber *objectNumberOf(const EntityRef &entity)
 /// The entity behind a pointer that came from an add-in; null when it is no living entity handle.
 const EntityRef *entityBehind(const HandleRegister &handles, const kvBaseObject_c *object);
 
-/// What all entity handles share, so that their entity can be found without knowing their kind.
-class EntityHandleBase {
-public:
-    virtual ~EntityHandleBase() = default;
-    virtual const EntityRef &entity() const = 0;
-};
-
 template <class Derived, class Interface>
-class EntityHandle : public HostHandle<Derived, Interface, EntityRef>, public EntityHandleBase {
+class EntityHandle : public HostHandle<Derived, Interface, EntityRef> {
 public:
     using HostHandle<Derived, Interface, EntityRef>::HostHandle;
 
-    const EntityRef &entity() const override { return this->state(); }
+    const EntityRef *entity() const override { return &this->state(); }
 };
 
 class LineHandle final : public EntityHandle<LineHandle, kvLine_c> {

@@ -11,6 +11,8 @@
 
 namespace refhost {
 
+struct EntityRef;
+
 /// Which object of its type this is, as the journal counts them.
 struct ObjectNumber {
     int journal = 0; ///< the journal that gave the number; 0 for none yet
@@ -27,6 +29,9 @@ public:
 
     /// Where the number of the object is kept; null for a type of which there is only one.
     virtual ObjectNumber *objectNumber() const = 0;
+
+    /// The entity it names; null when the handle is of another kind.
+    virtual const EntityRef *entity() const { return nullptr; }
 };
 
 class HandleRegister {

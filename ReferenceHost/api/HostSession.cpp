@@ -12,7 +12,8 @@ namespace refhost {
 
 HostSession::HostSession()
 {
-    m_application = new ApplicationHandle(*this, {}, Parent::Host); // here, since the register is the last member
+    m_application =
+        new ApplicationHandle(*this, {}, Parent::Host); // here, since the register is the last member
     addHostCommands();
 }
 

@@ -9,28 +9,27 @@ namespace refhost {
 
 EntityId Drawing::add(Entity entity)
 {
-    const EntityId id = ++m_lastId;
-    m_entities.emplace(id, StoredEntity{std::move(entity), true});
+    m_entities.push_back({std::move(entity), Place::ModelSpace});
+    const EntityId id = m_entities.size();
     m_modelSpace.push_back(id);
     return id;
 }
 
 Entity *Drawing::find(EntityId id)
 {
-    const auto found = m_entities.find(id);
-    return found == m_entities.end() ? nullptr : &found->second.entity;
+    return const_cast<Entity *>(std::as_const(*this).find(id));
 }
 
 const Entity *Drawing::find(EntityId id) const
 {
-    const auto found = m_entities.find(id);
-    return found == m_entities.end() ? nullptr : &found->second.entity;
+    const StoredEntity *found = stored(id);
+    return found && found->place != Place::Erased ? &found->entity : nullptr;
 }
 
 bool Drawing::isInModelSpace(EntityId id) const
 {
-    const auto found = m_entities.find(id);
-    return found != m_entities.end() && found->second.inModelSpace;
+    const StoredEntity *found = stored(id);
+    return found && found->place == Place::ModelSpace;
 }
 
 std::vector<EntityId> Drawing::modelSpace() const
@@ -46,7 +45,7 @@ void Drawing::erase(EntityId id)
 {
     if (!isInModelSpace(id))
         return;
-    m_entities.erase(id);
+    m_entities[id - 1] = {Line(), Place::Erased};
     removeFromModelSpace();
 }
 
@@ -61,7 +60,7 @@ bool Drawing::createBlock(const QString &name, const Point &base, const std::vec
     for (const EntityId id : entities) {
         if (!isInModelSpace(id))
             continue;
-        m_entities[id].inModelSpace = false;
+        m_entities[id - 1].place = Place::Block;
         definition.entities.push_back(id);
         removeFromModelSpace();
     }
@@ -100,6 +99,11 @@ std::vector<const BlockDefinition *> Drawing::usedBlocks() const
             definitions.push_back(&m_blocks[i]);
     }
     return definitions;
+}
+
+const Drawing::StoredEntity *Drawing::stored(EntityId id) const
+{
+    return id > 0 && id <= m_entities.size() ? &m_entities[id - 1] : nullptr;
 }
 
 void Drawing::removeFromModelSpace()

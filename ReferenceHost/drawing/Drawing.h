@@ -8,7 +8,7 @@
 #include <QString>
 
 #include <cstdint>
-#include <unordered_map>
+#include <deque>
 #include <vector>
 
 namespace refhost {
@@ -56,19 +56,23 @@ public:
     std::vector<const BlockDefinition *> usedBlocks() const;
 
 private:
+    enum class Place { ModelSpace, Block, Erased };
+
     struct StoredEntity {
         Entity entity;
-        bool inModelSpace = true;
+        Place place = Place::ModelSpace;
     };
+
+    const StoredEntity *stored(EntityId id) const;
 
     void removeFromModelSpace();
 
-    std::unordered_map<EntityId, StoredEntity> m_entities;
+    // By id less one. An erased entity leaves an empty place: few are, since blocks keep theirs.
+    std::deque<StoredEntity> m_entities;
     std::vector<EntityId> m_modelSpace; // may name entities that have left; they are skipped
     std::size_t m_left = 0;
     std::vector<BlockDefinition> m_blocks;
     QHash<QString, std::size_t> m_blockIndex; // by lower-case name
-    EntityId m_lastId = 0;
 };
 
 } // namespace refhost

@@ -30,9 +30,11 @@ Point difference(const Point &p, const Point &q)
 std::vector<Point> slopes(const std::vector<Point> &p)
 {
     const std::size_t last = p.size() - 1;
+    if (last == 1) // one straight cubic
+        return {difference(p[1], p[0]), difference(p[1], p[0])};
+
     std::vector<double> upper(p.size());
     std::vector<Point> m(p.size());
-
     upper[0] = 0.5;
     m[0] = scaled(difference(p[1], p[0]), 3.0 * 0.5);
     for (std::size_t i = 1; i <= last; ++i) {
