@@ -10,6 +10,11 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
 using namespace refhost;
 
 Q_DECLARE_METATYPE(refhost::Entity)
@@ -108,6 +113,7 @@ private slots:
     void encoderThatCannotServe();
     void killedProcessIsReplaced();
     void failedSaveLeavesTheEarlierFile();
+    void diskThatFillsUpMidway();
     void unwritablePlace_data();
     void unwritablePlace();
 
@@ -320,6 +326,29 @@ void tst_Export::failedSaveLeavesTheEarlierFile()
     QVERIFY(!writeDrawingFile(fileName, encoder.take(underWay)).isEmpty());
     QCOMPARE(contents(fileName), before);
     QCOMPARE(QDir(m_folder.path()).entryList({"kept*"}), QStringList("kept.dwg"));
+}
+
+void tst_Export::diskThatFillsUpMidway()
+{
+#ifdef Q_OS_UNIX
+    const QString fileName = filePath("full.dwg");
+    QCOMPARE(writeDrawingFile(fileName, {"an earlier drawing", {}}), QString());
+
+    // A limit on the size of files cuts a write short the way a full disk does.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before;
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit limited = {50'000, before.rlim_max};
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &limited), 0);
+    const QString error = writeDrawingFile(fileName, {QByteArray(100'000, 'x'), {}});
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
+
+    QCOMPARE(error, QString("the disk is full"));
+    QCOMPARE(contents(fileName), QByteArray("an earlier drawing"));
+    QCOMPARE(QDir(m_folder.path()).entryList({"full*"}), QStringList("full.dwg"));
+#else
+    QSKIP("needs a limit on the size of files");
+#endif
 }
 
 void tst_Export::unwritablePlace_data()

@@ -27,7 +27,11 @@ QString writeDrawingFile(const QString &fileName, const EncodedDrawing &drawing)
     QSaveFile file(fileName);
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();
-    file.write(drawing.bytes);
+    // A disk that fills up midway takes a part and reports no error.
+    if (file.write(drawing.bytes) != drawing.bytes.size()) {
+        file.cancelWriting();
+        return QStringLiteral("the disk is full");
+    }
     return file.commit() ? QString() : file.errorString();
 }
 
