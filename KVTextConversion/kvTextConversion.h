@@ -15,5 +15,6 @@ inline kvString toKvString(const QString &text)
 /// `text` as a Qt string, read up to its terminating zero.
 inline QString toQString(const kvString &text)
 {
-    return QString::fromUtf16(text.getUtf16());
+    // QString::fromUtf16 would take a leading U+FEFF or U+FFFE for a byte order mark.
+    return QString(reinterpret_cast<const QChar *>(text.getUtf16()));
 }

@@ -7,11 +7,17 @@
 namespace {
 
 constexpr std::uint32_t firstBeyondBmp = 0x10000;
+constexpr std::uint32_t lastCharacter = 0x10FFFF;
+constexpr char16_t replacementCharacter = 0xFFFD;
 
 void appendCharacter(std::u16string &text, std::uint32_t character)
 {
     if (character < firstBeyondBmp) {
         text.push_back(static_cast<char16_t>(character));
+        return;
+    }
+    if (character > lastCharacter) {
+        text.push_back(replacementCharacter);
         return;
     }
     const std::uint32_t offset = character - firstBeyondBmp;

@@ -12,7 +12,8 @@ public:
     kvString() = default;
 
     /// Takes the zero-terminated wide text `text`; a null pointer gives the empty text. Where wide characters
-    /// have 32 bits, a character beyond the first plane becomes a surrogate pair.
+    /// have 32 bits, a character beyond the first plane becomes a surrogate pair
+    /// and a number that is no character U+FFFD.
     kvString(const wchar_t *text);
 
     /// The text as zero-terminated UTF-16; valid until this string changes or goes away.
