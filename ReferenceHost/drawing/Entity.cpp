@@ -14,24 +14,19 @@ bool finite(double number)
     return std::isfinite(number);
 }
 
-bool finite(const Point &point)
-{
-    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
-}
-
 bool finite(const Line &line)
 {
-    return finite(line.start) && finite(line.end);
+    return isFinite(line.start) && isFinite(line.end);
 }
 
 bool finite(const Circle &circle)
 {
-    return finite(circle.center) && finite(circle.radius);
+    return isFinite(circle.center) && finite(circle.radius);
 }
 
 bool finite(const Ellipse &ellipse)
 {
-    return finite(ellipse.center) && finite(planarLength(ellipse.axis)) && finite(ellipse.otherRadius);
+    return isFinite(ellipse.center) && finite(planarLength(ellipse.axis)) && finite(ellipse.otherRadius);
 }
 
 bool finite(const Polyline &polyline)
@@ -43,18 +38,17 @@ bool finite(const Polyline &polyline)
 bool finite(const Spline &spline)
 {
     return std::all_of(spline.controlPoints.begin(), spline.controlPoints.end(),
-                       [](const Point &point) { return finite(point); });
+                       [](const Point &point) { return isFinite(point); });
 }
 
 bool finite(const Note &note)
 {
-    return finite(note.position) && finite(note.height) && finite(note.rotation);
+    return isFinite(note.position) && finite(note.height) && finite(note.rotation);
 }
 
 bool finite(const BlockInstance &instance)
 {
-    const Placement &placement = instance.placement;
-    return finite(placement.position) && finite(placement.scale) && finite(placement.rotation);
+    return isFinite(instance.placement);
 }
 
 } // namespace
@@ -69,8 +63,8 @@ Ellipse normalised(const Ellipse &ellipse)
     const double axisLength = planarLength(ellipse.axis);
     if (axisLength <= 0.0 || ellipse.otherRadius <= axisLength)
         return ellipse;
-    const double factor = ellipse.otherRadius / axisLength;
-    return {ellipse.center, {-ellipse.axis.y * factor, ellipse.axis.x * factor, 0.0}, axisLength};
+    const Point other = {-ellipse.axis.y, ellipse.axis.x, 0.0};
+    return {ellipse.center, withLength(other, ellipse.otherRadius), axisLength};
 }
 
 } // namespace refhost

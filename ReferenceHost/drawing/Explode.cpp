@@ -56,9 +56,7 @@ Entity mapped(const Circle &circle, const Affine &map)
 
 Entity mapped(const Ellipse &ellipse, const Affine &map)
 {
-    const double axisLength = planarLength(ellipse.axis);
-    const double factor = axisLength > 0.0 ? ellipse.otherRadius / axisLength : 0.0;
-    const Point other = {-ellipse.axis.y * factor, ellipse.axis.x * factor, 0.0};
+    const Point other = withLength({-ellipse.axis.y, ellipse.axis.x, 0.0}, ellipse.otherRadius);
     return ellipseFromConjugateRadii(map.mapPoint(ellipse.center), map.mapVector(ellipse.axis),
                                      map.mapVector(other));
 }
@@ -149,7 +147,7 @@ bool explode(Drawing &drawing, EntityId id)
 
     std::vector<Entity> copies =
         explodedEntities(drawing, *block, Affine::fromPlacement(instance->placement, block->base));
-    if (!std::all_of(copies.begin(), copies.end(), isFinite))
+    if (!std::all_of(copies.begin(), copies.end(), [](const Entity &copy) { return isFinite(copy); }))
         return false;
     drawing.erase(id);
     for (Entity &copy : copies)

@@ -55,4 +55,21 @@ double planarLength(const Point &vector)
     return std::hypot(vector.x, vector.y);
 }
 
+Point withLength(const Point &vector, double length)
+{
+    // Divided first: the quotient of two lengths may be too large for a number.
+    const double present = planarLength(vector);
+    return {vector.x / present * length, vector.y / present * length, 0.0};
+}
+
+bool isFinite(const Point &point)
+{
+    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+}
+
+bool isFinite(const Placement &placement)
+{
+    return isFinite(placement.position) && isFinite(placement.scale) && std::isfinite(placement.rotation);
+}
+
 } // namespace refhost

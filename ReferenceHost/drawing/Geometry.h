@@ -44,4 +44,10 @@ Affine combined(const Affine &first, const Affine &second);
 /// The length of `vector` in the drawing plane.
 double planarLength(const Point &vector);
 
+/// The vector of the drawing plane in the direction of `vector`, which must have one, and `length` long.
+Point withLength(const Point &vector, double length);
+
+bool isFinite(const Point &point);
+bool isFinite(const Placement &placement);
+
 } // namespace refhost
