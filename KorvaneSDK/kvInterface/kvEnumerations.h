@@ -2,7 +2,8 @@
 
 #pragma once
 
-/// What every host call returns. A call that fails leaves its out-parameters untouched.
+/// What every host call returns. A call that fails leaves its out-parameters untouched; only one that tells
+/// why it failed (an ..._e or a yes-or-no result) may fill that in.
 enum kvResult : int {
     kvResult_Success = 0,
     kvResult_Failed = 1,   ///< refused: a bad argument, or nothing to act on

@@ -35,7 +35,9 @@ kvResult ApplicationHandle::CreateCommand(const kvString &appId, const kvString 
         *error = added ? kvCreateCommand_Succeeded : kvCreateCommand_CommandNameExisted;
         if (!added)
             return kvResult_Failed;
-        *command = new CommandHandle(session(), added, Parent::Host);
+        auto *handle = new CommandHandle(session(), added, Parent::Host);
+        session().journal().objectCreated(*handle);
+        *command = handle;
         session().notifyUserInterfaceChanged();
         return kvResult_Success;
     };
@@ -57,7 +59,7 @@ kvResult ApplicationHandle::CreateUserCommand(const kvString &appId, const kvStr
                                                                         toQString(smallIcon),
                                                                         toQString(largeIcon)});
         *error = added ? kvCreateCommand_Succeeded : kvCreateCommand_CommandNameExisted;
-        return added ? handOut<UserCommandHandle>(userCommand, added) : kvResult_Failed;
+        return added ? handOutNew<UserCommandHandle>(userCommand, added) : kvResult_Failed;
     };
     return call("kvApplication_c::CreateUserCommand", body, appId, name, commandLine, description, smallIcon,
                 largeIcon, static_cast<int>(uiState));
@@ -218,7 +220,7 @@ kvResult CommandHandle::RegisterEvent(kvCommandEvent_id_e event, void *data, voi
         state()->execute = [execute, data] { return execute(data); };
         return kvResult_Success;
     };
-    return call("kvCommand_c::RegisterEvent", body, static_cast<int>(event));
+    return call("kvCommand_c::RegisterEvent", body, static_cast<int>(event), data, callback);
 }
 
 kvResult UserCommandHandle::GetID(kvString *id)
@@ -239,6 +241,8 @@ kvResult CommandMessageHandle::PromptForBlockInsertion2(const kvString &blockNam
 {
     const auto body = [&] {
         const Placement offered = {{x, y, z}, {scaleX, scaleY, scaleZ}, rotation};
+        if (!isFinite(offered))
+            return kvResult_Failed;
         const InsertionPrompt prompt = {toQString(blockName), offered, positionOnScreen, scaleOnScreen,
                                         rotationOnScreen};
         const auto &ask = session().services.promptForInsertion;

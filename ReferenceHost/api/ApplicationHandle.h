@@ -17,6 +17,11 @@ inline ObjectNumber *objectNumberOf(const CommandPtr &command)
     return &command->number;
 }
 
+inline ObjectNumber *objectNumberOf(const UserCommandPtr &command)
+{
+    return &command->number;
+}
+
 class CommandHandle final : public HostHandle<CommandHandle, kvCommand_c, CommandPtr> {
 public:
     static constexpr const char *type = "kvCommand_c";

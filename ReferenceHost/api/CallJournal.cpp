@@ -46,10 +46,21 @@ void CallJournal::end()
     m_sink = nullptr;
 }
 
+void CallJournal::objectCreated(const char *type, ObjectNumber &number)
+{
+    if (isOn())
+        count(type, number);
+}
+
 void CallJournal::objectCreated(const HandleBase &handle)
 {
     if (isOn() && handle.objectNumber())
-        objectName(handle);
+        count(handle.typeName(), *handle.objectNumber());
+}
+
+QByteArray CallJournal::on(const HandleBase &handle) const
+{
+    return isOn() && handle.objectNumber() ? objectName(handle) : QByteArray();
 }
 
 void CallJournal::append(QByteArray &list, double number) const
@@ -91,34 +102,46 @@ void CallJournal::append(QByteArray &list, const kvLongArray &numbers) const
 
 void CallJournal::append(QByteArray &list, const kvObjectPtrArray &objects) const
 {
-    appendItem(list, jsonArray(objects, [this](const kvBaseObject_c *object) {
-                   const HandleBase *handle = m_handles.find(object);
-                   return handle ? objectName(*handle) : QByteArray("null");
-               }));
+    appendItem(list, jsonArray(objects, [this](const kvBaseObject_c *object) { return objectName(object); }));
 }
 
-void CallJournal::writeLine(const char *method, const HandleBase *on, const QByteArray &arguments,
+void CallJournal::append(QByteArray &list, const void *pointer) const
+{
+    appendItem(list, objectName(static_cast<const kvBaseObject_c *>(pointer)));
+}
+
+void CallJournal::writeLine(const char *method, const QByteArray &on, const QByteArray &arguments,
                             kvResult result)
 {
     QByteArray line = R"({"call":")";
     line += method;
     line += '"';
-    if (on && on->objectNumber())
-        line += R"(,"on":)" + objectName(*on);
+    if (!on.isEmpty())
+        line += R"(,"on":)" + on;
     line +=
         R"(,"args":[)" + arguments + R"(],"result":)" + QByteArray::number(static_cast<int>(result)) + '}';
     m_sink(line);
 }
 
+QByteArray CallJournal::objectName(const kvBaseObject_c *object) const
+{
+    const HandleBase *handle = m_handles.find(object);
+    return handle ? objectName(*handle) : QByteArray("null");
+}
+
 QByteArray CallJournal::objectName(const HandleBase &handle) const
 {
-    const QByteArray type = handle.typeName();
     ObjectNumber *number = handle.objectNumber();
     if (!number)
-        return '"' + type + '"';
-    if (number->journal != m_journal)
-        *number = {m_journal, ++m_counts[type]};
-    return '"' + type + '#' + QByteArray::number(number->number) + '"';
+        return QByteArray("\"") + handle.typeName() + '"';
+    count(handle.typeName(), *number);
+    return QByteArray("\"") + number->type + '#' + QByteArray::number(number->number) + '"';
+}
+
+void CallJournal::count(const char *type, ObjectNumber &number) const
+{
+    if (number.journal != m_journal)
+        number = {m_journal, ++m_counts[type], type};
 }
 
 QByteArray jsonNumber(double number)

@@ -29,13 +29,17 @@ public:
     void end();
     bool isOn() const { return static_cast<bool>(m_sink); }
 
-    /// Counts an object that a call has just created.
+    /// Counts an object of the API type `type` that has just been created.
+    void objectCreated(const char *type, ObjectNumber &number);
     void objectCreated(const HandleBase &handle);
 
-    /// Writes the line of one call: its name, the object it was made on (left out where there is only one of
-    /// its kind), its input arguments and its result.
+    /// What a call made on `handle` puts as "on"; empty where there is only one object of its type.
+    QByteArray on(const HandleBase &handle) const;
+
+    /// Writes the line of one call: its name, what on() said of its handle before the call, its input
+    /// arguments and its result.
     template <class... Arguments>
-    void record(const char *method, const HandleBase *on, kvResult result, const Arguments &...arguments)
+    void record(const char *method, const QByteArray &on, kvResult result, const Arguments &...arguments)
     {
         if (!isOn())
             return;
@@ -53,10 +57,13 @@ private:
     void append(QByteArray &list, const kvDoubleArray &numbers) const;
     void append(QByteArray &list, const kvLongArray &numbers) const;
     void append(QByteArray &list, const kvObjectPtrArray &objects) const;
-    void writeLine(const char *method, const HandleBase *on, const QByteArray &arguments, kvResult result);
+    void append(QByteArray &list, const void *pointer) const;
+    void writeLine(const char *method, const QByteArray &on, const QByteArray &arguments, kvResult result);
 
-    /// The name of an object, "kvLine_c#3" in quotes.
+    /// The name of an object, "kvLine_c#3" in quotes; null for a pointer that is no host object.
+    QByteArray objectName(const kvBaseObject_c *object) const;
     QByteArray objectName(const HandleBase &handle) const;
+    void count(const char *type, ObjectNumber &number) const;
 
     const HandleRegister &m_handles;
     Sink m_sink;

@@ -29,6 +29,7 @@ struct UserCommand {
     QString description;
     QString smallIcon;
     QString largeIcon;
+    ObjectNumber number = {};
 };
 
 using CommandPtr = std::shared_ptr<Command>;

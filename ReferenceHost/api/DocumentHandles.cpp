@@ -7,8 +7,6 @@
 
 #include "kvTextConversion.h"
 
-#include <cmath>
-
 namespace refhost {
 
 kvResult DocumentHandle::CreateBlockDefinition(const kvString &name, const kvString &description, double x,
@@ -18,16 +16,13 @@ kvResult DocumentHandle::CreateBlockDefinition(const kvString &name, const kvStr
                                                kvBlockDefinition_c **definition)
 {
     const auto body = [&] {
-        const bool finite = std::isfinite(x) && std::isfinite(y) && std::isfinite(z);
-        if (!finite || mode != kvBlockDefinitionEntities_Move)
+        const Point base = {x, y, z};
+        if (!isFinite(base) || mode != kvBlockDefinitionEntities_Move)
             return kvResult_Failed;
         const QString blockName = toQString(name);
-        if (!state()->drawing.createBlock(blockName, {x, y, z}, ownEntities(entities)))
+        if (!state()->drawing.createBlock(blockName, base, ownEntities(entities)))
             return kvResult_Failed;
-        auto *handle = new BlockDefinitionHandle(session(), {blockName, {}});
-        session().journal().objectCreated(*handle);
-        *definition = handle;
-        return kvResult_Success;
+        return handOutNew<BlockDefinitionHandle>(definition, BlockDefinitionRef{blockName});
     };
     return call("kvDocument_c::CreateBlockDefinition", body, name, description, x, y, z, types, entities,
                 static_cast<int>(mode));

@@ -16,12 +16,12 @@ inline ObjectNumber *objectNumberOf(const HostDocumentPtr &document)
 
 struct BlockDefinitionRef {
     QString name;
-    mutable ObjectNumber number;
+    std::shared_ptr<ObjectNumber> number = std::make_shared<ObjectNumber>(); // one for all handles of it
 };
 
 inline ObjectNumber *objectNumberOf(const BlockDefinitionRef &definition)
 {
-    return &definition.number;
+    return definition.number.get();
 }
 
 class BlockDefinitionHandle final

@@ -12,9 +12,10 @@ kvResult EllipseHandle::SetCenter(double x, double y, double z)
 {
     const auto body = [&] {
         auto *ellipse = state().find<Ellipse>();
-        if (!ellipse || !std::isfinite(x) || !std::isfinite(y) || !std::isfinite(z))
+        const Point center = {x, y, z};
+        if (!ellipse || !isFinite(center))
             return kvResult_Failed;
-        ellipse->center = {x, y, z};
+        ellipse->center = center;
         return kvResult_Success;
     };
     return call("kvEllipseArc_c::SetCenter", body, x, y, z);
@@ -26,8 +27,7 @@ kvResult EllipseHandle::put_MajorRadius(double radius)
         auto *ellipse = state().find<Ellipse>();
         if (!ellipse || !std::isfinite(radius) || radius == 0.0)
             return kvResult_Failed;
-        const double factor = std::abs(radius) / planarLength(ellipse->axis);
-        ellipse->axis = {ellipse->axis.x * factor, ellipse->axis.y * factor, 0.0};
+        ellipse->axis = withLength(ellipse->axis, std::abs(radius));
         return kvResult_Success;
     };
     return call("kvEllipseArc_c::put_MajorRadius", body, radius);
@@ -38,10 +38,10 @@ kvResult SplineHandle::SetControlPointCoordinate(int index, double x, double y, 
     const auto body = [&] {
         auto *spline = state().find<Spline>();
         const auto position = static_cast<std::size_t>(index);
-        if (!spline || index < 0 || position >= spline->controlPoints.size() || !std::isfinite(x)
-            || !std::isfinite(y) || !std::isfinite(z))
+        const Point point = {x, y, z};
+        if (!spline || index < 0 || position >= spline->controlPoints.size() || !isFinite(point))
             return kvResult_Failed;
-        spline->controlPoints[position] = {x, y, z};
+        spline->controlPoints[position] = point;
         *done = true;
         return kvResult_Success;
     };

@@ -12,7 +12,7 @@ namespace refhost {
 struct EntityRef {
     std::weak_ptr<HostDocument> document;
     EntityId id = 0;
-    mutable ObjectNumber number;
+    std::shared_ptr<EntityNumbers> numbers;
 
     /// The entity as `Kind`, or null when it has left the drawing.
     template <class Kind>
@@ -25,7 +25,7 @@ struct EntityRef {
 
 inline ObjectNumber *objectNumberOf(const EntityRef &entity)
 {
-    return &entity.number;
+    return &(*entity.numbers)[entity.id];
 }
 
 /// The entity behind a pointer that came from an add-in; null when it is no living entity handle.

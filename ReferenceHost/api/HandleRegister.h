@@ -17,6 +17,7 @@ struct EntityRef;
 struct ObjectNumber {
     int journal = 0; ///< the journal that gave the number; 0 for none yet
     int number = 0;
+    const char *type = nullptr; ///< the type it was counted under; a base type's handle may name it, too
 };
 
 /// What the host wants to know of a handle of its own.

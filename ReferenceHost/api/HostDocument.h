@@ -8,9 +8,14 @@
 #include <QString>
 
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 namespace refhost {
+
+/// The journal's numbers of a drawing's entities, shared by all handles of an entity; they outlive the
+/// drawing.
+using EntityNumbers = std::unordered_map<EntityId, ObjectNumber>;
 
 struct HostDocument {
     Drawing drawing;
@@ -18,6 +23,7 @@ struct HostDocument {
     QString fileName; ///< full path; empty until the drawing was saved
     std::vector<EntityId> selection;
     ObjectNumber number;
+    std::shared_ptr<EntityNumbers> entityNumbers = std::make_shared<EntityNumbers>();
 
     void selectAll();
     void eraseSelection();

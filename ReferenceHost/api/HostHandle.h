@@ -5,6 +5,8 @@
 
 #include "api/HostSession.h"
 
+#include <cstddef>
+#include <new>
 #include <utility>
 
 namespace refhost {
@@ -37,6 +39,7 @@ public:
     HostHandle(const HostHandle &) = delete;
     HostHandle &operator=(const HostHandle &) = delete;
 
+    static void *operator new(std::size_t size) { return ::operator new(size); }
     static void operator delete(void *memory) { HandleRegister::bury(memory); }
 
     bool HasParent() const override { return m_parent == Parent::Host; }
@@ -55,10 +58,11 @@ protected:
     template <class Body, class... Arguments>
     kvResult call(const char *method, const Body &body, const Arguments &...arguments)
     {
-        // The handle itself may go while the call runs, with the command it removes, say.
+        // A command that the call runs may delete the handle: nothing of it is used afterwards.
         HostSession &host = m_session;
+        const QByteArray on = host.journal().on(*this);
         const kvResult result = host.faults.takesNext(method) ? kvResult_Failed : body();
-        host.journal().record(method, this, result, arguments...);
+        host.journal().record(method, on, result, arguments...);
         return result;
     }
 
@@ -67,6 +71,16 @@ protected:
     kvResult handOut(Out **out, HandleState handleState) const
     {
         *out = new Handle(m_session, std::move(handleState));
+        return kvResult_Success;
+    }
+
+    /// The same for an object that this very call has created: the journal counts it.
+    template <class Handle, class Out, class HandleState>
+    kvResult handOutNew(Out **out, HandleState handleState) const
+    {
+        auto *handle = new Handle(m_session, std::move(handleState));
+        m_session.journal().objectCreated(*handle);
+        *out = handle;
         return kvResult_Success;
     }
 

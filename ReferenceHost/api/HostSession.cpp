@@ -25,6 +25,7 @@ HostDocumentPtr HostSession::newDocument()
     document->title = QStringLiteral("Drawing%1").arg(++m_documentsMade);
     m_documents.push_back(document);
     m_active = document;
+    m_journal.objectCreated("kvDocument_c", document->number);
     notifyDocumentsChanged();
     return document;
 }

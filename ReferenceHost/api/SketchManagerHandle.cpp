@@ -19,10 +19,7 @@ kvResult SketchManagerHandle::insert(Entity entity, Out **out)
     if (!document || !isFinite(entity))
         return kvResult_Failed;
     const EntityId id = document->drawing.add(std::move(entity));
-    auto *handle = new Handle(session(), EntityRef{document, id, {}});
-    session().journal().objectCreated(*handle);
-    *out = handle;
-    return kvResult_Success;
+    return handOutNew<Handle>(out, EntityRef{document, id, document->entityNumbers});
 }
 
 kvResult SketchManagerHandle::InsertLine(double x1, double y1, double z1, double x2, double y2, double z2,
@@ -72,11 +69,15 @@ kvResult SketchManagerHandle::InsertSpline(const kvDoubleArray &points, bool use
                                            double endZ, kvSpline_c **spline)
 {
     const auto body = [&] {
+        const Point start = {startX, startY, startZ};
+        const Point end = {endX, endY, endZ};
+        if (useTangents || points.getSize() % 3 != 0 || !isFinite(start) || !isFinite(end))
+            return kvResult_Failed;
         std::vector<Point> fitPoints;
         fitPoints.reserve(static_cast<std::size_t>(points.getSize() / 3));
         for (int i = 0; i + 2 < points.getSize(); i += 3)
             fitPoints.push_back({points[i], points[i + 1], points[i + 2]});
-        if (fitPoints.size() < 2 || points.getSize() % 3 != 0 || useTangents)
+        if (fitPoints.size() < 2)
             return kvResult_Failed;
         return insert<SplineHandle>(splineThrough(fitPoints), spline);
     };

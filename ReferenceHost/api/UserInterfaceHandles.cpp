@@ -67,7 +67,7 @@ kvResult ToolbarHandle::InsertToolbarItem(const kvString &appId, kvToolbarItemTy
         const UserInterfaceNodePtr added = addinItem(toQString(commandId), appId, text, commandId);
         state()->insert(position, added);
         session().notifyUserInterfaceChanged();
-        return handOut<ToolbarItemHandle>(item, added);
+        return handOutNew<ToolbarItemHandle>(item, added);
     };
     return call("kvToolbar_c::InsertToolbarItem", body, appId, static_cast<int>(itemType), position, text,
                 commandId);
@@ -85,7 +85,7 @@ kvResult MenuItemHandle::InsertMenuItem(const kvString &appId, kvMenuItemType_e 
         const UserInterfaceNodePtr added = addinItem(toQString(commandId), appId, text, commandId);
         state()->insert(position, added);
         session().notifyUserInterfaceChanged();
-        return handOut<MenuItemHandle>(item, added);
+        return handOutNew<MenuItemHandle>(item, added);
     };
     return call("kvMenuItem_c::InsertMenuItem", body, appId, static_cast<int>(itemType), position, text,
                 commandId);
@@ -133,7 +133,7 @@ kvResult RibbonRowHandle::InsertRibbonCommandButton(const kvString &appId, kvRib
         const UserInterfaceNodePtr added = addinItem(toQString(appId), appId, text, commandId);
         state()->children.push_back(added);
         session().notifyUserInterfaceChanged();
-        return handOut<RibbonCommandButtonHandle>(button, RibbonItemRef{state(), added});
+        return handOutNew<RibbonCommandButtonHandle>(button, RibbonItemRef{state(), added});
     };
     return call("kvRibbonRow_c::InsertRibbonCommandButton", body, appId, static_cast<int>(style), text,
                 commandId);

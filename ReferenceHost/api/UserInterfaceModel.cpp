@@ -74,7 +74,7 @@ UserInterfaceModel standardUserInterface()
 void UserInterfaceNode::insert(long position, UserInterfaceNodePtr child)
 {
     const long last = static_cast<long>(children.size());
-    const long index = std::min(std::max(position - 1, 0L), last);
+    const long index = std::min(std::max(position, 1L) - 1, last);
     children.insert(children.begin() + index, std::move(child));
 }
 
