@@ -3,6 +3,7 @@
 #include "SVGDocument.h"
 
 #include "SVGElement.h"
+#include "SVGNumber.h"
 
 #include <utility>
 
@@ -11,15 +12,15 @@ namespace {
 /// One record for each element `tag`, in document order. `fill(element, record)` says whether the record
 /// counts.
 template <class Record, class Fill>
-QList<Record> readAll(const QDomDocument &document, const char *tag, Fill fill)
+QList<Record> readAll(const QDomDocument &document, const QString &tag, Fill fill)
 {
     QList<Record> records;
-    const QDomNodeList elements = document.elementsByTagName(QLatin1String(tag));
+    const QDomNodeList elements = document.elementsByTagName(tag);
     const int count = elements.size();
     for (int i = 0; i < count; ++i) {
-        Record record;
-        if (fill(elements.item(i).toElement(), record))
-            records.append(std::move(record));
+        records.append(Record());
+        if (!fill(elements.item(i).toElement(), records.last()))
+            records.removeLast();
     }
     return records;
 }
@@ -40,21 +41,30 @@ QString ownOrParentMatrix(const QDomElement &element)
     return QString();
 }
 
-/// Fills `record` from the points attribute. Only blanks and commas separate; between two commas, and between
-/// a comma and a blank, stands an empty number that counts as 0. False when there is nothing between the
-/// blanks at all.
-bool readPoints(const QDomElement &element, SVGPolylineRecord &record)
+/// Fills `polyline` from the points attribute. Only blanks and commas separate; between two commas, and
+/// between a comma and a blank, stands an empty number that counts as 0. False when there is nothing between
+/// the blanks at all.
+bool readPoints(const QDomElement &element, SVGPolylineRecord &polyline)
 {
     const QString points = element.attribute(QStringLiteral("points"));
-    const QVector<QStringRef> parts = points.splitRef(QLatin1Char(' '), Qt::SkipEmptyParts);
-    if (parts.isEmpty())
+    kvDoubleArray values;
+    int partStart = 0;
+    int numberStart = 0;
+    for (int i = 0; i <= points.size(); ++i) {
+        const bool partEnds = i == points.size() || points.at(i) == QLatin1Char(' ');
+        if (!partEnds && points.at(i) != QLatin1Char(','))
+            continue;
+        if (!partEnds || partStart < i)
+            values.add(plainNumber(QStringRef(&points, numberStart, i - numberStart)));
+        numberStart = i + 1;
+        if (partEnds)
+            partStart = i + 1;
+    }
+    if (values.getSize() == 0)
         return false;
 
-    record.setTransform(ownOrParentTransform(element));
-    for (const QStringRef &part : parts) {
-        for (const QStringRef &token : part.split(QLatin1Char(',')))
-            record.addValue(token.toDouble());
-    }
+    polyline.setTransform(ownOrParentTransform(element));
+    polyline.setValues(std::move(values));
     return true;
 }
 
@@ -67,34 +77,36 @@ SVGDocument::SVGDocument(const QDomDocument &document)
 
 QList<SVGLineRecord> SVGDocument::lines() const
 {
-    return readAll<SVGLineRecord>(m_document, "line", [](const QDomElement &element, SVGLineRecord &line) {
-        line.setTransform(parentTransform(element)); // a line's own transform is never asked for
-        for (const char *name : {"x1", "y1", "x2", "y2"})
-            line.addValue(number(element, name));
-        return true;
-    });
+    return readAll<SVGLineRecord>(
+        m_document, QStringLiteral("line"), [](const QDomElement &element, SVGLineRecord &line) {
+            line.setTransform(parentTransform(element)); // a line's own transform is never asked for
+            for (const QString &name :
+                 {QStringLiteral("x1"), QStringLiteral("y1"), QStringLiteral("x2"), QStringLiteral("y2")})
+                line.addValue(number(element, name));
+            return true;
+        });
 }
 
 QList<SVGCircleRecord> SVGDocument::circles() const
 {
-    return readAll<SVGCircleRecord>(m_document, "circle",
+    return readAll<SVGCircleRecord>(m_document, QStringLiteral("circle"),
                                     [](const QDomElement &element, SVGCircleRecord &circle) {
                                         circle.setTransform(ownOrParentTransform(element));
-                                        circle.addCenterValue(number(element, "cx"));
-                                        circle.addCenterValue(number(element, "cy"));
-                                        circle.setRadius(number(element, "r"));
+                                        circle.addCenterValue(number(element, QStringLiteral("cx")));
+                                        circle.addCenterValue(number(element, QStringLiteral("cy")));
+                                        circle.setRadius(number(element, QStringLiteral("r")));
                                         return true;
                                     });
 }
 
 QList<SVGEllipseRecord> SVGDocument::ellipses() const
 {
-    return readAll<SVGEllipseRecord>(m_document, "ellipse",
+    return readAll<SVGEllipseRecord>(m_document, QStringLiteral("ellipse"),
                                      [](const QDomElement &element, SVGEllipseRecord &ellipse) {
-                                         const double rx = number(element, "rx");
-                                         const double ry = number(element, "ry");
-                                         const double cx = number(element, "cx");
-                                         const double cy = number(element, "cy");
+                                         const double rx = number(element, QStringLiteral("rx"));
+                                         const double ry = number(element, QStringLiteral("ry"));
+                                         const double cx = number(element, QStringLiteral("cx"));
+                                         const double cy = number(element, QStringLiteral("cy"));
                                          ellipse.setTransform(ownOrParentMatrix(element));
                                          for (const double value : {0.0, 0.0, cx + rx, 0.0, rx, ry, cx, cy})
                                              ellipse.addValue(value);
@@ -106,10 +118,10 @@ QList<SVGPolylineRecord> SVGDocument::rects() const
 {
     return readAll<SVGPolylineRecord>(
         m_document, "rect", [](const QDomElement &element, SVGPolylineRecord &rect) {
-            const double width = number(element, "width");
-            const double height = number(element, "height");
-            const double x = number(element, "x");
-            const double y = number(element, "y");
+            const double width = number(element, QStringLiteral("width"));
+            const double height = number(element, QStringLiteral("height"));
+            const double x = number(element, QStringLiteral("x"));
+            const double y = number(element, QStringLiteral("y"));
             rect.setTransform(ownOrParentTransform(element));
             for (const double value : {x, y, x + width, y, x + width, y + height, x, y + height})
                 rect.addValue(value);
@@ -119,23 +131,24 @@ QList<SVGPolylineRecord> SVGDocument::rects() const
 
 QList<SVGPolylineRecord> SVGDocument::polylines() const
 {
-    return readAll<SVGPolylineRecord>(m_document, "polyline", readPoints);
+    return readAll<SVGPolylineRecord>(m_document, QStringLiteral("polyline"), readPoints);
 }
 
 QList<SVGPolylineRecord> SVGDocument::polygons() const
 {
-    return readAll<SVGPolylineRecord>(m_document, "polygon", readPoints);
+    return readAll<SVGPolylineRecord>(m_document, QStringLiteral("polygon"), readPoints);
 }
 
 QList<SVGTextRecord> SVGDocument::texts() const
 {
-    return readAll<SVGTextRecord>(m_document, "text", [](const QDomElement &element, SVGTextRecord &text) {
-        text.setTransform(ownOrParentTransform(element));
-        // The first child alone, whatever it is: a comment gives its text, a tspan gives none.
-        text.addText(toKvString(element.firstChild().nodeValue()));
-        text.setFontSize(toKvString(element.attribute(QStringLiteral("font-size"))));
-        text.addValue(number(element, "x"));
-        text.addValue(number(element, "y"));
-        return true;
-    });
+    return readAll<SVGTextRecord>(
+        m_document, QStringLiteral("text"), [](const QDomElement &element, SVGTextRecord &text) {
+            text.setTransform(ownOrParentTransform(element));
+            // The first child alone, whatever it is: a comment gives its text, a tspan gives none.
+            text.addText(toKvString(element.firstChild().nodeValue()));
+            text.setFontSize(toKvString(element.attribute(QStringLiteral("font-size"))));
+            text.addValue(number(element, QStringLiteral("x")));
+            text.addValue(number(element, QStringLiteral("y")));
+            return true;
+        });
 }

@@ -46,7 +46,7 @@ public:
 
 private:
     void addPath(const QDomElement &path);
-    void addCommand(const QStringRef &command, const QString &transform);
+    void addCommand(char letter, const QString &transform);
     void addStraightCommand(const std::vector<double> &numbers, char letter, const QString &transform);
     void addCurveCommand(const std::vector<double> &numbers, char letter, const QString &transform);
 

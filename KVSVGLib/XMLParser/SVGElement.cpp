@@ -2,15 +2,18 @@
 
 #include "SVGElement.h"
 
+#include "SVGNumber.h"
+
 namespace {
 
 constexpr int longestTransform = 1024;
 
 } // namespace
 
-double number(const QDomElement &element, const char *name)
+double number(const QDomElement &element, const QString &name)
 {
-    return element.attribute(QLatin1String(name)).toDouble();
+    const QString text = element.attribute(name);
+    return plainNumber(QStringRef(&text));
 }
 
 QString parentTransform(const QDomElement &element)

@@ -7,7 +7,7 @@
 
 /// The attribute `name` as a number; 0 when it is absent or anything but a plain number (a unit, a
 /// percentage).
-double number(const QDomElement &element, const char *name);
+double number(const QDomElement &element, const QString &name);
 
 /// The transform text of the direct parent, empty when it has none. A transform longer than any list of
 /// transforms (1,024 characters) counts as absent: every shape and every path command below it would carry

@@ -3,55 +3,54 @@
 
 #include "SVGDocument.h"
 #include "SVGElement.h"
+#include "SVGNumber.h"
 
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <utility>
 
 namespace {
 
 using Numbers = std::vector<double>;
 
-constexpr std::array<bool, 128> commandLetterTable()
+enum class Kind : char { OfNumber, Separator, Minus, Letter };
+
+constexpr std::array<Kind, 128> kindTable()
 {
-    std::array<bool, 128> table = {};
+    std::array<Kind, 128> table = {};
     for (const char letter : {'Z', 'L', 'M', 'H', 'V', 'C', 'S', 'Q', 'T', 'A', //
                               'z', 'l', 'm', 'h', 'v', 'c', 's', 'q', 't', 'a'})
-        table[static_cast<unsigned char>(letter)] = true;
+        table[static_cast<unsigned char>(letter)] = Kind::Letter;
+    table[','] = Kind::Separator;
+    table[' '] = Kind::Separator;
+    table['-'] = Kind::Minus;
     return table;
 }
 
-bool isCommandLetter(QChar character)
+Kind kindOf(QChar character)
 {
-    constexpr std::array<bool, 128> letters = commandLetterTable();
-    return character.unicode() < letters.size() && letters[character.unicode()];
+    static constexpr std::array<Kind, 128> kinds = kindTable();
+    return character.unicode() < kinds.size() ? kinds[character.unicode()] : Kind::OfNumber;
 }
 
-/// Where the command that starts at `start` ends: at the next command letter, or at the end of `data`.
-int commandEnd(const QString &data, int start)
+/// Reads the numbers from `start` up to the next command letter, whose place it returns. Blanks and commas
+/// separate numbers and a minus sign starts a new one, so "1e-5" is read as "1e", which is no number and
+/// counts as 0, and "-5".
+int readNumbers(const QString &data, int start, Numbers &numbers)
 {
-    return static_cast<int>(std::find_if(data.cbegin() + start + 1, data.cend(), isCommandLetter)
-                            - data.cbegin());
-}
-
-/// The numbers in `text`. Blanks and commas separate them and a minus sign starts a new one, so "1e-5" is
-/// read as "1e", which is no number and counts as 0, and "-5".
-void readNumbers(const QStringRef &text, Numbers &numbers)
-{
-    const auto finish = [&](int start, int end) {
-        if (start < end)
-            numbers.push_back(text.mid(start, end - start).toDouble());
-    };
-    int start = 0;
-    for (int i = 0; i < text.size(); ++i) {
-        const QChar character = text.at(i);
-        const bool separator = character == QLatin1Char(' ') || character == QLatin1Char(',');
-        if (!separator && character != QLatin1Char('-'))
+    numbers.clear();
+    int position = start;
+    for (;; ++position) {
+        const Kind kind = position == data.size() ? Kind::Letter : kindOf(data.at(position));
+        if (kind == Kind::OfNumber)
             continue;
-        finish(start, i);
-        start = separator ? i + 1 : i;
+        if (start < position)
+            numbers.push_back(plainNumber(QStringRef(&data, start, position - start)));
+        if (kind == Kind::Letter)
+            return position;
+        start = kind == Kind::Separator ? position + 1 : position;
     }
-    finish(start, text.size());
 }
 
 /// The number at `index`; 0 where the command gives none, before the first as well as after the last.
@@ -132,12 +131,14 @@ const Command *find(const Command (&commands)[count], char letter)
     return found == std::end(commands) ? nullptr : found;
 }
 
-/// The last index among `count` numbers at which `command` reads a point. H and h always read one.
-int lastPointIndex(const StraightCommand &command, int count)
+/// How often `command` moves the pen when `count` numbers are given. H and h always move it once.
+int moveCount(const StraightCommand &command, int count)
 {
     if (command.firstOnly)
-        return 0;
-    return command.sets == Axes::XY ? count - 2 : count - 1;
+        return 1;
+    if (command.sets != Axes::XY)
+        return count;
+    return count < 2 ? 0 : (count - 2) / command.step + 1;
 }
 
 /// Where `command` moves the pen from `current`, by the number or the two numbers at `index`.
@@ -181,12 +182,6 @@ Segment segmentAt(const CurveCommand &command, const Numbers &numbers, int index
     return {reflection, given, end};
 }
 
-void addPoint(SVGPolylineRecord &run, PathPoint point)
-{
-    run.addValue(point.x);
-    run.addValue(point.y);
-}
-
 void addFitPoint(SVGSplineRecord &curve, PathPoint point)
 {
     curve.addFitPointValue(point.x);
@@ -217,56 +212,64 @@ void SVGDocument::addPath(const QDomElement &path)
 
     const QString data = path.attribute(QStringLiteral("d"));
     const QString transform = parentTransform(path); // a path's own transform is never asked for
-    for (int start = 0; start < data.size();) {
-        const int end = commandEnd(data, start);
-        addCommand(data.midRef(start, end - start), transform);
-        start = end;
+    for (int position = 0; position < data.size();) {
+        // Whatever stands before the first letter is a command that nobody knows.
+        const char letter = data.at(position).toLatin1();
+        position = readNumbers(data, position + 1, m_pathNumbers);
+        addCommand(letter, transform);
     }
 }
 
-void SVGDocument::addCommand(const QStringRef &command, const QString &transform)
+void SVGDocument::addCommand(char letter, const QString &transform)
 {
-    const char letter = command.at(0).toLatin1();
-    m_pathNumbers.clear();
-    readNumbers(command.mid(1), m_pathNumbers);
     if (find(curveCommands, letter))
         addCurveCommand(m_pathNumbers, letter, transform);
     else
         addStraightCommand(m_pathNumbers, letter, transform);
 }
 
-void SVGDocument::addStraightCommand(const std::vector<double> &numbers, char letter,
-                                     const QString &transform)
+void SVGDocument::addStraightCommand(const Numbers &numbers, char letter, const QString &transform)
 {
-    SVGPolylineRecord run;
-    run.setTransform(transform);
     if (letter == 'Z' || letter == 'z') {
-        // The pen stays where it is; the record without points tells the host of the closing.
+        // The record has no points, and the pen does not return to where the run began.
         m_pathClosed = true;
-        m_pathPolylines.append(run);
+        m_pathPolylines.append(SVGPolylineRecord());
+        m_pathPolylines.last().setTransform(transform);
         return;
     }
     const StraightCommand *command = find(straightCommands, letter);
     if (!command)
         return;
 
-    addPoint(run, m_currentPoint);
-    const int last = lastPointIndex(*command, static_cast<int>(numbers.size()));
-    for (int i = 0; i <= last; i += command->step) {
-        m_currentPoint = movedPen(*command, numbers, i, m_currentPoint);
-        addPoint(run, m_currentPoint);
-    }
+    const int moves = moveCount(*command, static_cast<int>(numbers.size()));
+    kvDoubleArray points;
+    points.setSize(command->drawn ? 2 * (moves + 1) : 0);
+    const auto setPoint = [&](int index) {
+        points[2 * index] = m_currentPoint.x;
+        points[2 * index + 1] = m_currentPoint.y;
+    };
     if (command->drawn)
-        m_pathPolylines.append(run);
+        setPoint(0);
+    for (int i = 0; i < moves; ++i) {
+        m_currentPoint = movedPen(*command, numbers, i * command->step, m_currentPoint);
+        if (command->drawn)
+            setPoint(i + 1);
+    }
+    if (!command->drawn)
+        return;
+    m_pathPolylines.append(SVGPolylineRecord());
+    m_pathPolylines.last().setTransform(transform);
+    m_pathPolylines.last().setValues(std::move(points));
 }
 
-void SVGDocument::addCurveCommand(const std::vector<double> &numbers, char letter, const QString &transform)
+void SVGDocument::addCurveCommand(const Numbers &numbers, char letter, const QString &transform)
 {
     const CurveCommand *command = find(curveCommands, letter);
     if (!command)
         return;
 
-    SVGSplineRecord curve;
+    m_pathSplines.append(SVGSplineRecord());
+    SVGSplineRecord &curve = m_pathSplines.last();
     curve.setTransform(transform);
     addFitPoint(curve, m_currentPoint);
     const int segments = command->repeats ? static_cast<int>(numbers.size()) / numbersPerSegment : 1;
@@ -280,5 +283,4 @@ void SVGDocument::addCurveCommand(const std::vector<double> &numbers, char lette
             m_lastControlPoint = segment.secondControl;
         m_currentPoint = segment.end;
     }
-    m_pathSplines.append(curve);
 }

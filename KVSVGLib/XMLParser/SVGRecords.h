@@ -10,6 +10,8 @@
 
 #include <QString>
 
+#include <utility>
+
 /// The part all records share: the transform text of the element, or of its parent. Empty means none.
 class SVGRecord {
 public:
@@ -30,7 +32,7 @@ private:
 class SVGValuesRecord : public SVGRecord {
 public:
     kvDoubleArray values() const { return m_values; }
-    void setValues(const kvDoubleArray &values) { m_values = values; }
+    void setValues(kvDoubleArray values) { m_values = std::move(values); }
     void addValue(double value) { m_values.add(value); }
 
 protected:
@@ -47,7 +49,7 @@ class SVGLineRecord : public SVGValuesRecord {};
 class SVGCircleRecord : public SVGRecord {
 public:
     kvDoubleArray center() const { return m_center; }
-    void setCenter(const kvDoubleArray &center) { m_center = center; }
+    void setCenter(kvDoubleArray center) { m_center = std::move(center); }
     void addCenterValue(double value) { m_center.add(value); }
 
     /// The radius as read: it may be 0 or negative.
@@ -72,11 +74,11 @@ class SVGPolylineRecord : public SVGValuesRecord {};
 class SVGSplineRecord : public SVGRecord {
 public:
     kvDoubleArray fitPoints() const { return m_fitPoints; }
-    void setFitPoints(const kvDoubleArray &fitPoints) { m_fitPoints = fitPoints; }
+    void setFitPoints(kvDoubleArray fitPoints) { m_fitPoints = std::move(fitPoints); }
     void addFitPointValue(double value) { m_fitPoints.add(value); }
 
     kvDoubleArray controlPoints() const { return m_controlPoints; }
-    void setControlPoints(const kvDoubleArray &controlPoints) { m_controlPoints = controlPoints; }
+    void setControlPoints(kvDoubleArray controlPoints) { m_controlPoints = std::move(controlPoints); }
     void addControlPointValue(double value) { m_controlPoints.add(value); }
 
 private:
@@ -88,7 +90,7 @@ private:
 class SVGTextRecord : public SVGValuesRecord {
 public:
     kvStringArray texts() const { return m_texts; }
-    void setTexts(const kvStringArray &texts) { m_texts = texts; }
+    void setTexts(kvStringArray texts) { m_texts = std::move(texts); }
     void addText(const kvString &text) { m_texts.add(text); }
 
     /// The font-size attribute as written; it is read as a number only when the label is drawn.

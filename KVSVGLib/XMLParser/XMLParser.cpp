@@ -3,6 +3,7 @@
 #include "XMLParser.h"
 
 #include "CannotOpenMessage.h"
+#include "XMLLimits.h"
 #include "XMLTree.h"
 #include "XMLWriter.h"
 
@@ -11,8 +12,6 @@
 #include <QFileInfo>
 
 namespace {
-
-constexpr qint64 largestFile = 256 * 1024 * 1024;
 
 std::unique_ptr<XMLFile> loadedFile(const QString &path)
 {
@@ -30,7 +29,7 @@ XMLFile::XMLFile(const QString &path)
         showCannotOpenMessage(path);
         return;
     }
-    if (file.size() <= largestFile)
+    if (file.size() <= largestXmlFile)
         m_document = documentFromDevice(file);
 }
 

@@ -11,6 +11,6 @@
 /// not well-formed, or is refused, gives an empty document.
 QDomDocument documentFromText(const QString &text);
 
-/// The tree of what `device`, open for reading, still holds, in the encoding that its first bytes declare.
-/// Content that is not well-formed, or is refused, gives an empty document.
+/// The tree of what `device` holds, a device open for reading at its start, in the encoding that its first
+/// bytes declare. Content that is not well-formed, or is refused, gives an empty document.
 QDomDocument documentFromDevice(QIODevice &device);

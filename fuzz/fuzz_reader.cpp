@@ -1,0 +1,61 @@
+// Feeds arbitrary bytes to the reader: load, write as text, parse again, read all shapes. Each tree's text is
+// compared with what Qt writes.
+
+#include "XMLParser/SVGDocument.h"
+#include "XMLParser/SVGTransform.h"
+#include "XMLParser/XMLTree.h"
+#include "XMLParser/XMLWriter.h"
+
+#include <QBuffer>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+
+namespace {
+
+template <class Record>
+void transformAll(const QList<Record> &records)
+{
+    for (const Record &record : records) {
+        const auto matrix = matrixFromAttribute(toQString(record.transform()));
+        if (matrix)
+            mapped(*matrix, record.values());
+    }
+}
+
+void readAllShapes(const QDomDocument &tree)
+{
+    SVGDocument document(tree);
+    transformAll(document.lines());
+    document.circles();
+    transformAll(document.ellipses());
+    transformAll(document.rects());
+    transformAll(document.polylines());
+    transformAll(document.polygons());
+    transformAll(document.texts());
+    document.parsePathData();
+    transformAll(document.pathPolylines());
+    document.pathSplines();
+}
+
+QString checkedText(const QDomDocument &tree)
+{
+    QString text = textOfDocument(tree);
+    if (text != tree.toString(1))
+        std::abort();
+    return text;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    QBuffer file;
+    file.setData(reinterpret_cast<const char *>(data), static_cast<int>(size));
+    file.open(QIODevice::ReadOnly | QIODevice::Text);
+    const QDomDocument tree = documentFromText(checkedText(documentFromDevice(file)));
+    checkedText(tree);
+    readAllShapes(tree);
+    return 0;
+}
