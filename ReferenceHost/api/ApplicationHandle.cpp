@@ -138,15 +138,9 @@ kvResult ApplicationHandle::GetActiveDocument(kvDocument_c **document)
 kvResult ApplicationHandle::CloseDocument(const kvString &name, bool save)
 {
     const auto body = [&] {
-        const QString fileName = toQString(name);
-        const auto &open = session().documents();
-        const auto found =
-            std::find_if(open.begin(), open.end(), [&fileName](const HostDocumentPtr &document) {
-                return !document->fileName.isEmpty() && isSameFileName(document->fileName, fileName);
-            });
-        if (found == open.end())
+        const HostDocumentPtr document = session().findDocument(toQString(name));
+        if (!document)
             return kvResult_NotFound;
-        const HostDocumentPtr document = *found;
         if (save && !session().save(document, document->fileName, false))
             return kvResult_Failed;
         session().close(document);

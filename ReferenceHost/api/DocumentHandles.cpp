@@ -9,6 +9,24 @@
 
 namespace refhost {
 
+namespace {
+
+/// The ids of those `objects` that are entities of `document`.
+std::vector<EntityId> entitiesOf(const HostDocument &document, const HandleRegister &handles,
+                                 const kvObjectPtrArray &objects)
+{
+    std::vector<EntityId> ids;
+    ids.reserve(static_cast<std::size_t>(objects.getSize()));
+    for (int i = 0; i < objects.getSize(); ++i) {
+        const EntityRef *entity = entityBehind(handles, objects[i]);
+        if (entity && entity->document.lock().get() == &document)
+            ids.push_back(entity->id);
+    }
+    return ids;
+}
+
+} // namespace
+
 kvResult DocumentHandle::CreateBlockDefinition(const kvString &name, const kvString &description, double x,
                                                double y, double z, const kvLongArray &types,
                                                const kvObjectPtrArray &entities,
@@ -20,7 +38,9 @@ kvResult DocumentHandle::CreateBlockDefinition(const kvString &name, const kvStr
         if (!isFinite(base) || mode != kvBlockDefinitionEntities_Move)
             return kvResult_Failed;
         const QString blockName = toQString(name);
-        if (!state()->drawing.createBlock(blockName, base, ownEntities(entities)))
+        HostDocument &document = *state();
+        if (!document.drawing.createBlock(blockName, base,
+                                          entitiesOf(document, session().handles(), entities)))
             return kvResult_Failed;
         return handOutNew<BlockDefinitionHandle>(definition, BlockDefinitionRef{blockName});
     };
@@ -50,18 +70,6 @@ kvResult DocumentHandle::Activate()
 {
     const auto body = [&] { return session().activate(state()) ? kvResult_Success : kvResult_Failed; };
     return call("kvDocument_c::Activate", body);
-}
-
-std::vector<EntityId> DocumentHandle::ownEntities(const kvObjectPtrArray &entities) const
-{
-    std::vector<EntityId> ids;
-    ids.reserve(static_cast<std::size_t>(entities.getSize()));
-    for (int i = 0; i < entities.getSize(); ++i) {
-        const EntityRef *entity = entityBehind(session().handles(), entities[i]);
-        if (entity && entity->document.lock() == state())
-            ids.push_back(entity->id);
-    }
-    return ids;
 }
 
 kvResult ModelHandle::GetSketchManager(kvSketchManager_c **sketchManager)

@@ -54,10 +54,6 @@ public:
     kvResult SaveAs2(const kvString &fileName, kvDocumentSaveAsOption_e option, bool usedBlocksOnly,
                      kvDocumentSaveError_e *error) override;
     kvResult Activate() override;
-
-private:
-    /// The ids of those `entities` that belong to this drawing.
-    std::vector<EntityId> ownEntities(const kvObjectPtrArray &entities) const;
 };
 
 } // namespace refhost

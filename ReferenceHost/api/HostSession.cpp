@@ -42,6 +42,15 @@ void HostSession::close(const HostDocumentPtr &document)
     notifyDocumentsChanged();
 }
 
+HostDocumentPtr HostSession::findDocument(const QString &fileName) const
+{
+    for (const HostDocumentPtr &document : m_documents) {
+        if (!document->fileName.isEmpty() && isSameFileName(document->fileName, fileName))
+            return document;
+    }
+    return {};
+}
+
 bool HostSession::activate(const HostDocumentPtr &document)
 {
     if (!document || std::find(m_documents.begin(), m_documents.end(), document) == m_documents.end())
