@@ -1,0 +1,66 @@
+// Makes SVG texts of a given size.
+
+#include "BenchmarkDrawings.h"
+
+#include <QFile>
+
+namespace {
+
+constexpr int elementsPerGroup = 20;
+
+/// One element of each kind in turn; %1 and %2 are a position.
+constexpr const char *elementPatterns[] = {
+    R"svg(<line x1="%1" y1="%2" x2="%1.5" y2="%2.25" stroke="black" stroke-width="0.35" class="outline visible"/>)svg",
+    R"svg(<circle cx="%1" cy="%2" r="12.5" fill="none" stroke="black" stroke-width="0.35" class="hole"/>)svg",
+    R"svg(<ellipse cx="%1" cy="%2" rx="12.5" ry="7.25" fill="none" stroke="black" stroke-width="0.35"/>)svg",
+    R"svg(<rect x="%1" y="%2" width="40" height="25.5" fill="none" stroke="black" stroke-width="0.35"/>)svg",
+    R"svg(<polyline points="%1,%2 %1.5,%2.5 %1.75,%2 %1,%2.25" fill="none" stroke="black" class="edge"/>)svg",
+    R"svg(<polygon points="%1,%2 %1.5,%2.5 %1.75,%2 %1,%2.25" fill="none" stroke="black" class="face"/>)svg",
+    R"svg(<text x="%1" y="%2" font-size="3.5" font-family="sans-serif" fill="black">Position %1</text>)svg",
+    R"svg(<path d="M%1,%2 L%1.5,%2.5 H%2 C%1,%2 %1.5,%2.5 %2,%1 Q%1,%2 %2,%1" fill="none" stroke="black"/>)svg",
+};
+
+QByteArray element(int index)
+{
+    const char *pattern = elementPatterns[static_cast<std::size_t>(index) % std::size(elementPatterns)];
+    return QString::fromLatin1(pattern).arg(index % 997).arg(index % 1009).toLatin1();
+}
+
+QByteArray svgOf(const QByteArray &content)
+{
+    return R"svg(<?xml version="1.0" encoding="UTF-8"?><svg xmlns="http://www.w3.org/2000/svg">)svg" + content
+        + "</svg>\n";
+}
+
+} // namespace
+
+QByteArray mixedSvg(int elements)
+{
+    QByteArray content;
+    for (int i = 0; i < elements; ++i) {
+        if (i % elementsPerGroup == 0)
+            content += R"svg(<g transform="matrix(1.5 0.25 -0.25 1.5 10 20)">)svg";
+        content += element(i) + '\n';
+        if (i % elementsPerGroup == elementsPerGroup - 1 || i == elements - 1)
+            content += "</g>\n";
+    }
+    return svgOf(content);
+}
+
+QByteArray longPathSvg(int numbers)
+{
+    constexpr int numbersPerRound = 2 + 6 + 4;
+    QByteArray data = "M0 0";
+    for (int i = 0; i < numbers; i += numbersPerRound) {
+        data +=
+            QStringLiteral("L%1,%2.5C%1-1 %2 3.25 4 5 6Q%1 %2 7 8.125").arg(i % 997).arg(i % 1009).toLatin1();
+    }
+    return svgOf(R"svg(<path d=")svg" + data + R"svg("/>)svg");
+}
+
+SvgFile::SvgFile(const QByteArray &svgText)
+{
+    QFile file(path());
+    if (!file.open(QIODevice::WriteOnly) || file.write(svgText) != svgText.size())
+        qFatal("The benchmark's drawing cannot be written.");
+}

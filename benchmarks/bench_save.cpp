@@ -1,0 +1,62 @@
+// How long it takes to encode drawings as DWG and DXF, the way to the node process and back included.
+
+#include "BenchmarkDrawings.h"
+
+#include "SVGBlockBuilder.h"
+#include "api/HostSession.h"
+#include "export/EncoderProcess.h"
+
+#include <QCoreApplication>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+void save(benchmark::State &state, refhost::DrawingFormat format)
+{
+    refhost::HostSession session;
+    const refhost::HostDocumentPtr document = session.newDocument();
+    SVGBlockBuilder(session.application(), mixedSvg(static_cast<int>(state.range(0))))
+        .createBlockDefinition();
+
+    refhost::EncoderProcess encoder;
+    encoder.take(encoder.submit(refhost::Drawing(), format)); // the start of the process is not counted
+    for (auto _ : state) {
+        const refhost::EncodedDrawing encoded = encoder.take(encoder.submit(document->drawing, format));
+        if (!encoded.error.isEmpty()) {
+            state.SkipWithError(qPrintable(encoded.error));
+            return;
+        }
+        state.counters["bytes"] = encoded.bytes.size();
+    }
+    state.SetComplexityN(state.range(0));
+}
+
+void SaveDwg(benchmark::State &state)
+{
+    save(state, refhost::DrawingFormat::Dwg);
+}
+
+void SaveDxf(benchmark::State &state)
+{
+    save(state, refhost::DrawingFormat::Dxf);
+}
+
+void elementSizes(benchmark::internal::Benchmark *benchmark)
+{
+    // The work is done by the child process: its time counts, not this one's.
+    benchmark->RangeMultiplier(10)->Range(1'000, 100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
+} // namespace
+
+BENCHMARK(SaveDwg)->Apply(elementSizes)->Complexity();
+BENCHMARK(SaveDxf)->Apply(elementSizes)->Complexity();
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

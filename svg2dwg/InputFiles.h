@@ -1,0 +1,15 @@
+// Which files a command line means.
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+struct InputFiles {
+    QStringList files;  ///< in the order of the command line, a folder's files by name
+    QStringList errors; ///< folders that hold no SVG file or cannot be read
+};
+
+/// Replaces each folder by its own *.svg, in upper or lower case; anything else counts as a file, existing or
+/// not.
+InputFiles inputFilesFrom(const QStringList &inputs);

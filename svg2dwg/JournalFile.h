@@ -1,0 +1,33 @@
+// The call journal as a file of JSON Lines.
+
+#pragma once
+
+#include "api/CallJournal.h"
+
+#include <QSaveFile>
+#include <QString>
+
+#include <memory>
+
+class JournalFile {
+public:
+    /// `fileName` empty means no journal, "-" standard output.
+    explicit JournalFile(const QString &fileName);
+
+    /// Has `journal` write into the file. Returns an error text, empty when it went well.
+    QString open(refhost::CallJournal &journal);
+
+    /// Writes the line that announces the calls for `input`.
+    void announce(const QString &input);
+
+    /// Ends the journal; the file appears now, as a whole. Returns an error text, empty when it went well.
+    QString close();
+
+private:
+    void writeLine(const QByteArray &line);
+    QString error() const;
+
+    QString m_fileName;
+    std::unique_ptr<QSaveFile> m_file;
+    refhost::CallJournal *m_journal = nullptr;
+};

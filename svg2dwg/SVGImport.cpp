@@ -1,0 +1,90 @@
+// Loads a file by the same sequence as the import dialog, and inserts its block as a batch run does.
+
+#include "SVGImport.h"
+
+#include "SVGBlockBuilder.h"
+#include "XMLDiagnosis.h"
+#include "kvTextConversion.h"
+
+#include "XMLParser/CannotOpenMessage.h"
+#include "XMLParser/XMLParser.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+/// Notes that the reader could not open a file, where the dialog would show a message box (twice, since it
+/// loads the file twice).
+class CannotOpenWatch {
+public:
+    CannotOpenWatch()
+        : m_earlier(setCannotOpenMessage([this](const QString &) { m_seen = true; }))
+    {
+    }
+    ~CannotOpenWatch() { setCannotOpenMessage(m_earlier); }
+    CannotOpenWatch(const CannotOpenWatch &) = delete;
+    CannotOpenWatch &operator=(const CannotOpenWatch &) = delete;
+
+    bool seen() const { return m_seen; }
+
+private:
+    bool m_seen = false;
+    CannotOpenMessage m_earlier;
+};
+
+QString whyNotOpened(const QString &path)
+{
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile())
+        return QStringLiteral("%1: cannot be read: not a regular file").arg(path);
+    QFile file(path);
+    file.open(QIODevice::ReadOnly);
+    return QStringLiteral("%1: cannot be read: %2").arg(path, file.errorString());
+}
+
+void insertBlock(kvApplication_c &application, const kvString &name, bool explode)
+{
+    kvInterfacePtr<kvDocument_c> document;
+    kvInterfacePtr<kvModel_c> model;
+    kvInterfacePtr<kvSketchManager_c> sketchManager;
+    kvInterfacePtr<kvBlockInstance_c> instance;
+    application.GetActiveDocument(document.out());
+    if (document)
+        document->GetModel(model.out());
+    if (model)
+        model->GetSketchManager(sketchManager.out());
+    if (sketchManager)
+        sketchManager->InsertBlock2(name, 0.0, 0.0, 0.0, 1.0, 1.0, 1.0, 0.0, instance.out());
+    if (instance && explode)
+        instance->Explode();
+}
+
+} // namespace
+
+std::optional<QString> loadedSvgText(const QString &path, ImportError &error)
+{
+    const CannotOpenWatch cannotOpen;
+    const XMLParser unused(path);
+    const XMLDocumentReader reader(path);
+    if (cannotOpen.seen() || path.isEmpty()) {
+        error.text = whyNotOpened(path);
+        return {};
+    }
+    if (reader.document().documentElement().isNull()) {
+        error.text = xmlProblem(path);
+        return {};
+    }
+    return reader.toString();
+}
+
+refhost::HostDocumentPtr drawingFrom(refhost::HostSession &session, const QString &svgText, bool explode)
+{
+    refhost::HostDocumentPtr document = session.newDocument();
+    SVGBlockBuilder builder(session.application(), svgText.toUtf8());
+    kvString name;
+    if (kvBlockDefinition_c *definition = builder.createBlockDefinition())
+        definition->GetName(&name);
+    insertBlock(*session.application(), name, explode);
+    return document;
+}
