@@ -153,14 +153,14 @@ void tst_Drawing::entitiesOfABlockLeaveModelSpace()
 void tst_Drawing::modelSpaceKeepsItsOrderWhateverLeaves()
 {
     Drawing drawing;
-    std::vector<EntityId> ids;
-    for (int i = 0; i < 12; ++i)
-        ids.push_back(drawing.add(lineTo(i)));
+    std::vector<EntityId> ids(12);
+    for (EntityId &id : ids)
+        id = drawing.add(lineTo(1));
 
     drawing.erase(ids[3]);
     drawing.erase(ids[3]);
     QVERIFY(drawing.createBlock("b", {}, {ids[0], ids[11], ids[4], ids[5], ids[6], ids[7], ids[8]}));
-    const EntityId late = drawing.add(lineTo(12));
+    const EntityId late = drawing.add(lineTo(2));
 
     const std::vector<EntityId> expected = {ids[1], ids[2], ids[9], ids[10], late};
     QVERIFY(drawing.modelSpace() == expected);
