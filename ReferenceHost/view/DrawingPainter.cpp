@@ -1,0 +1,242 @@
+// Brings each shape into pixels in doubles before QPainter sees it: a drawing may lie millions of units from
+// its origin.
+
+#include "view/DrawingPainter.h"
+
+#include "drawing/Explode.h"
+#include "view/Shapes.h"
+#include "view/VisiblePath.h"
+
+#include <QPainter>
+
+#include <cmath>
+
+namespace refhost {
+
+namespace {
+
+/// Where the entities of model space or of one placed block are shown.
+struct Place {
+    Affine toDrawing;
+    Affine toPixels;
+    int depth = 0;
+};
+
+QPointF pixelOf(const Point &point, const Place &place)
+{
+    const Point pixel = place.toPixels.mapPoint(point);
+    return {pixel.x, pixel.y};
+}
+
+QPointF pixelVector(const Point &vector, const Place &place)
+{
+    const Point pixels = place.toPixels.mapVector(vector);
+    return {pixels.x, pixels.y};
+}
+
+/// One pass over a drawing.
+class Pass {
+public:
+    Pass(const Drawing &drawing, QPainter &painter, const ViewTransform &view, Lettering &lettering,
+         double lineWidth)
+        : m_drawing(drawing)
+        , m_painter(painter)
+        , m_view(view)
+        , m_lettering(lettering)
+        , m_lineWidth(lineWidth)
+    {
+        const double margin = lineWidth + 1.0;
+        m_visible = QRectF(QPointF(), view.size).adjusted(-margin, -margin, margin, margin);
+    }
+
+    void setColour(const QColor &colour)
+    {
+        QPen pen(colour, m_lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+        pen.setCosmetic(true);
+        m_painter.setPen(pen);
+        m_painter.setBrush(Qt::NoBrush);
+        m_colour = colour;
+    }
+
+    void paint(const Entity &entity, const Place &place)
+    {
+        std::visit([&](const auto &shape) { show(shape, place); }, entity);
+    }
+
+    void paint(const BlockDefinition &block, const Placement &placement, const Place &outer)
+    {
+        if (outer.depth >= deepestNesting)
+            return;
+        Place place;
+        place.toDrawing = combined(Affine::fromPlacement(placement, block.base), outer.toDrawing);
+        place.toPixels = combined(place.toDrawing, m_view.toPixels());
+        place.depth = outer.depth + 1;
+        for (const EntityId id : block.entities) {
+            if (place.depth > 1 && !mayStillPaintNested())
+                return;
+            if (const Entity *entity = m_drawing.find(id))
+                paint(*entity, place);
+        }
+    }
+
+private:
+    void show(const Line &line, const Place &place)
+    {
+        VisiblePath path(m_visible);
+        path.addLine(pixelOf(line.start, place), pixelOf(line.end, place));
+        stroke(path);
+    }
+
+    void show(const Circle &circle, const Place &place) { show(asEllipse(circle), place); }
+
+    void show(const Ellipse &ellipse, const Place &place)
+    {
+        VisiblePath path(m_visible);
+        const QPointF center = pixelOf(ellipse.center, place);
+        path.addEllipse(center, pixelVector(ellipse.axis, place), pixelVector(otherAxis(ellipse), place));
+        stroke(path);
+    }
+
+    void show(const Polyline &polyline, const Place &place);
+    void show(const Spline &spline, const Place &place);
+    void show(const Note &note, const Place &place);
+
+    void show(const BlockInstance &instance, const Place &place)
+    {
+        if (const BlockDefinition *block = m_drawing.block(instance.blockName))
+            paint(*block, instance.placement, place);
+    }
+
+    void stroke(const VisiblePath &path);
+    bool mayStillPaintNested();
+
+    const Drawing &m_drawing;
+    QPainter &m_painter;
+    const ViewTransform m_view;
+    Lettering &m_lettering;
+    const double m_lineWidth;
+    QRectF m_visible;
+    QColor m_colour;
+    int m_nestedLeft = 2000000;
+};
+
+void Pass::show(const Polyline &polyline, const Place &place)
+{
+    const std::vector<double> &points = polyline.points;
+    if (points.size() < 2)
+        return;
+    VisiblePath path(m_visible);
+    const QPointF first = pixelOf({points[0], points[1], 0.0}, place);
+    QPointF from = first;
+    for (std::size_t i = 2; i + 1 < points.size(); i += 2) {
+        const QPointF to = pixelOf({points[i], points[i + 1], 0.0}, place);
+        path.addLine(from, to);
+        from = to;
+    }
+    if (polyline.closed)
+        path.addLine(from, first);
+    stroke(path);
+}
+
+void Pass::show(const Spline &spline, const Place &place)
+{
+    const std::vector<Point> &control = spline.controlPoints;
+    VisiblePath path(m_visible);
+    for (std::size_t i = 0; i + 3 < control.size(); i += 3) {
+        path.addCubic(pixelOf(control[i], place), pixelOf(control[i + 1], place),
+                      pixelOf(control[i + 2], place), pixelOf(control[i + 3], place));
+    }
+    stroke(path);
+}
+
+void Pass::show(const Note &note, const Place &place)
+{
+    constexpr double smallestLegible = 2.0; // pixels
+    constexpr double widestLetter = 20.0;   // letter heights; some scripts have whole words in one letter
+    const Note shown = std::get<Note>(transformed(note, place.toDrawing));
+    const QPointF start = m_view.toPixels(shown.position);
+    const double height = shown.height * m_view.pixelsPerUnit;
+    if (!VisiblePath(m_visible).mayShow(start, height * widestLetter * (1 + shown.text.size())))
+        return;
+
+    const double cosine = std::cos(shown.rotation);
+    const double sine = std::sin(shown.rotation);
+    VisiblePath path(m_visible);
+    if (height < smallestLegible) {
+        const double length = height * m_lettering.width(shown.text);
+        path.addLine(start, start + length * QPointF(cosine, -sine));
+        stroke(path);
+        return;
+    }
+    const double scale = height / m_lettering.outlineHeight();
+    const QTransform toPixels(scale * cosine, -scale * sine, scale * sine, scale * cosine, start.x(),
+                              start.y());
+    path.addLetters(toPixels.map(m_lettering.outline(shown.text)));
+    m_painter.fillPath(path.path(), m_colour);
+}
+
+/// A shape too small for a line leaves a dot.
+void Pass::stroke(const VisiblePath &path)
+{
+    constexpr double dot = 0.1; // pixels
+    if (path.path().isEmpty())
+        return;
+    const QRectF box = path.path().controlPointRect();
+    if (box.width() < dot && box.height() < dot)
+        m_painter.drawPoint(box.center());
+    else
+        m_painter.drawPath(path.path());
+}
+
+/// Blocks that hold one another twice on every level would otherwise be painted for ever.
+bool Pass::mayStillPaintNested()
+{
+    return m_nestedLeft > 0 && m_nestedLeft-- > 0;
+}
+
+} // namespace
+
+DrawingColours DrawingColours::light()
+{
+    return {QColor(255, 255, 255), QColor(24, 28, 34), QColor(0, 102, 204)};
+}
+
+DrawingColours DrawingColours::dark()
+{
+    return {QColor(33, 37, 43), QColor(226, 230, 236), QColor(255, 176, 32)};
+}
+
+DrawingPainter::DrawingPainter(const DrawingColours &colours)
+    : m_colours(colours)
+{
+}
+
+void DrawingPainter::paint(const Drawing &drawing, QPainter &painter, const ViewTransform &view,
+                           const std::unordered_set<EntityId> &selection)
+{
+    painter.save();
+    Pass pass(drawing, painter, view, m_lettering, m_lineWidth);
+    const Place place{{}, view.toPixels(), 0};
+    bool wasSelected = false;
+    pass.setColour(m_colours.ink);
+    for (const EntityId id : drawing.modelSpace()) {
+        const bool isSelected = selection.count(id) > 0;
+        if (isSelected != wasSelected)
+            pass.setColour(isSelected ? m_colours.selected : m_colours.ink);
+        wasSelected = isSelected;
+        pass.paint(*drawing.find(id), place);
+    }
+    painter.restore();
+}
+
+void DrawingPainter::paintBlock(const Drawing &drawing, const BlockDefinition &block,
+                                const Placement &placement, QPainter &painter, const ViewTransform &view)
+{
+    painter.save();
+    Pass pass(drawing, painter, view, m_lettering, m_lineWidth);
+    pass.setColour(m_colours.selected);
+    pass.paint(block, placement, Place{{}, view.toPixels(), 0});
+    painter.restore();
+}
+
+} // namespace refhost

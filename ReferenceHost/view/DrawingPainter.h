@@ -1,0 +1,53 @@
+// Paints a drawing; window and pictures show it through the same painter.
+
+#pragma once
+
+#include "view/Lettering.h"
+#include "view/ViewTransform.h"
+
+#include <QColor>
+
+#include <unordered_set>
+
+class QPainter;
+
+namespace refhost {
+
+/// The colours of a drawing and of the sheet behind it.
+struct DrawingColours {
+    QColor paper;
+    QColor ink;
+    QColor selected;
+
+    static DrawingColours light();
+    static DrawingColours dark();
+};
+
+/// Paints drawings with lines of the same width at every scale. Remembers the letters it has set: keep one
+/// for as long as a drawing is shown. Needs a QGuiApplication.
+class DrawingPainter {
+public:
+    explicit DrawingPainter(const DrawingColours &colours = DrawingColours::light());
+
+    void setColours(const DrawingColours &colours) { m_colours = colours; }
+    const DrawingColours &colours() const { return m_colours; }
+    /// In pixels.
+    void setLineWidth(double width) { m_lineWidth = width; }
+
+    /// Paints model space in drawing order, the entities in `selection` with all they hold in the colour for
+    /// selected ones. The paper is the caller's to fill.
+    void paint(const Drawing &drawing, QPainter &painter, const ViewTransform &view,
+               const std::unordered_set<EntityId> &selection = {});
+
+    /// Paints `block` as an instance at `placement` would show it, in the colour for selected entities: where
+    /// an insertion is about to go.
+    void paintBlock(const Drawing &drawing, const BlockDefinition &block, const Placement &placement,
+                    QPainter &painter, const ViewTransform &view);
+
+private:
+    DrawingColours m_colours;
+    double m_lineWidth = 1.0;
+    Lettering m_lettering;
+};
+
+} // namespace refhost

@@ -1,0 +1,60 @@
+// Strokes and filled shapes in pixels, reduced to what can be seen.
+
+#pragma once
+
+#include <QPainterPath>
+#include <QRectF>
+
+namespace refhost {
+
+/// Gathers the lines and curves of one shape and leaves out what lies outside the view. Positions may be as
+/// far away as doubles reach; those handed to QPainter, whose rasteriser counts in 16-bit pixels, stay near
+/// the view. Parts that are not finite, or too far away to compute with, are left out.
+class VisiblePath {
+public:
+    /// Everything outside `visible` may be left out; it has to include the width of the pen.
+    explicit VisiblePath(const QRectF &visible);
+
+    void addLine(const QPointF &from, const QPointF &to);
+    void addCubic(const QPointF &from, const QPointF &control1, const QPointF &control2, const QPointF &to);
+    /// A full ellipse by two conjugate radii: center + p cos t + q sin t.
+    void addEllipse(const QPointF &center, const QPointF &p, const QPointF &q);
+    /// `letters`, which are closed shapes; curves become polylines where they have to be cut.
+    void addLetters(const QPainterPath &letters);
+
+    const QPainterPath &path() const { return m_path; }
+
+    /// Whether anything within `reach` pixels of `center` can be seen.
+    bool mayShow(const QPointF &center, double reach) const;
+
+private:
+    struct Box {
+        double left;
+        double top;
+        double right;
+        double bottom;
+
+        static Box around(const QPointF *points, int count);
+        static Box around(const QRectF &rect)
+        {
+            return {rect.left(), rect.top(), rect.right(), rect.bottom()};
+        }
+        Box grown(double by) const { return {left - by, top - by, right + by, bottom + by}; }
+        bool meets(const Box &other) const;
+        bool contains(const Box &other) const;
+    };
+    struct Cubic {
+        QPointF points[4];
+    };
+    struct Arc;
+
+    void add(const Cubic &cubic, int depth);
+    void add(const Arc &arc, double radius, int depth);
+    void moveTo(const QPointF &point);
+
+    Box m_visible;
+    Box m_near; // what may be handed to QPainter
+    QPainterPath m_path;
+};
+
+} // namespace refhost
