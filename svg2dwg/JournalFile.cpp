@@ -4,6 +4,12 @@
 
 #include <cstdio>
 
+namespace {
+
+constexpr int bufferSize = 64 * 1024;
+
+} // namespace
+
 JournalFile::JournalFile(const QString &fileName)
     : m_fileName(fileName)
 {
@@ -15,7 +21,7 @@ QString JournalFile::open(refhost::CallJournal &journal)
         return {};
     if (m_fileName != QLatin1String("-")) {
         m_file = std::make_unique<QSaveFile>(m_fileName);
-        if (!m_file->open(QIODevice::WriteOnly))
+        if (!m_file->open(QIODevice::WriteOnly | QIODevice::Unbuffered))
             return error();
     }
     m_journal = &journal;
@@ -34,21 +40,36 @@ QString JournalFile::close()
     if (!m_journal)
         return {};
     m_journal->end();
-    return !m_file || m_file->commit() ? QString() : error();
+    if (!m_file)
+        return {};
+    writeBuffer();
+    if (!m_isComplete)
+        m_file->cancelWriting();
+    return m_file->commit() ? QString() : error();
 }
 
 void JournalFile::writeLine(const QByteArray &line)
 {
     if (m_file) {
-        m_file->write(line);
-        m_file->write("\n", 1);
+        m_buffer += line;
+        m_buffer += '\n';
+        if (m_buffer.size() > bufferSize)
+            writeBuffer();
     } else {
         std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stdout);
         std::fputc('\n', stdout);
     }
 }
 
+void JournalFile::writeBuffer()
+{
+    // A disk that fills up midway takes a part and reports no error.
+    m_isComplete = m_file->write(m_buffer) == m_buffer.size() && m_isComplete;
+    m_buffer.clear();
+}
+
 QString JournalFile::error() const
 {
-    return QStringLiteral("%1: the journal cannot be written: %2").arg(m_fileName, m_file->errorString());
+    const QString reason = m_isComplete ? m_file->errorString() : QStringLiteral("the disk is full");
+    return QStringLiteral("%1: the journal cannot be written: %2").arg(m_fileName, reason);
 }

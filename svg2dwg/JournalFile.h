@@ -25,9 +25,12 @@ public:
 
 private:
     void writeLine(const QByteArray &line);
+    void writeBuffer();
     QString error() const;
 
     QString m_fileName;
     std::unique_ptr<QSaveFile> m_file;
+    QByteArray m_buffer;
+    bool m_isComplete = true; // false once the disk took less than it was given
     refhost::CallJournal *m_journal = nullptr;
 };

@@ -16,11 +16,9 @@ QString problemInText(QIODevice &file)
     QXmlStreamReader reader(&file);
     reader.setNamespaceProcessing(false);
     const auto here = [&reader](const QString &problem) {
-        // Qt counts columns from 0, editors from 1.
-        return QStringLiteral("%1:%2: %3")
-            .arg(reader.lineNumber())
-            .arg(reader.columnNumber() + 1)
-            .arg(problem);
+        // Qt: columns begin at 0. The reader stands behind the character that showed the problem.
+        const qint64 column = qMax(reader.columnNumber(), qint64(1));
+        return QStringLiteral("%1:%2: %3").arg(reader.lineNumber()).arg(column).arg(problem);
     };
 
     int depth = 0;

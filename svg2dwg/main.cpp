@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QTextCodec>
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <memory>
@@ -47,9 +48,20 @@ int run(const Options &options)
     return report.isAllConverted() ? AllConverted : SomeFailed;
 }
 
+/// Keeps from the user what only concerns how Qt was set up on this machine.
+void printQtMessage(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString &message)
+{
+    if (!message.startsWith(QLatin1String("QStandardPaths:")))
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
 /// Pictures need fonts and so a QGuiApplication; nothing else does.
 std::unique_ptr<QCoreApplication> application(int &argc, char **argv)
 {
+    const bool hasPictures = std::any_of(
+        argv, argv + argc, [](const char *argument) { return qstrcmp(argument, "--preview") == 0; });
+    if (!hasPictures)
+        return std::make_unique<QCoreApplication>(argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     return std::make_unique<QGuiApplication>(argc, argv);
 }
@@ -62,6 +74,7 @@ int main(int argc, char *argv[])
     // File names are UTF-8 whatever the locale; bare machines set none, and Qt would then read them as ASCII.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
 #endif
+    qInstallMessageHandler(printQtMessage);
     try {
         const auto app = application(argc, argv);
         const std::variant<Options, Answer> options = optionsFrom(QCoreApplication::arguments());

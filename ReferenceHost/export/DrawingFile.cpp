@@ -25,9 +25,9 @@ QString writeDrawingFile(const QString &fileName, const EncodedDrawing &drawing)
         return drawing.error;
 
     QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly))
+    // A disk that fills up midway takes a part and reports no error; a buffer would hide even that.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return file.errorString();
-    // A disk that fills up midway takes a part and reports no error.
     if (file.write(drawing.bytes) != drawing.bytes.size()) {
         file.cancelWriting();
         return QStringLiteral("the disk is full");

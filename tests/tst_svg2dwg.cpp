@@ -1,0 +1,479 @@
+// The converter as its users start it: a process with arguments, files and an exit code.
+
+#include "JournalDifference.h"
+
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QtTest>
+
+namespace {
+
+enum ExitCode { AllConverted = 0, SomeFailed = 1, UsageError = 2 };
+
+const QByteArray oneLine = R"svg(<svg><line x1="1" y1="2" x2="3" y2="4"/></svg>)svg";
+const QByteArray notXml = R"svg(<svg>
+<g>
+<line/>
+</svg>)svg";
+
+/// What one run of a program left behind.
+struct Run {
+    int exitCode = -1;
+    QString out;
+    QString err;
+};
+
+Run run(const QString &program, const QStringList &arguments, const QString &folder,
+        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
+{
+    QProcess process;
+    process.setWorkingDirectory(folder);
+    process.setProcessEnvironment(environment);
+    process.start(program, arguments);
+    constexpr int longest = 120'000; // ms; a run that hangs is a failure, not a slow machine
+    if (!process.waitForFinished(longest)) {
+        process.kill();
+        process.waitForFinished();
+        return {-2, {}, QStringLiteral("did not end")};
+    }
+    const int exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    return {exitCode, QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+QProcessEnvironment with(const QString &name, const QString &value)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(name, value);
+    return environment;
+}
+
+QJsonObject readBack(const QString &path)
+{
+    const Run node = run(QStringLiteral("node"), {QStringLiteral(KORVANE_READBACK), path}, QDir::tempPath());
+    if (node.exitCode != 0)
+        qWarning().noquote() << node.err;
+    return QJsonDocument::fromJson(node.out.toUtf8()).object();
+}
+
+QStringList kindsOf(const QJsonArray &entities)
+{
+    QStringList kinds;
+    for (const QJsonValue &entity : entities)
+        kinds << entity.toObject().value("t").toString();
+    return kinds;
+}
+
+} // namespace
+
+class tst_svg2dwg : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void commandLine_data();
+    void commandLine();
+    void badInput_data();
+    void badInput();
+    void smallStack();
+    void savedDrawing();
+    void savedFormats_data();
+    void savedFormats();
+    void folders();
+    void existingOutputs();
+    void sameOutputTwice();
+    void dryRunTouchesNothing();
+    void journal();
+    void previewShowsTheDrawing();
+    void failingSaves_data();
+    void failingSaves();
+    void fullDisk();
+
+private:
+    void write(const QString &name, const QByteArray &content) const;
+    QByteArray content(const QString &name) const;
+    QString path(const QString &name) const { return m_folder->filePath(name); }
+    QStringList filesIn(const QString &folder) const;
+    Run convert(const QStringList &arguments) const
+    {
+        return run(QStringLiteral(SVG2DWG), arguments, m_folder->path());
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void tst_svg2dwg::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_folder->isValid());
+}
+
+void tst_svg2dwg::write(const QString &name, const QByteArray &content) const
+{
+    QVERIFY(QFileInfo(path(name)).dir().mkpath(QStringLiteral(".")));
+    QFile file(path(name));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), qint64(content.size()));
+}
+
+QByteArray tst_svg2dwg::content(const QString &name) const
+{
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QStringList tst_svg2dwg::filesIn(const QString &folder) const
+{
+    return QDir(path(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+}
+
+void tst_svg2dwg::commandLine_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("says");
+
+    QTest::newRow("no arguments") << QStringList() << int(UsageError) << "no SVG file is named";
+    QTest::newRow("no output folder") << QStringList{"a.svg"} << int(UsageError) << "-o FOLDER is missing";
+    QTest::newRow("unknown option") << QStringList{"a.svg", "--scale"} << int(UsageError)
+                                    << "Unknown option 'scale'";
+    QTest::newRow("unknown format") << QStringList{"a.svg", "-o", ".", "--format", "pdf"} << int(UsageError)
+                                    << "unknown format: pdf";
+    QTest::newRow("help") << QStringList{"--help"} << int(AllConverted) << "Examples:";
+    QTest::newRow("version") << QStringList{"--version"} << int(AllConverted) << "svg2dwg " PRODUCT_VERSION;
+    QTest::newRow("a folder without SVG files")
+        << QStringList{".", "--dry-run"} << int(SomeFailed) << "the folder holds no SVG files";
+    QTest::newRow("a journal that cannot be written")
+        << QStringList{"a.svg", "--dry-run", "--journal", "missing/j.jsonl"} << int(SomeFailed)
+        << "missing/j.jsonl: the journal cannot be written";
+    QTest::newRow("an output folder that is a file")
+        << QStringList{"a.svg", "-o", SVG2DWG "/out"} << int(SomeFailed) << "the folder cannot be made";
+}
+
+void tst_svg2dwg::commandLine()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, exitCode);
+    QFETCH(QString, says);
+
+    const Run result = convert(arguments);
+    QVERIFY2((result.out + result.err).contains(says), qPrintable(result.out + result.err));
+    QCOMPARE(result.exitCode, exitCode);
+}
+
+void tst_svg2dwg::badInput_data()
+{
+    QTest::addColumn<QByteArray>("input");
+    QTest::addColumn<QString>("error");
+
+    QTest::newRow("a tag that is not closed: line and column")
+        << notXml << "bad.svg:4:6: not well-formed XML: Opening and ending tag mismatch";
+    QTest::newRow("nothing at all") << QByteArray() << "bad.svg:1:1: not well-formed XML: the file is empty";
+    QTest::newRow("binary data") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\xff\xfe", 13)
+                                 << "bad.svg:1:1: not well-formed XML";
+    QTest::newRow("nested a million deep")
+        << "<svg>" + QByteArray("<g>").repeated(1'000'000) + QByteArray("</g>").repeated(1'000'000) + "</svg>"
+        << "bad.svg:1:773: not converted: nested deeper than 256 levels";
+    QTest::newRow("nested a million deep and never closed")
+        << QByteArray("<g>").repeated(1'000'000)
+        << "bad.svg:1:771: not converted: nested deeper than 256 levels";
+}
+
+void tst_svg2dwg::badInput()
+{
+    QFETCH(QByteArray, input);
+    QFETCH(QString, error);
+    write("bad.svg", input);
+    write("good.svg", oneLine);
+
+    const Run result = convert({"missing.svg", "bad.svg", "good.svg", "-o", "out"});
+    QCOMPARE(result.exitCode, int(SomeFailed));
+    QVERIFY2(result.err.contains("svg2dwg: " + error), qPrintable(result.err));
+    QCOMPARE(result.err.count("missing.svg: cannot be read"), 1);
+    QCOMPARE(result.err.count("svg2dwg: "), 2);
+    QVERIFY2(result.out.endsWith("svg2dwg: 3 files: 1 converted, 2 failed\n"), qPrintable(result.out));
+    QCOMPARE(filesIn("out"), QStringList{"good.dwg"});
+}
+
+void tst_svg2dwg::smallStack()
+{
+#ifdef Q_OS_WIN
+    QSKIP("The stack of a process cannot be limited from outside.");
+#endif
+    write("deep.svg",
+          "<svg>" + QByteArray("<g>").repeated(1'000'000) + QByteArray("</g>").repeated(1'000'000)
+              + "</svg>");
+    write("allowed.svg",
+          "<svg>" + QByteArray("<g>").repeated(255) + QByteArray("</g>").repeated(255) + "</svg>");
+
+    const Run result = run(
+        "sh", {"-c", "ulimit -s 1024 && exec \"$0\" \"$@\"", SVG2DWG, "deep.svg", "allowed.svg", "--dry-run"},
+        m_folder->path());
+    QCOMPARE(result.exitCode, int(SomeFailed));
+    QVERIFY2(result.err.contains("deep.svg:1:773: not converted: nested deeper"), qPrintable(result.err));
+    QVERIFY2(result.out.endsWith("svg2dwg: 2 files: 1 converted, 1 failed\n"), qPrintable(result.out));
+}
+
+void tst_svg2dwg::savedDrawing()
+{
+    write("plän 1.svg", R"svg(<svg><g transform="matrix(1 0 0 1 0 10)"><line x1="1" y1="2" x2="3" y2="4"/>
+        <circle cx="5" cy="6" r="7"/><ellipse cx="10" cy="20" rx="3" ry="2"/><rect x="1" y="2" width="3" height="4"/>
+        <text x="1" y="2" font-size="10">Größe Ω 🙂</text><path d="M0,1 Q5,5 10,2"/></g></svg>)svg");
+    QCOMPARE(convert({"plän 1.svg", "-o", "out"}).exitCode, int(AllConverted));
+
+    const QJsonObject drawing = readBack(path("out/plän 1.dwg"));
+    QCOMPARE(drawing.value("version").toString(), QString("AC1015"));
+    QCOMPARE(drawing.value("complaints").toArray(), QJsonArray());
+    const QJsonArray modelSpace = drawing.value("entities").toArray();
+    QCOMPARE(kindsOf(modelSpace), QStringList{"insert"});
+    QCOMPARE(modelSpace[0].toObject().value("block").toString(), QString("blockName0"));
+
+    QCOMPARE(drawing.value("blocks").toArray().size(), 1);
+    const QJsonObject block = drawing.value("blocks").toArray()[0].toObject();
+    QCOMPARE(block.value("name").toString(), QString("blockName0"));
+    const QJsonArray entities = block.value("entities").toArray();
+    QCOMPARE(kindsOf(entities), (QStringList{"line", "circle", "ellipse", "polyline", "note", "spline"}));
+    QCOMPARE(entities[0].toObject().value("p").toArray(), (QJsonArray{1, -12, 0, 3, -14, 0}));
+    QCOMPARE(entities[1].toObject().value("c").toArray(), (QJsonArray{5, -16, 0}));
+    QCOMPARE(entities[1].toObject().value("r").toDouble(), 7.0);
+    QCOMPARE(entities[2].toObject().value("c").toArray(), (QJsonArray{10, -30, 0}));
+    QCOMPARE(entities[3].toObject().value("p").toArray(), (QJsonArray{1, -12, 4, -12, 4, -16, 1, -16}));
+    QVERIFY(entities[3].toObject().value("closed").toBool());
+    QCOMPARE(entities[4].toObject().value("text").toString(), QString::fromUtf8("Größe Ω 🙂"));
+    QCOMPARE(entities[4].toObject().value("height").toDouble(), 7.0);
+    QCOMPARE(entities[5].toObject().value("control").toArray(),
+             (QJsonArray{0, -11, 0, 5, -15, 0, 5, -15, 0, 10, -12, 0}));
+}
+
+void tst_svg2dwg::savedFormats_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<QStringList>("blocks");
+    QTest::addColumn<QStringList>("modelSpace");
+
+    QTest::newRow("DWG with a block")
+        << QStringList{} << "a.b.dwg" << QStringList{"blockName0"} << QStringList{"insert"};
+    QTest::newRow("DWG exploded") << QStringList{"--explode"} << "a.b.dwg" << QStringList{}
+                                  << QStringList{"line", "circle"};
+    QTest::newRow("DXF with a block")
+        << QStringList{"--format", "dxf"} << "a.b.dxf" << QStringList{"blockName0"} << QStringList{"insert"};
+    QTest::newRow("DXF exploded") << QStringList{"--format", "dxf", "--explode"} << "a.b.dxf" << QStringList{}
+                                  << QStringList{"line", "circle"};
+}
+
+void tst_svg2dwg::savedFormats()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QString, output);
+    write("a.b.svg", R"svg(<svg><circle r="1"/><line x2="1"/></svg>)svg");
+
+    const Run result = convert(QStringList{"a.b.svg", "-o", "out"} + options);
+    QCOMPARE(result.exitCode, int(AllConverted));
+    QCOMPARE(filesIn("out"), QStringList{output});
+
+    const QJsonObject drawing = readBack(path("out/" + output));
+    QStringList blocks;
+    for (const QJsonValue &block : drawing.value("blocks").toArray())
+        blocks << block.toObject().value("name").toString();
+    QTEST(blocks, "blocks");
+    QTEST(kindsOf(drawing.value("entities").toArray()), "modelSpace");
+}
+
+void tst_svg2dwg::folders()
+{
+    write("in/b.SVG", oneLine);
+    write("in/A.svg", oneLine);
+    write("in/empty.Svg", "<svg/>");
+    write("in/notes.txt", "not an SVG file");
+    write("in/below/c.svg", oneLine);
+
+    const Run result = convert({"in", "-o", "out/new"});
+    QVERIFY2(result.exitCode == AllConverted, qPrintable(result.err));
+    QCOMPARE(filesIn("out/new"), (QStringList{"A.dwg", "b.dwg", "empty.dwg"}));
+    QCOMPARE(result.err, QString());
+    QVERIFY(result.out.indexOf("in/A.svg") < result.out.indexOf("in/b.SVG"));
+
+    const QRegularExpression total("all +2 +0 +0 +0 +0 +0\n");
+    QVERIFY2(total.match(result.out).hasMatch(), qPrintable(result.out));
+
+    const Run quiet = convert({"in", "-o", "out/new", "--force", "--quiet"});
+    QCOMPARE(quiet.exitCode, int(AllConverted));
+    QCOMPARE(quiet.out + quiet.err, QString());
+}
+
+void tst_svg2dwg::existingOutputs()
+{
+    write("plan.svg", oneLine);
+    write("out/plan.dwg", "an earlier drawing");
+    write("other/plan.png", "a picture of mine");
+
+    const Run kept = convert({"plan.svg", "-o", "out"});
+    QCOMPARE(kept.exitCode, int(SomeFailed));
+    QVERIFY2(kept.err.contains("out/plan.dwg: exists already and was kept. Use --force to overwrite it."),
+             qPrintable(kept.err));
+    QVERIFY2(kept.out.endsWith("svg2dwg: 1 file: 0 converted, 1 kept\n"), qPrintable(kept.out));
+    QCOMPARE(content("out/plan.dwg"), QByteArray("an earlier drawing"));
+
+    QCOMPARE(convert({"plan.svg", "-o", "other", "--preview"}).exitCode, int(SomeFailed));
+    QCOMPARE(filesIn("other"), QStringList{"plan.png"});
+    QCOMPARE(content("other/plan.png"), QByteArray("a picture of mine"));
+
+    QCOMPARE(convert({"plan.svg", "-o", "out", "--force"}).exitCode, int(AllConverted));
+    QVERIFY(content("out/plan.dwg").startsWith("AC1015"));
+}
+
+void tst_svg2dwg::sameOutputTwice()
+{
+    write("one/plan.svg", oneLine);
+    write("two/plan.svg", "<svg/>");
+
+    const Run result = convert({"one", "two", "-o", "out", "--force"});
+    QCOMPARE(result.exitCode, int(SomeFailed));
+    QVERIFY2(
+        result.err.contains("two/plan.svg: not converted: out/plan.dwg was already made of one/plan.svg"),
+        qPrintable(result.err));
+    QCOMPARE(kindsOf(readBack(path("out/plan.dwg"))
+                         .value("blocks")
+                         .toArray()[0]
+                         .toObject()
+                         .value("entities")
+                         .toArray()),
+             QStringList{"line"});
+}
+
+void tst_svg2dwg::dryRunTouchesNothing()
+{
+    write("plan.svg", oneLine);
+    // A node that cannot be started would be noticed.
+    const Run result = run(SVG2DWG, {"plan.svg", "--dry-run", "--preview", "-o", "out"}, m_folder->path(),
+                           with("KORVANE_NODE", path("no-node")));
+    QVERIFY2(result.exitCode == AllConverted, qPrintable(result.err));
+    QCOMPARE(filesIn("."), QStringList{"plan.svg"});
+    QVERIFY(!QFileInfo::exists(path("out")));
+}
+
+void tst_svg2dwg::journal()
+{
+    write("a.svg", oneLine);
+    write("b.svg", oneLine);
+    QCOMPARE(
+        convert({"a.svg", "bad.svg", "b.svg", "--dry-run", "--explode", "--journal", "calls.jsonl"}).exitCode,
+        int(SomeFailed));
+
+    const auto callsFor = [](const QByteArray &input, const QByteArray &number) {
+        const QByteArray block = "\"blockName" + QByteArray::number(number.toInt() - 1) + '"';
+        const QByteArray document = R"("on":"kvDocument_c#)" + number + R"(",)";
+        const QByteArray definition = R"("on":"kvBlockDefinition_c#)" + number + R"(",)";
+        return QByteArrayList{
+            R"({"input":")" + input + R"("})",
+            R"({"call":"kvApplication_c::GetCommandMessage","args":[],"result":0})",
+            R"({"call":"kvApplication_c::GetActiveDocument","args":[],"result":0})",
+            R"({"call":"kvDocument_c::GetModel",)" + document + R"("args":[],"result":0})",
+            R"({"call":"kvModel_c::GetSketchManager","args":[],"result":0})",
+            R"({"call":"kvSketchManager_c::InsertLine","args":[1,2,0,3,4,0],"result":0})",
+            R"({"call":"kvDocument_c::CreateBlockDefinition",)" + document + R"("args":[)" + block + ','
+                + block + R"(,0,0,0,[24,30,21,22,26,23,27,66],["kvLine_c#)" + number + R"("],3],"result":0})",
+            R"({"call":"kvBlockDefinition_c::GetName",)" + definition + R"("args":[],"result":0})",
+            R"({"call":"kvBlockDefinition_c::GetName",)" + definition + R"("args":[],"result":0})",
+            R"({"call":"kvApplication_c::GetActiveDocument","args":[],"result":0})",
+            R"({"call":"kvDocument_c::GetModel",)" + document + R"("args":[],"result":0})",
+            R"({"call":"kvModel_c::GetSketchManager","args":[],"result":0})",
+            R"({"call":"kvSketchManager_c::InsertBlock2","args":[)" + block
+                + R"(,0,0,0,1,1,1,0],"result":0})",
+            R"({"call":"kvBlockInstance_c::Explode","on":"kvBlockInstance_c#)" + number
+                + R"(","args":[],"result":0})",
+        };
+    };
+    QByteArrayList lines = content("calls.jsonl").split('\n');
+    QCOMPARE(lines.takeLast(), QByteArray());
+    const QString difference = journalDifference(
+        lines, callsFor("a.svg", "1") + QByteArrayList{R"({"input":"bad.svg"})"} + callsFor("b.svg", "2"));
+    QVERIFY2(difference.isEmpty(), qPrintable(difference));
+}
+
+void tst_svg2dwg::previewShowsTheDrawing()
+{
+    write(
+        "cross.svg",
+        R"svg(<svg><line x1="0" y1="0" x2="100" y2="100"/><line x1="0" y1="100" x2="100" y2="0"/></svg>)svg");
+    write("empty.svg", "<svg/>");
+    QCOMPARE(convert({"cross.svg", "empty.svg", "-o", "out", "--preview"}).exitCode, int(AllConverted));
+    QCOMPARE(filesIn("out"), (QStringList{"cross.dwg", "cross.png", "empty.dwg", "empty.png"}));
+
+    const auto isInked = [](const QImage &picture, int x, int y) { return qGray(picture.pixel(x, y)) < 128; };
+    const QImage cross(path("out/cross.png"));
+    QCOMPARE(qMax(cross.width(), cross.height()), 1024);
+    QVERIFY(isInked(cross, cross.width() / 2, cross.height() / 2));
+    QVERIFY(!isInked(cross, cross.width() / 2, cross.height() / 4));
+    const QImage empty(path("out/empty.png"));
+    QVERIFY(!empty.isNull());
+    QVERIFY(!isInked(empty, empty.width() / 2, empty.height() / 2));
+}
+
+void tst_svg2dwg::failingSaves_data()
+{
+    QTest::addColumn<QString>("variable");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("error");
+
+    QTest::newRow("node is missing") << "KORVANE_NODE"
+                                     << "no-such-node"
+                                     << "could not be started";
+    QTest::newRow("the encoder is killed while it works") << "KORVANE_ENCODER"
+                                                          << "killed.mjs"
+                                                          << "stopped unexpectedly";
+    QTest::newRow("the encoder is missing") << "KORVANE_ENCODER"
+                                            << "no-such-file.mjs"
+                                            << "no-such-file.mjs is missing";
+}
+
+void tst_svg2dwg::failingSaves()
+{
+    QFETCH(QString, variable);
+    QFETCH(QString, value);
+    QFETCH(QString, error);
+    write("killed.mjs", "process.stdin.on('data', () => process.kill(process.pid, 'SIGKILL'));");
+    write("plan.svg", oneLine);
+    write("roof.svg", oneLine);
+    write("out/plan.dwg", "an earlier drawing");
+
+    const QString fullValue = value.endsWith(".mjs") ? path(value) : value;
+    const Run result = run(SVG2DWG, {"plan.svg", "roof.svg", "-o", "out", "--force", "--preview"},
+                           m_folder->path(), with(variable, fullValue));
+    QCOMPARE(result.exitCode, int(SomeFailed));
+    for (const char *drawing : {"out/plan.dwg", "out/roof.dwg"})
+        QVERIFY2(result.err.contains(QStringLiteral("svg2dwg: %1: not saved: ").arg(drawing)),
+                 qPrintable(result.err));
+    QVERIFY2(result.err.contains(error), qPrintable(result.err));
+    QCOMPARE(filesIn("out"), QStringList{"plan.dwg"});
+    QCOMPARE(content("out/plan.dwg"), QByteArray("an earlier drawing"));
+}
+
+void tst_svg2dwg::fullDisk()
+{
+#ifdef Q_OS_WIN
+    QSKIP("The size of files cannot be limited from outside.");
+#endif
+    write("plan.svg", oneLine);
+    write("out/plan.dwg", "an earlier drawing");
+
+    // A limit of one block on the size of files stands for a disk without room.
+    const Run result = run(
+        "sh",
+        {"-c", "trap '' XFSZ; ulimit -f 1; exec \"$0\" \"$@\"", SVG2DWG, "plan.svg", "-o", "out", "--force"},
+        m_folder->path());
+    QCOMPARE(result.exitCode, int(SomeFailed));
+    QVERIFY2(result.err.contains("out/plan.dwg: not saved: "), qPrintable(result.err));
+    QCOMPARE(filesIn("out"), QStringList{"plan.dwg"});
+    QCOMPARE(content("out/plan.dwg"), QByteArray("an earlier drawing"));
+}
+
+QTEST_GUILESS_MAIN(tst_svg2dwg)
+
+#include "tst_svg2dwg.moc"
