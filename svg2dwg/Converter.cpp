@@ -105,8 +105,7 @@ void Converter::save(const Pending &pending)
     }
     if (m_options.preview) {
         const QString picture = OutputPaths::pictureBeside(pending.drawingFile);
-        error = refhost::writePicture(pending.document->drawing, picture);
-        if (!error.isEmpty()) {
+        if (!refhost::writePicture(pending.document->drawing, picture, &error)) {
             m_report.failed(QStringLiteral("%1: not saved: %2").arg(picture, error));
             return;
         }
