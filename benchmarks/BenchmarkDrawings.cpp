@@ -32,6 +32,15 @@ QByteArray svgOf(const QByteArray &content)
         + "</svg>\n";
 }
 
+/// A path that repeats `pattern`, which holds `numbersInPattern` numbers, until it has `numbers` of them.
+QByteArray pathSvg(const QByteArray &pattern, int numbersInPattern, int numbers)
+{
+    QByteArray data = "M0 0";
+    for (int i = 0; i < numbers; i += numbersInPattern)
+        data += QString::fromLatin1(pattern).arg(i % 997).arg(i % 1009).toLatin1();
+    return svgOf(R"svg(<path d=")svg" + data + R"svg("/>)svg");
+}
+
 } // namespace
 
 QByteArray mixedSvg(int elements)
@@ -49,13 +58,14 @@ QByteArray mixedSvg(int elements)
 
 QByteArray longPathSvg(int numbers)
 {
-    constexpr int numbersPerRound = 2 + 6 + 4;
-    QByteArray data = "M0 0";
-    for (int i = 0; i < numbers; i += numbersPerRound) {
-        data +=
-            QStringLiteral("L%1,%2.5C%1-1 %2 3.25 4 5 6Q%1 %2 7 8.125").arg(i % 997).arg(i % 1009).toLatin1();
-    }
-    return svgOf(R"svg(<path d=")svg" + data + R"svg("/>)svg");
+    const QByteArray straightRun = 'L' + QByteArray("%1,%2.5 ").repeated(20);
+    const QByteArray curves = 'C' + QByteArray("%1,-1 %2 3.25 4.125,%1 ").repeated(5);
+    return pathSvg(straightRun + curves, 40 + 30, numbers);
+}
+
+QByteArray shortCommandsSvg(int numbers)
+{
+    return pathSvg("L%1,%2.5C%1-1 %2 3.25 4 5 6Q%1 %2 7 8.125", 2 + 6 + 4, numbers);
 }
 
 SvgFile::SvgFile(const QByteArray &svgText)

@@ -10,8 +10,13 @@
 /// groups of twenty that carry a matrix.
 QByteArray mixedSvg(int elements);
 
-/// An SVG text of one path whose straight and curve commands have `numbers` numbers in all.
+/// An SVG text of one path with `numbers` numbers, as a map's outline has them: runs of twenty straight
+/// points and of five curve segments.
 QByteArray longPathSvg(int numbers);
+
+/// The same count of numbers in commands as short as they come, one for every four numbers: the most entities
+/// that a text of that size can give.
+QByteArray shortCommandsSvg(int numbers);
 
 /// `svgText` in a temporary file that lives as long as this object.
 class SvgFile {

@@ -153,6 +153,11 @@ void AfterXmlShareOfLongPath(benchmark::State &state)
     afterXmlShare(state, longPathSvg(static_cast<int>(state.range(0))));
 }
 
+void AfterXmlShareOfShortCommands(benchmark::State &state)
+{
+    afterXmlShare(state, shortCommandsSvg(static_cast<int>(state.range(0))));
+}
+
 void elementSizes(benchmark::internal::Benchmark *benchmark)
 {
     benchmark->RangeMultiplier(10)->Range(1'000, 100'000)->Unit(benchmark::kMillisecond);
@@ -174,5 +179,6 @@ BENCHMARK(EmissionOfElements)->Apply(elementSizes)->Complexity();
 BENCHMARK(EmissionOfLongPath)->Apply(pathSizes);
 BENCHMARK(AfterXmlShareOfElements)->Apply(elementSizes);
 BENCHMARK(AfterXmlShareOfLongPath)->Apply(pathSizes);
+BENCHMARK(AfterXmlShareOfShortCommands)->Apply(pathSizes);
 
 BENCHMARK_MAIN();
