@@ -333,8 +333,8 @@ void tst_SVGBlockBuilder::everyCallMayBeRefused()
     const bool needed =
         method == "kvApplication_c::GetActiveDocument" || method == "kvDocument_c::CreateBlockDefinition";
     QCOMPARE(hasBlock, !needed);
-    QVERIFY(callsOf(host.calls, [](const QByteArray &call) { return call.contains(R"("result":1)"); }).size()
-            > 0);
+    const auto isRefused = [](const QByteArray &call) { return call.contains("\"result\":1"); };
+    QVERIFY(std::any_of(host.calls.begin(), host.calls.end(), isRefused));
 }
 
 void tst_SVGBlockBuilder::withoutDrawing()

@@ -279,7 +279,7 @@ void tst_svg2dwg::savedFormats()
 
     const QJsonObject drawing = readBack(path("out/" + output));
     QStringList blocks;
-    for (const QJsonValue &block : drawing.value("blocks").toArray())
+    for (const auto &block : drawing.value("blocks").toArray())
         blocks << block.toObject().value("name").toString();
     QTEST(blocks, "blocks");
     QTEST(kindsOf(drawing.value("entities").toArray()), "modelSpace");
