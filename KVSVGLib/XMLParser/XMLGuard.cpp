@@ -111,7 +111,7 @@ bool XMLGuard::internalEntityDecl(const QString &name, const QString &value)
     const bool isParameterEntity = name.startsWith(QLatin1Char('%'));
     if (isParameterEntity && (isTooDeep(QStringRef(&value)) || endsInsideDeclaration(value)))
         return false;
-    if (!isParameterEntity && !m_entities.contains(name)) // XML recommendation: the first declaration binds
+    if (!isParameterEntity)
         m_entities.insert(name, value);
     return countDeclaration(value) && m_declaration->internalEntityDecl(name, value);
 }
