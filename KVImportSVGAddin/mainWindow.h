@@ -1,0 +1,102 @@
+// The dialog that IMPORTSVG opens: one SVG file as a block, or a folder of them as drawings.
+
+#pragma once
+
+#include "kvDocument.h"
+#include "kvInterfacePtr.h"
+
+#include <QByteArray>
+#include <QDialog>
+#include <QFileDialog>
+#include <QList>
+#include <QMessageBox>
+#include <QProcess>
+#include <QStringList>
+
+#include <memory>
+
+class QLineEdit;
+class QTreeWidgetItem;
+
+namespace Ui {
+class MainWindow;
+}
+
+/// The import dialog. It serves one run of the command: when it has been closed, the next run makes a new
+/// one.
+class mainWindow : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit mainWindow(QWidget *parent = nullptr);
+    ~mainWindow() override;
+
+    /// True until the dialog is closed. Hiding it, as Esc does, leaves it true.
+    bool m_dialogActive = false;
+
+private:
+    std::unique_ptr<Ui::MainWindow> ui;
+    QByteArray m_svgData;                     // UTF-8 text of the file chosen for single import
+    QByteArray m_batchSvgData;                // UTF-8 text of the file being converted
+    QList<QTreeWidgetItem *> m_treeItemArray; // the tree's; read through listedFiles()
+    int m_treeItemCount = 0;
+    QTreeWidgetItem *m_treeItem = nullptr;             // the file listed last
+    QTreeWidgetItem *m_treeChildItem = nullptr;        // its row with the table
+    QFileDialog m_fileDialog;                          // never shown
+    kvDocument_c *m_batchDocument = nullptr;           // set while a batch run has a drawing of its own
+    kvInterfacePtr<kvBlockInstance_c> m_blockInstance; // inserted last
+    bool m_continueBatch = true;                       // false once the user confirmed Abort
+    QProcess m_process;                                // not used
+
+public slots:
+    // Their order is the order of the meta-object's table.
+    void OK();
+    void Browse();
+    void Cancel();
+    void Specify_checked_clicked();
+    void scale_specify_checkBox_clicked();
+    void rotation_specify_checkBox_clicked();
+    void On_Abort_Button_clicked();
+    void On_global_settings_checkbox_clicked();
+    void On_explode_checkBox_checked(bool checkboxFlag);
+    void On_master_unit_radioButton_clicked();
+    void On_sub_unit_radioButton_clicked();
+    void On_dest_path_browse_pushButton();
+    void On_source_path_browse_pushButton();
+    void On_start_pushButton_clicked();
+    void On_global_set_checkBox_clicked();
+    void On_treeeWidget_checkBox_clicked(QTreeWidgetItem *iem);
+    void On_checkBox2_checked();
+    void On_help_clicked();
+    void On_treeItem_clicked();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    enum class SpecifyLater { Position, Scale, Rotation };
+
+    void initializeControls();
+    void connectControls();
+    void applySpecifyLater(SpecifyLater group);
+
+    // How it looks.
+    void applyTheme();
+    void applyDarkStyle(QWidget *owner, QWidget *target);
+    void colorFields(const QList<QLineEdit *> &fields, bool disabled);
+    int showMessage(QMessageBox::Icon icon, const QString &title, const QString &text,
+                    QMessageBox::StandardButtons buttons);
+
+    // One file.
+    void openSvgFile(QString &path);
+    void showChosenFile(const QString &name, const QString &folder);
+    void insertSvgBlock(bool explode, const QString &angle, const QString &scale);
+
+    // A folder of files.
+    void getFolderPath(QString &path);
+    void listFiles(const QStringList &names);
+    void addListedFile(const QString &name);
+    QList<QTreeWidgetItem *> listedFiles() const;
+    bool hasBothFolders() const;
+    void convertFiles(const QStringList &names, QString &lastOutput);
+};
