@@ -108,6 +108,7 @@ private:
     }
 
     void stroke(const VisiblePath &path);
+    void strokeIfLong(VisiblePath &path);
     bool mayStillPaintNested();
 
     const Drawing &m_drawing;
@@ -132,6 +133,7 @@ void Pass::show(const Polyline &polyline, const Place &place)
         const QPointF to = pixelOf({points[i], points[i + 1], 0.0}, place);
         path.addLine(from, to);
         from = to;
+        strokeIfLong(path);
     }
     if (polyline.closed)
         path.addLine(from, first);
@@ -145,6 +147,7 @@ void Pass::show(const Spline &spline, const Place &place)
     for (std::size_t i = 0; i + 3 < control.size(); i += 3) {
         path.addCubic(pixelOf(control[i], place), pixelOf(control[i + 1], place),
                       pixelOf(control[i + 2], place), pixelOf(control[i + 3], place));
+        strokeIfLong(path);
     }
     stroke(path);
 }
@@ -156,36 +159,45 @@ void Pass::show(const Note &note, const Place &place)
     const Note shown = std::get<Note>(transformed(note, place.toDrawing));
     const QPointF start = m_view.toPixels(shown.position);
     const double height = shown.height * m_view.pixelsPerUnit;
-    if (!VisiblePath(m_visible).mayShow(start, height * widestLetter * (1 + shown.text.size())))
+    VisiblePath path(m_visible);
+    if (!path.mayShow(start, height * widestLetter * (1 + shown.text.size())))
         return;
 
-    const double cosine = std::cos(shown.rotation);
-    const double sine = std::sin(shown.rotation);
-    VisiblePath path(m_visible);
-    if (height < smallestLegible) {
-        const double length = height * m_lettering.width(shown.text);
-        path.addLine(start, start + length * QPointF(cosine, -sine));
-        stroke(path);
-        return;
-    }
+    const bool isLegible = height >= smallestLegible;
     const double scale = height / m_lettering.outlineHeight();
-    const QTransform toPixels(scale * cosine, -scale * sine, scale * sine, scale * cosine, start.x(),
-                              start.y());
-    path.addLetters(toPixels.map(m_lettering.outline(shown.text)));
-    m_painter.fillPath(path.path(), m_colour);
+    const double cosine = scale * std::cos(shown.rotation);
+    const double sine = scale * std::sin(shown.rotation);
+    const QTransform toPixels(cosine, -sine, sine, cosine, start.x(), start.y());
+    path.addLetters(toPixels.map(isLegible ? m_lettering.outline(shown.text) : m_lettering.bar(shown.text)));
+
+    QColor colour = m_colour;
+    if (!isLegible)
+        colour.setAlphaF(0.4); // about as much ink as letters have
+    m_painter.fillPath(path.path(), colour);
 }
 
 /// A shape too small for a line leaves a dot.
 void Pass::stroke(const VisiblePath &path)
 {
     constexpr double dot = 0.1; // pixels
-    if (path.path().isEmpty())
+    if (path.path().elementCount() == 0)
         return;
     const QRectF box = path.path().controlPointRect();
     if (box.width() < dot && box.height() < dot)
         m_painter.drawPoint(box.center());
     else
         m_painter.drawPath(path.path());
+}
+
+/// Strokes what `path` has gathered when it is much. QPainter finds the outline of a path as a whole: a
+/// spiral of 100,000 points takes 3 s at once. Round line ends hide where the parts meet.
+void Pass::strokeIfLong(VisiblePath &path)
+{
+    constexpr int manyPoints = 128;
+    if (path.path().elementCount() < manyPoints)
+        return;
+    stroke(path);
+    path = VisiblePath(m_visible);
 }
 
 /// Blocks that hold one another twice on every level would otherwise be painted for ever.

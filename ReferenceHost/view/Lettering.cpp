@@ -3,6 +3,8 @@
 #include "view/Lettering.h"
 
 #include <QFontMetricsF>
+#include <QGlyphRun>
+#include <QTextLayout>
 
 #include <algorithm>
 
@@ -14,9 +16,6 @@ constexpr int pixelSize = 64;
 /// As many letters as a drawing file holds; the font engine counts pixels in 26 bits, so there has to be an
 /// end.
 constexpr int longestText = 32767;
-/// Labels repeat in blocks and tables; a drawing of a hundred thousand different ones must not fill the
-/// memory.
-constexpr int mostOutlines = 4096;
 
 QFont largeFont()
 {
@@ -65,16 +64,39 @@ double Lettering::width(const QString &text)
 
 QPainterPath Lettering::outline(const QString &text)
 {
-    const auto known = m_outlines.constFind(text);
-    if (known != m_outlines.constEnd())
-        return known.value();
+    QTextLayout layout(oneLine(text), m_font);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
 
     QPainterPath path;
-    path.addText(0.0, 0.0, m_font, oneLine(text));
     path.setFillRule(Qt::WindingFill);
-    if (m_outlines.size() < mostOutlines)
-        m_outlines.insert(text, path);
+    const QPointF toBaseline(0.0, -line.ascent());
+    const QList<QGlyphRun> runs = layout.glyphRuns();
+    for (const QGlyphRun &run : runs) {
+        const QRawFont font = run.rawFont();
+        const QVector<quint32> glyphs = run.glyphIndexes();
+        const QVector<QPointF> positions = run.positions();
+        for (int i = 0; i < glyphs.size(); ++i)
+            path.addPath(glyphOutline(font, glyphs[i]).translated(positions[i] + toBaseline));
+    }
     return path;
+}
+
+QPainterPath Lettering::bar(const QString &text)
+{
+    QPainterPath path;
+    path.addRect(0.0, -m_capHeight, width(text) * m_capHeight, m_capHeight);
+    return path;
+}
+
+const QPainterPath &Lettering::glyphOutline(const QRawFont &font, quint32 glyph)
+{
+    QHash<quint32, QPainterPath> &outlines = m_outlines[font];
+    auto known = outlines.find(glyph);
+    if (known == outlines.end())
+        known = outlines.insert(glyph, font.pathForGlyph(glyph));
+    return known.value();
 }
 
 } // namespace refhost

@@ -2,11 +2,11 @@
 
 #pragma once
 
+#include <QFont>
 #include <QHash>
 #include <QPainterPath>
+#include <QRawFont>
 #include <QString>
-
-#include <QFont>
 
 namespace refhost {
 
@@ -25,15 +25,19 @@ public:
     /// The letters of `text`, standing on the y axis's 0 and starting at the x axis's, y down, each unit
     /// 1 / outlineHeight() letter heights.
     QPainterPath outline(const QString &text);
+    /// A bar in place of letters too small to read, in the same units.
+    QPainterPath bar(const QString &text);
     double outlineHeight() const { return m_capHeight; }
 
 private:
+    const QPainterPath &glyphOutline(const QRawFont &font, quint32 glyph);
+
     QFont m_font;
     double m_capHeight = 1.0;
     double m_ascent = 0.0;
     double m_descent = 0.0;
     QHash<QString, double> m_widths;
-    QHash<QString, QPainterPath> m_outlines;
+    QHash<QRawFont, QHash<quint32, QPainterPath>> m_outlines; // the font may change within a text
 };
 
 } // namespace refhost

@@ -12,7 +12,7 @@ namespace {
 /// How many pixels a unit may have for `halfLength` units to fit into `pixels`.
 double fittingScale(double halfLength, double pixels)
 {
-    constexpr double largest = 1e300;
+    constexpr double largest = 1e307;
     return halfLength > 0.0 ? std::min(0.5 * std::max(pixels, 1.0) / halfLength, largest)
                             : std::numeric_limits<double>::infinity();
 }

@@ -1,9 +1,7 @@
-// Halves curves until each piece can be dropped or is near enough to be handed on whole, which takes a number
-// of steps that grows with the logarithm of the curve's size; straight lines are cut exactly.
+// Halves large curves until each piece can be dropped or is small enough to be handed on, which takes a
+// number of steps that grows with the logarithm of the curve's size.
 
 #include "view/VisiblePath.h"
-
-#include <QPolygonF>
 
 #include <algorithm>
 #include <cmath>
@@ -12,7 +10,7 @@ namespace refhost {
 
 namespace {
 
-/// Far enough to hide where a stroke was cut, far below the rasteriser's 32,767 pixels.
+/// How far a curve may reach out of the view on each side before it is halved.
 constexpr double nearView = 2000.0;
 /// Products of two positions beyond this may overflow.
 constexpr double furthest = 1e100;
@@ -27,36 +25,6 @@ bool isUsable(const QPointF &point)
 QPointF middle(const QPointF &a, const QPointF &b)
 {
     return 0.5 * a + 0.5 * b;
-}
-
-/// The part of a line on one side of a boundary: narrows the parameters [first, last] to where
-/// offset + t * slope >= 0.
-void narrow(double offset, double slope, double &first, double &last)
-{
-    if (slope > 0.0)
-        first = std::max(first, -offset / slope);
-    else if (slope < 0.0)
-        last = std::min(last, -offset / slope);
-    else if (offset < 0.0)
-        last = -1.0;
-}
-
-/// The part of a polygon for which `inside` is not negative; `inside` is linear in the position.
-template <typename Inside>
-QPolygonF halfOf(const QPolygonF &polygon, Inside inside)
-{
-    QPolygonF result;
-    for (int i = 0; i < polygon.size(); ++i) {
-        const QPointF &from = polygon[i];
-        const QPointF &to = polygon[(i + 1) % polygon.size()];
-        const double fromInside = inside(from);
-        const double toInside = inside(to);
-        if (fromInside >= 0.0)
-            result << from;
-        if ((fromInside >= 0.0) != (toInside >= 0.0))
-            result << from + (to - from) * (fromInside / (fromInside - toInside));
-    }
-    return result;
 }
 
 } // namespace
@@ -117,26 +85,10 @@ void VisiblePath::addLine(const QPointF &from, const QPointF &to)
     if (!isUsable(from) || !isUsable(to))
         return;
     const QPointF ends[] = {from, to};
-    const Box box = Box::around(ends, 2);
-    if (!m_visible.meets(box))
+    if (!m_visible.meets(Box::around(ends, 2)))
         return;
-    if (m_near.contains(box)) {
-        moveTo(from);
-        m_path.lineTo(to);
-        return;
-    }
-
-    const QPointF way = to - from;
-    double first = 0.0;
-    double last = 1.0;
-    narrow(from.x() - m_near.left, way.x(), first, last);
-    narrow(m_near.right - from.x(), -way.x(), first, last);
-    narrow(from.y() - m_near.top, way.y(), first, last);
-    narrow(m_near.bottom - from.y(), -way.y(), first, last);
-    if (first > last)
-        return;
-    moveTo(first > 0.0 ? from + first * way : from);
-    m_path.lineTo(last < 1.0 ? from + last * way : to);
+    moveTo(from);
+    m_path.lineTo(to);
 }
 
 void VisiblePath::addCubic(const QPointF &from, const QPointF &control1, const QPointF &control2,
@@ -158,22 +110,8 @@ void VisiblePath::addEllipse(const QPointF &center, const QPointF &p, const QPoi
 
 void VisiblePath::addLetters(const QPainterPath &letters)
 {
-    const Box box = Box::around(letters.controlPointRect());
-    if (!m_visible.meets(box))
-        return;
-    if (m_near.contains(box)) {
+    if (m_visible.meets(Box::around(letters.controlPointRect())))
         m_path.addPath(letters);
-        return;
-    }
-    const Box limits = m_near;
-    for (QPolygonF polygon : letters.toSubpathPolygons()) {
-        polygon = halfOf(polygon, [&](const QPointF &point) { return point.x() - limits.left; });
-        polygon = halfOf(polygon, [&](const QPointF &point) { return limits.right - point.x(); });
-        polygon = halfOf(polygon, [&](const QPointF &point) { return point.y() - limits.top; });
-        polygon = halfOf(polygon, [&](const QPointF &point) { return limits.bottom - point.y(); });
-        m_path.addPolygon(polygon);
-        m_path.closeSubpath();
-    }
 }
 
 bool VisiblePath::mayShow(const QPointF &center, double reach) const

@@ -7,9 +7,10 @@
 
 namespace refhost {
 
-/// Gathers the lines and curves of one shape and leaves out what lies outside the view. Positions may be as
-/// far away as doubles reach; those handed to QPainter, whose rasteriser counts in 16-bit pixels, stay near
-/// the view. Parts that are not finite, or too far away to compute with, are left out.
+/// Gathers the lines and curves of one shape and leaves out what lies outside the view. QPainter cuts
+/// straight lines at any distance (measured up to 1e15 pixels) but flattens a curve to some thousand lines at
+/// most and knows circles as four cubics only; so the visible part of a large curve is handed on in pieces.
+/// Parts that are not finite, or too far away to compute with, are left out.
 class VisiblePath {
 public:
     /// Everything outside `visible` may be left out; it has to include the width of the pen.
@@ -19,7 +20,7 @@ public:
     void addCubic(const QPointF &from, const QPointF &control1, const QPointF &control2, const QPointF &to);
     /// A full ellipse by two conjugate radii: center + p cos t + q sin t.
     void addEllipse(const QPointF &center, const QPointF &p, const QPointF &q);
-    /// `letters`, which are closed shapes; curves become polylines where they have to be cut.
+    /// `letters`, which are closed shapes, all or none of them.
     void addLetters(const QPainterPath &letters);
 
     const QPainterPath &path() const { return m_path; }
@@ -53,7 +54,7 @@ private:
     void moveTo(const QPointF &point);
 
     Box m_visible;
-    Box m_near; // what may be handed to QPainter
+    Box m_near; // curves within it are handed on whole
     QPainterPath m_path;
 };
 
