@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>&amp;Specify later</source>
-        <translation>&amp;Spécifier plus tard</translation>
+        <translation>&amp;Spécifier après</translation>
     </message>
     <message>
         <source>Scale</source>
@@ -73,7 +73,7 @@
     </message>
     <message>
         <source>Specify &amp;later</source>
-        <translation>Spé&amp;cifier plus tard</translation>
+        <translation>Spé&amp;cifier après</translation>
     </message>
     <message>
         <source>Rotation</source>
@@ -85,7 +85,7 @@
     </message>
     <message>
         <source>Sp&amp;ecify later</source>
-        <translation>Spécifie&amp;r plus tard</translation>
+        <translation>Spécifie&amp;r après</translation>
     </message>
     <message>
         <source>SVG file units</source>

@@ -41,7 +41,7 @@
     </message>
     <message>
         <source>Select a design model</source>
-        <translation>Konstruktionsmodell wählen</translation>
+        <translation>Konstruktionsmodell</translation>
     </message>
     <message>
         <source>Position</source>
@@ -89,7 +89,7 @@
     </message>
     <message>
         <source>SVG file units</source>
-        <translation>Einheiten der SVG-Datei</translation>
+        <translation>SVG-Dateieinheiten</translation>
     </message>
     <message>
         <source>&amp;Master units</source>

@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>&amp;Specify later</source>
-        <translation>S&amp;pecifica in seguito</translation>
+        <translation>S&amp;pecifica dopo</translation>
     </message>
     <message>
         <source>Scale</source>
@@ -73,7 +73,7 @@
     </message>
     <message>
         <source>Specify &amp;later</source>
-        <translation>Specifi&amp;ca in seguito</translation>
+        <translation>Specifi&amp;ca dopo</translation>
     </message>
     <message>
         <source>Rotation</source>
@@ -85,7 +85,7 @@
     </message>
     <message>
         <source>Sp&amp;ecify later</source>
-        <translation>Specifica in se&amp;guito</translation>
+        <translation>Specifica &amp;dopo</translation>
     </message>
     <message>
         <source>SVG file units</source>

@@ -41,7 +41,7 @@
     </message>
     <message>
         <source>Select a design model</source>
-        <translation>Wybierz model projektowy</translation>
+        <translation>Model projektowy</translation>
     </message>
     <message>
         <source>Position</source>
@@ -69,7 +69,7 @@
     </message>
     <message>
         <source>&amp;Factor :</source>
-        <translation>Współ&amp;czynnik:</translation>
+        <translation>&amp;Mnożnik:</translation>
     </message>
     <message>
         <source>Specify &amp;later</source>
@@ -185,7 +185,7 @@
     </message>
     <message>
         <source>Factor :</source>
-        <translation>Współczynnik:</translation>
+        <translation>Mnożnik:</translation>
     </message>
     <message>
         <source>Cancel</source>

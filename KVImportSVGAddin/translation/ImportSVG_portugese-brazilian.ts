@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>&amp;Specify later</source>
-        <translation>E&amp;specificar depois</translation>
+        <translation>&amp;Definir depois</translation>
     </message>
     <message>
         <source>Scale</source>
@@ -73,7 +73,7 @@
     </message>
     <message>
         <source>Specify &amp;later</source>
-        <translation>Especifi&amp;car depois</translation>
+        <translation>Definir depoi&amp;s</translation>
     </message>
     <message>
         <source>Rotation</source>
@@ -85,11 +85,11 @@
     </message>
     <message>
         <source>Sp&amp;ecify later</source>
-        <translation>Especificar &amp;depois</translation>
+        <translation>Definir dep&amp;ois</translation>
     </message>
     <message>
         <source>SVG file units</source>
-        <translation>Unidades do arquivo SVG</translation>
+        <translation>Unidades do SVG</translation>
     </message>
     <message>
         <source>&amp;Master units</source>

@@ -41,7 +41,7 @@
     </message>
     <message>
         <source>Select a design model</source>
-        <translation>Выберите модель проекта</translation>
+        <translation>Модель проекта</translation>
     </message>
     <message>
         <source>Position</source>
@@ -69,7 +69,7 @@
     </message>
     <message>
         <source>&amp;Factor :</source>
-        <translation>&amp;Коэффициент:</translation>
+        <translation>&amp;Коэфф.:</translation>
     </message>
     <message>
         <source>Specify &amp;later</source>
@@ -185,7 +185,7 @@
     </message>
     <message>
         <source>Factor :</source>
-        <translation>Коэффициент:</translation>
+        <translation>Коэфф.:</translation>
     </message>
     <message>
         <source>Cancel</source>

@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>&amp;Specify later</source>
-        <translation>E&amp;specificar después</translation>
+        <translation>Indicar de&amp;spués</translation>
     </message>
     <message>
         <source>Scale</source>
@@ -73,7 +73,7 @@
     </message>
     <message>
         <source>Specify &amp;later</source>
-        <translation>Espe&amp;cificar después</translation>
+        <translation>Indi&amp;car después</translation>
     </message>
     <message>
         <source>Rotation</source>
@@ -85,11 +85,11 @@
     </message>
     <message>
         <source>Sp&amp;ecify later</source>
-        <translation>Especifica&amp;r después</translation>
+        <translation>Indica&amp;r después</translation>
     </message>
     <message>
         <source>SVG file units</source>
-        <translation>Unidades del archivo SVG</translation>
+        <translation>Unidades del SVG</translation>
     </message>
     <message>
         <source>&amp;Master units</source>
