@@ -151,7 +151,7 @@ QImage painted(const Control &control, State state, const QString &text)
     widget->setEnabled(state == State::Enabled);
     dialog.show();
     focused->setFocus();
-    return widget->grab().toImage();
+    return dialog.grab(widget->geometry()).toImage(); // a label alone would lie on nothing
 }
 
 /// The paint of the text that the control shows.
