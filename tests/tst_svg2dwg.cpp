@@ -68,6 +68,20 @@ QStringList kindsOf(const QJsonArray &entities)
     return kinds;
 }
 
+/// How the entity that a call of the host API inserts is named when it is read back; empty for other calls.
+QString kindDrawnBy(const QString &call)
+{
+    static const QHash<QString, QString> kinds = {
+        {"kvSketchManager_c::InsertLine", "line"},
+        {"kvSketchManager_c::InsertCircle", "circle"},
+        {"kvSketchManager_c::InsertEllipseDistanceToOtherAxis", "ellipse"},
+        {"kvSketchManager_c::InsertPolyline2D", "polyline"},
+        {"kvSketchManager_c::InsertSpline", "spline"},
+        {"kvSketchManager_c::InsertSimpleNote", "note"},
+    };
+    return kinds.value(call);
+}
+
 } // namespace
 
 class tst_svg2dwg : public QObject {
@@ -82,6 +96,7 @@ private slots:
     void badInput();
     void smallStack();
     void savedDrawing();
+    void samplesReadBackAsDrawn();
     void savedFormats_data();
     void savedFormats();
     void folders();
@@ -248,6 +263,34 @@ void tst_svg2dwg::savedDrawing()
     QCOMPARE(entities[4].toObject().value("height").toDouble(), 7.0);
     QCOMPARE(entities[5].toObject().value("control").toArray(),
              (QJsonArray{0, -11, 0, 5, -15, 0, 5, -15, 0, 10, -12, 0}));
+}
+
+void tst_svg2dwg::samplesReadBackAsDrawn()
+{
+    QVERIFY2(convert({KORVANE_SAMPLES, "-o", "out", "--journal", "calls.jsonl"}).exitCode == AllConverted,
+             "not all samples were converted");
+
+    // The kinds of what each sample drew, in the order drawn.
+    QMap<QString, QStringList> drawn;
+    QString sample;
+    for (const QByteArray &line : content("calls.jsonl").split('\n')) {
+        const QJsonObject call = QJsonDocument::fromJson(line).object();
+        if (call.contains("input"))
+            sample = QFileInfo(call.value("input").toString()).completeBaseName();
+        const QString kind = kindDrawnBy(call.value("call").toString());
+        if (!kind.isEmpty() && call.value("result").toInt() == 0)
+            drawn[sample] << kind;
+    }
+    QVERIFY(drawn.size() >= 8);
+
+    for (auto expected = drawn.cbegin(); expected != drawn.cend(); ++expected) {
+        const QJsonObject drawing = readBack(path("out/" + expected.key() + ".dwg"));
+        const QJsonArray blocks = drawing.value("blocks").toArray();
+        QVERIFY2(blocks.size() == 1, qPrintable(expected.key()));
+        const QStringList kinds = kindsOf(blocks[0].toObject().value("entities").toArray());
+        QVERIFY2(kinds == expected.value(), qPrintable(expected.key()));
+        QVERIFY2(drawing.value("complaints").toArray().isEmpty(), qPrintable(expected.key()));
+    }
 }
 
 void tst_svg2dwg::savedFormats_data()
