@@ -90,13 +90,16 @@ private:
     // One file.
     void openSvgFile(QString &path);
     void showChosenFile(const QString &name, const QString &folder);
-    void insertSvgBlock(bool explode, const QString &angle, const QString &scale);
 
     // A folder of files.
     void getFolderPath(QString &path);
     void listFiles(const QStringList &names);
     void addListedFile(const QString &name);
     QList<QTreeWidgetItem *> listedFiles() const;
+    QStringList checkedFiles() const;
     bool hasBothFolders() const;
+    void runBatch(const QStringList &names);
     void convertFiles(const QStringList &names, QString &lastOutput);
+    void convertFile(const QString &name, QString &lastOutput);
+    void saveBatchDrawing(const QString &output, QString &lastOutput);
 };

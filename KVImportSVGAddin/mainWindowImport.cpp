@@ -1,13 +1,155 @@
-// Single import: choosing one SVG file and inserting it into the active drawing as a block.
+// Single import: the user chooses one SVG file, and OK inserts it into the active drawing as a block.
 
 #include "mainWindow.h"
 
+#include "SVGBlockBuilder.h"
+#include "kvAddinConnection.h"
+#include "kvAddinGuard.h"
+#include "mainWindowSteps.h"
+#include "mainWindowText.h"
 #include "ui_mainWindow.h"
 
-void mainWindow::OK() {}
-void mainWindow::Browse() {}
+#include <QDebug>
+#include <QFileInfo>
+#include <QSettings>
+
+namespace {
+
+constexpr double radiansPerDegree = 0.017453292519943295;
+
+/// Where a block goes, and which of it the user is asked for on the command line.
+struct Insertion {
+    double x, y, z;
+    double scaleX, scaleY, scaleZ;
+    double rotationRadians;
+    bool positionLater, scaleLater, rotationLater;
+};
+
+/// Asks the user for what is to be specified later; false when he cancelled.
+bool askForTheRest(const kvString &blockName, Insertion &at)
+{
+    kvInterfacePtr<kvCommandMessage_c> commandMessage;
+    hostApplication()->GetCommandMessage(commandMessage.out());
+    if (!at.positionLater && !at.scaleLater && !at.rotationLater)
+        return true;
+    if (!commandMessage)
+        return false;
+
+    kvPromptResultType_e result = kvPromptResult_Cancelled;
+    commandMessage->PromptForBlockInsertion2(blockName, at.positionLater, at.x, at.y, at.z, at.scaleLater,
+                                             at.scaleX, at.scaleY, at.scaleZ, at.rotationLater,
+                                             at.rotationRadians, &at.x, &at.y, &at.z, &at.scaleX, &at.scaleY,
+                                             &at.scaleZ, &at.rotationRadians, &result);
+    return result == kvPromptResult_Completed;
+}
+
+/// Draws `svgText` into the active drawing as a block and inserts that. `instance` keeps what it holds when
+/// nothing is inserted.
+void insertBlock(const QByteArray &svgText, Insertion at, kvInterfacePtr<kvBlockInstance_c> &instance)
+{
+    kvInterfacePtr<kvDocument_c> document;
+    hostApplication()->GetActiveDocument(document.out());
+    SVGBlockBuilder builder(hostApplication(), svgText);
+    const kvString name = createBlock(builder);
+    const kvInterfacePtr<kvSketchManager_c> sketchManager = sketchManagerOf(document.get());
+    if (!askForTheRest(name, at) || !sketchManager)
+        return;
+    sketchManager->InsertBlock2(name, at.x, at.y, at.z, at.scaleX, at.scaleY, at.scaleZ, at.rotationRadians,
+                                instance.out());
+}
+
+} // namespace
+
+void mainWindow::OK()
+{
+    // Text that is no number counts as 0.
+    const auto number = [](const QLineEdit *field) { return field->text().toDouble(); };
+    const double scale = number(ui->scale_lineEdit);
+    const Insertion insertion = {
+        number(ui->x_lineEdit),
+        number(ui->y_lineEdit),
+        number(ui->z_lineEdit),
+        scale,
+        scale,
+        scale,
+        number(ui->angle_lineEdit) * radiansPerDegree,
+        ui->specify_checkBox->isChecked(),
+        ui->scale_specify_checkBox->isChecked(),
+        ui->rotation_specify_checkBox->isChecked(),
+    };
+    const bool explode = ui->explode_checkBox->isChecked();
+
+    // The dialog is gone before the user is asked anything on the command line.
+    Cancel();
+    runForHost("importing the file", [&] {
+        if (hostApplication())
+            insertBlock(m_svgData, insertion, m_blockInstance);
+    });
+    On_explode_checkBox_checked(explode);
+}
+
 void mainWindow::On_explode_checkBox_checked(bool checkboxFlag)
 {
     if (checkboxFlag && m_blockInstance)
-        m_blockInstance->Explode();
+        runForHost("exploding the block", [this] { m_blockInstance->Explode(); });
+}
+
+void mainWindow::Browse()
+{
+    runForHost("loading the file", [this] {
+        QString path;
+        openSvgFile(path);
+        // Blanks are left out of what is shown, wherever they are.
+        path.remove(QLatin1Char(' '));
+
+        const QByteArray bytes = path.toUtf8();
+        const QString name = QString::fromLocal8Bit(bytes.mid(bytes.lastIndexOf('/') + 1));
+        QString folder = path;
+        folder.remove(name); // every occurrence, in the folder's own name too
+        folder.chop(1);
+        qDebug() << "filename" << name;
+        qDebug() << "pathName" << folder;
+        showChosenFile(name, folder);
+    });
+}
+
+/// Asks for an SVG file and loads it. `path` stays empty when the user cancels, which also forgets the file
+/// before, and when it is no SVG file, which he is told and which keeps the file before.
+void mainWindow::openSvgFile(QString &path)
+{
+    const QString startFolder = QSettings().value(QStringLiteral("default_dir2")).toString();
+    const QString chosen = QFileDialog::getOpenFileName(this, DialogText::tr("Open File"), startFolder,
+                                                        DialogText::tr("Scalable Vector Graphics (*.svg)"));
+    // Case counts: the dialog lists .SVG files, but they are refused.
+    if (!chosen.isEmpty() && QFileInfo(chosen).suffix() != DialogText::tr("svg")) {
+        showMessage(QMessageBox::Warning, DialogText::tr("Korvane"),
+                    DialogText::tr("This Drawing cannot be loaded because it is not a SVG file."),
+                    QMessageBox::Ok);
+        path.clear();
+        return;
+    }
+    m_svgData = loadSvgText(chosen);
+    path = chosen;
+}
+
+void mainWindow::showChosenFile(const QString &name, const QString &folder)
+{
+    ui->name_lineEdit->setText(name);
+    ui->path_lineEdit->setText(folder);
+    ui->path_lineEdit->setCursorPosition(0);
+    if (name.isEmpty())
+        return;
+
+    ui->OK_pushButton->setEnabled(true);
+    ui->master_unit_radioButton->setChecked(true);
+    emit ui->master_unit_radioButton->clicked(true);
+    ui->master_unit_radioButton->setEnabled(true);
+    ui->sub_units_radioButton->setEnabled(true);
+    ui->master_unit_lineEdit->setText(QStringLiteral("[ft]"));
+    ui->sub_unit_lineEdit->setText(QStringLiteral("[in]"));
+
+    ui->listWidget->clear();
+    ui->listWidget->setSelectionMode(QAbstractItemView::SingleSelection);
+    ui->listWidget->insertItem(0, DialogText::tr("Default"));
+    ui->listWidget->item(0)->setSelected(true);
 }

@@ -16,6 +16,15 @@ bool isDark()
     return g_addinApplication && g_addinApplication->isDarkMode();
 }
 
+/// What Qt's own styles leave to be wished for: the read-only fields are transparent and would have no
+/// border, and disabled text could hardly be read on the blue of what is specified later.
+const char lightPanelStyle[] =
+    "QLineEdit[readOnly=\"true\"] { border: 1px solid palette(mid); border-radius: 2px; padding: 2px; }"
+    "QLineEdit[readOnly=\"true\"]:focus { border-color: palette(highlight); }"
+    "QLabel:disabled, QLineEdit:disabled, QCheckBox:disabled, QRadioButton:disabled, QPushButton:disabled { "
+    "color: rgb(84, 90, "
+    "99); }";
+
 } // namespace
 
 void mainWindow::applyTheme()
@@ -43,6 +52,10 @@ void mainWindow::applyTheme()
     }
 
     colorFields({ui->x_lineEdit, ui->y_lineEdit, ui->z_lineEdit}, true);
+    if (dark)
+        return;
+    for (QWidget *panel : {ui->insert_block, ui->batch_processing})
+        panel->setStyleSheet(QLatin1String(lightPanelStyle));
 }
 
 /// Gives `target` the dark style sheet and the window of `owner` a dark frame. For a message box the owner is

@@ -1,0 +1,33 @@
+// The steps that single import and batch processing have in common: load a file, make its block, find where
+// to insert it.
+
+#include "mainWindowSteps.h"
+
+#include "SVGBlockBuilder.h"
+
+#include "XMLParser/XMLParser.h"
+
+QByteArray loadSvgText(const QString &path)
+{
+    const XMLParser checkedOnly(path);
+    return XMLDocumentReader(path).toString().toUtf8();
+}
+
+kvString createBlock(SVGBlockBuilder &builder)
+{
+    kvString name;
+    if (kvBlockDefinition_c *definition = builder.createBlockDefinition())
+        definition->GetName(&name);
+    return name;
+}
+
+kvInterfacePtr<kvSketchManager_c> sketchManagerOf(kvDocument_c *document)
+{
+    kvInterfacePtr<kvModel_c> model;
+    kvInterfacePtr<kvSketchManager_c> sketchManager;
+    if (document)
+        document->GetModel(model.out());
+    if (model)
+        model->GetSketchManager(sketchManager.out());
+    return sketchManager;
+}

@@ -1,0 +1,21 @@
+// The steps that single import and batch processing have in common.
+
+#pragma once
+
+#include "kvDocument.h"
+#include "kvInterfacePtr.h"
+
+#include <QByteArray>
+#include <QString>
+
+class SVGBlockBuilder;
+
+/// The SVG file at `path` as UTF-8 text, written anew with an indentation of 1. Empty when the path is empty
+/// or the file is not well-formed, and when it cannot be opened, which the user is told twice.
+QByteArray loadSvgText(const QString &path);
+
+/// Lets `builder` make its block and answers with the block's name; empty when the host refused the block.
+kvString createBlock(SVGBlockBuilder &builder);
+
+/// What inserts into the model space of `document`; empty when there is no document or the host refuses.
+kvInterfacePtr<kvSketchManager_c> sketchManagerOf(kvDocument_c *document);
