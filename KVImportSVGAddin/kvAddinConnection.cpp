@@ -2,43 +2,12 @@
 
 #include "kvAddinConnection.h"
 
+#include "kvAddinGuard.h"
 #include "mainWindow.h"
 
-#include <QDebug>
-
-#include <exception>
 #include <utility>
 
 namespace {
-
-/// Writes what the exception being handled says into the debug output.
-void reportException(const char *step)
-{
-    try {
-        throw;
-    } catch (const std::exception &exception) {
-        qWarning("Import SVG: %s failed: %s", step, exception.what());
-    } catch (...) {
-        qWarning("Import SVG: %s failed", step);
-    }
-}
-
-/// Runs `body` and keeps what it throws from the host, which expects no exceptions; false when it threw.
-template <class Body>
-bool runForHost(const char *step, const Body &body) noexcept
-{
-    try {
-        body();
-        return true;
-    } catch (...) {
-        try {
-            reportException(step);
-        } catch (...) {
-            return false; // no memory even for the message
-        }
-        return false;
-    }
-}
 
 kvApplication_c *currentHostApplication = nullptr;
 
