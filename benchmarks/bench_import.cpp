@@ -16,6 +16,7 @@
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using MakeSvg = QByteArray (*)(int size);
 
 double secondsSince(Clock::time_point start)
 {
@@ -43,8 +44,9 @@ void readRecords(SVGDocument &document)
     benchmark::DoNotOptimize(document.pathSplines());
 }
 
-void load(benchmark::State &state, const QByteArray &svgText)
+void load(benchmark::State &state, MakeSvg makeSvg)
 {
+    const QByteArray svgText = makeSvg(static_cast<int>(state.range(0)));
     const SvgFile file(svgText);
     for (auto _ : state) {
         const QByteArray text = loadedText(file.path());
@@ -54,8 +56,9 @@ void load(benchmark::State &state, const QByteArray &svgText)
     state.SetBytesProcessed(state.iterations() * svgText.size());
 }
 
-void records(benchmark::State &state, const QByteArray &svgText)
+void records(benchmark::State &state, MakeSvg makeSvg)
 {
+    const QByteArray svgText = makeSvg(static_cast<int>(state.range(0)));
     const QDomDocument dom = documentFromText(QString::fromUtf8(svgText));
     for (auto _ : state) {
         SVGDocument document(dom);
@@ -64,8 +67,9 @@ void records(benchmark::State &state, const QByteArray &svgText)
     state.SetComplexityN(state.range(0));
 }
 
-void emission(benchmark::State &state, const QByteArray &svgText)
+void emission(benchmark::State &state, MakeSvg makeSvg)
 {
+    const QByteArray svgText = makeSvg(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         state.PauseTiming();
         {
@@ -83,8 +87,9 @@ void emission(benchmark::State &state, const QByteArray &svgText)
 
 /// Everything after XML against the required parses and the serialisation, both measured in every iteration,
 /// so that a slow moment of the machine hits both. The counter must stay below 1.
-void afterXmlShare(benchmark::State &state, const QByteArray &svgText)
+void afterXmlShare(benchmark::State &state, MakeSvg makeSvg)
 {
+    const QByteArray svgText = makeSvg(static_cast<int>(state.range(0)));
     const SvgFile file(svgText);
     double xml = 0.0;
     double after = 0.0;
@@ -104,58 +109,13 @@ void afterXmlShare(benchmark::State &state, const QByteArray &svgText)
     state.counters["after/xml"] = after / xml;
 }
 
-void LoadElements(benchmark::State &state)
-{
-    load(state, mixedSvg(static_cast<int>(state.range(0))));
-}
-
-void LoadLongPath(benchmark::State &state)
-{
-    load(state, longPathSvg(static_cast<int>(state.range(0))));
-}
-
-void RecordsOfElements(benchmark::State &state)
-{
-    records(state, mixedSvg(static_cast<int>(state.range(0))));
-}
-
-void RecordsOfLongPath(benchmark::State &state)
-{
-    records(state, longPathSvg(static_cast<int>(state.range(0))));
-}
-
-void Transform(benchmark::State &state)
+void transform(benchmark::State &state)
 {
     kvDoubleArray values;
     values.setSize(static_cast<int>(state.range(0)) * 2);
     for (auto _ : state)
         benchmark::DoNotOptimize(mapped(*matrixFromAttribute(QStringLiteral("matrix(1 2 3 4 5 6)")), values));
     state.SetComplexityN(state.range(0));
-}
-
-void EmissionOfElements(benchmark::State &state)
-{
-    emission(state, mixedSvg(static_cast<int>(state.range(0))));
-}
-
-void EmissionOfLongPath(benchmark::State &state)
-{
-    emission(state, longPathSvg(static_cast<int>(state.range(0))));
-}
-
-void AfterXmlShareOfElements(benchmark::State &state)
-{
-    afterXmlShare(state, mixedSvg(static_cast<int>(state.range(0))));
-}
-
-void AfterXmlShareOfLongPath(benchmark::State &state)
-{
-    afterXmlShare(state, longPathSvg(static_cast<int>(state.range(0))));
-}
-
-void AfterXmlShareOfShortCommands(benchmark::State &state)
-{
-    afterXmlShare(state, shortCommandsSvg(static_cast<int>(state.range(0))));
 }
 
 void elementSizes(benchmark::internal::Benchmark *benchmark)
@@ -170,15 +130,15 @@ void pathSizes(benchmark::internal::Benchmark *benchmark)
 
 } // namespace
 
-BENCHMARK(LoadElements)->Apply(elementSizes)->Complexity();
-BENCHMARK(LoadLongPath)->Apply(pathSizes);
-BENCHMARK(RecordsOfElements)->Apply(elementSizes)->Complexity();
-BENCHMARK(RecordsOfLongPath)->Apply(pathSizes);
-BENCHMARK(Transform)->Apply(elementSizes)->Complexity();
-BENCHMARK(EmissionOfElements)->Apply(elementSizes)->Complexity();
-BENCHMARK(EmissionOfLongPath)->Apply(pathSizes);
-BENCHMARK(AfterXmlShareOfElements)->Apply(elementSizes);
-BENCHMARK(AfterXmlShareOfLongPath)->Apply(pathSizes);
-BENCHMARK(AfterXmlShareOfShortCommands)->Apply(pathSizes);
+BENCHMARK_CAPTURE(load, elements, mixedSvg)->Apply(elementSizes)->Complexity();
+BENCHMARK_CAPTURE(load, longPath, longPathSvg)->Apply(pathSizes);
+BENCHMARK_CAPTURE(records, elements, mixedSvg)->Apply(elementSizes)->Complexity();
+BENCHMARK_CAPTURE(records, longPath, longPathSvg)->Apply(pathSizes);
+BENCHMARK(transform)->Apply(elementSizes)->Complexity();
+BENCHMARK_CAPTURE(emission, elements, mixedSvg)->Apply(elementSizes)->Complexity();
+BENCHMARK_CAPTURE(emission, longPath, longPathSvg)->Apply(pathSizes);
+BENCHMARK_CAPTURE(afterXmlShare, elements, mixedSvg)->Apply(elementSizes);
+BENCHMARK_CAPTURE(afterXmlShare, longPath, longPathSvg)->Apply(pathSizes);
+BENCHMARK_CAPTURE(afterXmlShare, shortCommands, shortCommandsSvg)->Apply(pathSizes);
 
 BENCHMARK_MAIN();

@@ -32,16 +32,6 @@ void save(benchmark::State &state, refhost::DrawingFormat format)
     state.SetComplexityN(state.range(0));
 }
 
-void SaveDwg(benchmark::State &state)
-{
-    save(state, refhost::DrawingFormat::Dwg);
-}
-
-void SaveDxf(benchmark::State &state)
-{
-    save(state, refhost::DrawingFormat::Dxf);
-}
-
 void elementSizes(benchmark::internal::Benchmark *benchmark)
 {
     // The work is done by the child process: its time counts, not this one's.
@@ -50,8 +40,8 @@ void elementSizes(benchmark::internal::Benchmark *benchmark)
 
 } // namespace
 
-BENCHMARK(SaveDwg)->Apply(elementSizes)->Complexity();
-BENCHMARK(SaveDxf)->Apply(elementSizes)->Complexity();
+BENCHMARK_CAPTURE(save, dwg, refhost::DrawingFormat::Dwg)->Apply(elementSizes)->Complexity();
+BENCHMARK_CAPTURE(save, dxf, refhost::DrawingFormat::Dxf)->Apply(elementSizes)->Complexity();
 
 int main(int argc, char **argv)
 {

@@ -12,14 +12,12 @@ namespace {
 /// One record for each element `tag`, in document order. `fill(element, record)` says whether the record
 /// counts.
 template <class Record, class Fill>
-QList<Record> readAll(const QDomDocument &document, const QString &tag, Fill fill)
+QList<Record> readAll(const SVGElementIndex &elements, const QString &tag, Fill fill)
 {
     QList<Record> records;
-    const QDomNodeList elements = document.elementsByTagName(tag);
-    const int count = elements.size();
-    for (int i = 0; i < count; ++i) {
+    for (const QDomElement &element : elements.named(tag)) {
         records.append(Record());
-        if (!fill(elements.item(i).toElement(), records.last()))
+        if (!fill(element, records.last()))
             records.removeLast();
     }
     return records;
@@ -72,13 +70,14 @@ bool readPoints(const QDomElement &element, SVGPolylineRecord &polyline)
 
 SVGDocument::SVGDocument(const QDomDocument &document)
     : m_document(document)
+    , m_elements(document)
 {
 }
 
 QList<SVGLineRecord> SVGDocument::lines() const
 {
     return readAll<SVGLineRecord>(
-        m_document, QStringLiteral("line"), [](const QDomElement &element, SVGLineRecord &line) {
+        m_elements, QStringLiteral("line"), [](const QDomElement &element, SVGLineRecord &line) {
             line.setTransform(parentTransform(element)); // a line's own transform is never asked for
             for (const QString &name :
                  {QStringLiteral("x1"), QStringLiteral("y1"), QStringLiteral("x2"), QStringLiteral("y2")})
@@ -89,7 +88,7 @@ QList<SVGLineRecord> SVGDocument::lines() const
 
 QList<SVGCircleRecord> SVGDocument::circles() const
 {
-    return readAll<SVGCircleRecord>(m_document, QStringLiteral("circle"),
+    return readAll<SVGCircleRecord>(m_elements, QStringLiteral("circle"),
                                     [](const QDomElement &element, SVGCircleRecord &circle) {
                                         circle.setTransform(ownOrParentTransform(element));
                                         circle.addCenterValue(number(element, QStringLiteral("cx")));
@@ -101,7 +100,7 @@ QList<SVGCircleRecord> SVGDocument::circles() const
 
 QList<SVGEllipseRecord> SVGDocument::ellipses() const
 {
-    return readAll<SVGEllipseRecord>(m_document, QStringLiteral("ellipse"),
+    return readAll<SVGEllipseRecord>(m_elements, QStringLiteral("ellipse"),
                                      [](const QDomElement &element, SVGEllipseRecord &ellipse) {
                                          const double rx = number(element, QStringLiteral("rx"));
                                          const double ry = number(element, QStringLiteral("ry"));
@@ -117,7 +116,7 @@ QList<SVGEllipseRecord> SVGDocument::ellipses() const
 QList<SVGPolylineRecord> SVGDocument::rects() const
 {
     return readAll<SVGPolylineRecord>(
-        m_document, "rect", [](const QDomElement &element, SVGPolylineRecord &rect) {
+        m_elements, "rect", [](const QDomElement &element, SVGPolylineRecord &rect) {
             const double width = number(element, QStringLiteral("width"));
             const double height = number(element, QStringLiteral("height"));
             const double x = number(element, QStringLiteral("x"));
@@ -131,18 +130,18 @@ QList<SVGPolylineRecord> SVGDocument::rects() const
 
 QList<SVGPolylineRecord> SVGDocument::polylines() const
 {
-    return readAll<SVGPolylineRecord>(m_document, QStringLiteral("polyline"), readPoints);
+    return readAll<SVGPolylineRecord>(m_elements, QStringLiteral("polyline"), readPoints);
 }
 
 QList<SVGPolylineRecord> SVGDocument::polygons() const
 {
-    return readAll<SVGPolylineRecord>(m_document, QStringLiteral("polygon"), readPoints);
+    return readAll<SVGPolylineRecord>(m_elements, QStringLiteral("polygon"), readPoints);
 }
 
 QList<SVGTextRecord> SVGDocument::texts() const
 {
     return readAll<SVGTextRecord>(
-        m_document, QStringLiteral("text"), [](const QDomElement &element, SVGTextRecord &text) {
+        m_elements, QStringLiteral("text"), [](const QDomElement &element, SVGTextRecord &text) {
             text.setTransform(ownOrParentTransform(element));
             // The first child alone, whatever it is: a comment gives its text, a tspan gives none.
             text.addText(toKvString(element.firstChild().nodeValue()));

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "SVGElementIndex.h"
 #include "SVGRecords.h"
 
 #include <QDomDocument>
@@ -57,4 +58,5 @@ private:
     QList<SVGPolylineRecord> m_pathPolylines;
     QList<SVGSplineRecord> m_pathSplines;
     QDomDocument m_document;
+    SVGElementIndex m_elements;
 };

@@ -198,10 +198,8 @@ void addControlPoint(SVGSplineRecord &curve, PathPoint point)
 
 void SVGDocument::parsePathData()
 {
-    const QDomNodeList paths = m_document.elementsByTagName(QStringLiteral("path"));
-    const int count = paths.size();
-    for (int i = 0; i < count; ++i)
-        addPath(paths.item(i).toElement());
+    for (const QDomElement &path : m_elements.named(QStringLiteral("path")))
+        addPath(path);
 }
 
 void SVGDocument::addPath(const QDomElement &path)
