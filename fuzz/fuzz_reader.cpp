@@ -1,5 +1,5 @@
-// Feeds arbitrary bytes to the reader: load, write as text, parse again, read all shapes. Each tree's text is
-// compared with what Qt writes.
+// Feeds arbitrary bytes to the reader: load, write as text, parse again, read all shapes. Each tree and its
+// text are compared with what Qt makes of the same bytes.
 
 #include "XMLParser/SVGDocument.h"
 #include "XMLParser/SVGTransform.h"
@@ -54,7 +54,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     QBuffer file;
     file.setData(reinterpret_cast<const char *>(data), static_cast<int>(size));
     file.open(QIODevice::ReadOnly | QIODevice::Text);
-    const QDomDocument tree = documentFromText(checkedText(documentFromDevice(file)));
+    const QDomDocument loaded = documentFromDevice(file);
+    const QString text = checkedText(loaded);
+    QDomDocument loadedByQt;
+    if (!loaded.isNull()
+        && (!file.seek(0) || !loadedByQt.setContent(&file) || loadedByQt.toString(1) != text))
+        std::abort();
+    const QDomDocument tree = documentFromText(text);
     checkedText(tree);
     readAllShapes(tree);
     return 0;

@@ -297,6 +297,16 @@ void tst_XMLParser::limits_data()
     QTest::newRow("257 parentheses behind a parameter entity")
         << withDeclarations(entity("% p", "&#60;!ELEMENT a ") + "%p;" + parentheses(257) + '>', "<a/>")
         << false;
+    const QString deepType = withDeclarations(model(257), "<a/>");
+    const QString plainType = "<!--<!DOCTYPE a>-->";
+    QTest::newRow("257 parentheses behind a plain document type in a comment")
+        << plainType + deepType << false;
+    QTest::newRow("257 parentheses far behind a plain document type in a comment")
+        << plainType + QString(2000, ' ') + deepType << false;
+    QTest::newRow("257 parentheses behind an address that looks like an end")
+        << QString(deepType).replace("svg [", "svg SYSTEM '>' [") << false;
+    QTest::newRow("257 parentheses behind an address that looks like a document type")
+        << QString(deepType).replace("svg [", "svg SYSTEM '<!DOCTYPE a>' [") << false;
     QTest::newRow("many content models side by side")
         << withDeclarations(QString("<!ELEMENT a (b)>").repeated(1000), "<a/>") << true;
 
@@ -330,9 +340,19 @@ void tst_XMLParser::limits_data()
         << withDeclarations(entity("e", "&f;") + entity("f", "&e;"), "<a>&e;</a>") << false;
     QTest::newRow("entities that each refer to the one before")
         << withDeclarations(entityChain(1000), "<a>&e999;</a>") << true;
-    QTest::newRow("entities that are declared behind their use, nested 20 deep")
-        << withDeclarations(numbered("<!ENTITY f%1 '&f%2;'>", 20) + entity("f20", "x"), "<a>&f0;</a>")
-        << false;
+    QTest::newRow("an entity that is declared behind its use")
+        << withDeclarations(entity("f", "&e;") + entity("e", "x"), "<a>&f;</a>") << false;
+    QTest::newRow("a comment that a parameter entity repeats")
+        << withDeclarations(entity("% p", "<!-- -->") + QString("%p;").repeated(1000), "<a/>") << true;
+    QTest::newRow("a parameter entity that grows to 10,000,000 characters") << withDeclarations(
+        entity("% p", "<!--" + QString(100000, 'x') + "-->") + QString("%p;").repeated(100), "<a/>")
+                                                                            << false;
+    QTest::newRow("a parameter entity in another that grows to 10,000,000") << withDeclarations(
+        entity("% p", "<!--" + QString(10000, 'x') + "-->") + entity("% q", QString("&#37;p;").repeated(10))
+            + QString("%q;").repeated(100),
+        "<a/>") << false;
+    QTest::newRow("entities in default values that grow to 10,000,000")
+        << withDeclarations(large + QString("<!ATTLIST a b CDATA '&e;'>").repeated(100), "<a/>") << false;
 }
 
 void tst_XMLParser::limits()

@@ -1,4 +1,5 @@
-// Counts entity expansions without making them.
+// Counts entity expansions without making them. Qt has a limit of its own, but does not check the entities
+// that are declared last.
 
 #include "XMLEntities.h"
 
@@ -6,65 +7,62 @@
 
 namespace {
 
-constexpr int deepestEntity = 16;
+// Drawings whose styles are entities grow to twice their size at the most. The constant lets small ones grow
+// freely.
+constexpr qint64 growthFactor = 4;
+constexpr qint64 freeGrowth = 4 * 1024 * 1024;
 
-class ExpansionCounter {
-public:
-    ExpansionCounter(const QHash<QString, QString> &entities, qint64 limit)
-        : m_entities(entities)
-        , m_limit(limit)
-    {
-        for (auto entity = m_entities.cbegin(); entity != m_entities.cend(); ++entity) {
-            m_values.insert(QStringRef(&entity.key()), &entity.value());
-            m_longestName = std::max(m_longestName, entity.key().size());
+constexpr QLatin1Char generalSign('&');
+constexpr QLatin1Char parameterSign('%');
+
+bool endsName(QChar character)
+{
+    return character == QLatin1Char(';') || character == generalSign || character == parameterSign
+        || character == QLatin1Char('<') || character.isSpace();
+}
+
+/// How often `text` refers to each name; the names begin with their sign. References that are never expanded,
+/// in a comment say, count too.
+QHash<QStringRef, qint64> references(const QString &text)
+{
+    QHash<QStringRef, qint64> counts;
+    for (const QLatin1Char sign : {generalSign, parameterSign}) {
+        int end = 0;
+        for (int start = text.indexOf(sign); start >= 0; start = text.indexOf(sign, end)) {
+            end = static_cast<int>(std::find_if(text.cbegin() + start + 1, text.cend(), endsName)
+                                   - text.cbegin());
+            if (end < text.size() && text.at(end) == QLatin1Char(';'))
+                ++counts[QStringRef(&text, start, end - start)];
         }
     }
-
-    qint64 inText(const QString &text, int depth = 0)
-    {
-        qint64 size = 0;
-        for (int start = text.indexOf(QLatin1Char('&')); start >= 0 && size <= m_limit;
-             start = text.indexOf(QLatin1Char('&'), start + 1))
-            size += ofReference(referenceAt(text, start + 1), depth);
-        return size;
-    }
-
-private:
-    /// The name that starts at `start` and ends before a semicolon; nothing when it is longer than any
-    /// declared.
-    QStringRef referenceAt(const QString &text, int start) const
-    {
-        const QStringRef candidate = text.midRef(start, m_longestName + 1);
-        const int end = candidate.indexOf(QLatin1Char(';'));
-        return end < 0 ? QStringRef() : candidate.left(end);
-    }
-
-    qint64 ofReference(const QStringRef &name, int depth)
-    {
-        const auto value = m_values.constFind(name);
-        if (value == m_values.constEnd())
-            return 0;
-        const auto known = m_sizes.constFind(name);
-        if (known != m_sizes.constEnd())
-            return *known;
-        if (depth == deepestEntity)
-            return m_limit + 1;
-
-        const qint64 size = (*value)->size() + inText(**value, depth + 1);
-        m_sizes.insert(value.key(), size);
-        return size;
-    }
-
-    const QHash<QString, QString> &m_entities;
-    const qint64 m_limit;
-    QHash<QStringRef, const QString *> m_values;
-    QHash<QStringRef, qint64> m_sizes;
-    int m_longestName = 0;
-};
+    return counts;
+}
 
 } // namespace
 
-qint64 expandedSize(const QString &text, const QHash<QString, QString> &entities, qint64 limit)
+XMLEntities::XMLEntities(const QString &text)
+    : m_references(references(text))
+    , m_mostGrowth(freeGrowth + growthFactor * text.size())
 {
-    return ExpansionCounter(entities, limit).inText(text);
+}
+
+bool XMLEntities::declare(const QString &name, const QString &value)
+{
+    const QString signedName = name.startsWith(parameterSign) ? name : generalSign + name;
+    const QHash<QStringRef, qint64> inner = references(value);
+    qint64 size = value.size();
+    for (auto reference = inner.cbegin(); reference != inner.cend() && size <= m_mostGrowth; ++reference) {
+        const QString innerName = reference.key().toString();
+        const auto innerSize = m_sizes.constFind(innerName);
+        if (innerSize == m_sizes.constEnd())
+            m_usedUndeclared.insert(innerName);
+        else
+            size += reference.value() * *innerSize;
+    }
+    if (size > m_mostGrowth || m_usedUndeclared.contains(signedName))
+        return false;
+
+    m_sizes.insert(signedName, size);
+    m_growth += size * m_references.value(QStringRef(&signedName));
+    return m_growth <= m_mostGrowth;
 }

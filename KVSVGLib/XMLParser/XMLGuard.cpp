@@ -2,8 +2,10 @@
 
 #include "XMLGuard.h"
 
-#include "XMLEntities.h"
 #include "XMLLimits.h"
+
+#include <QRegularExpression>
+#include <QXmlInputSource>
 
 #include <algorithm>
 
@@ -19,11 +21,6 @@ constexpr int mostDeclarations = 1024;
 // With each entity declared Qt looks through all those before it, 1 ns for a character and 30 for an entity.
 constexpr qint64 costPerDeclaration = 30;
 constexpr qint64 highestDeclarationCost = 64 * 1024 * 1024;
-
-// A drawing whose styles are entities grows to twice its size at the most. The constant lets a small one grow
-// freely.
-constexpr qint64 growth = 4;
-constexpr qint64 freeGrowth = 4 * 1024 * 1024;
 
 /// Whether the parentheses in `text` nest too deep.
 bool isTooDeep(const QStringRef &text)
@@ -62,8 +59,14 @@ bool endsInsideDeclaration(const QString &value)
 
 } // namespace
 
-XMLGuard::XMLGuard(const QString *text)
-    : m_text(text)
+XMLGuard::XMLGuard(const QString &text)
+    : m_text(&text)
+{
+}
+
+XMLGuard::XMLGuard(const QXmlInputSource &source)
+    : m_source(&source)
+    , m_beginning(source.data())
 {
 }
 
@@ -92,18 +95,22 @@ bool XMLGuard::skippedEntity(const QString &name)
 
 bool XMLGuard::startDTD(const QString &name, const QString &publicId, const QString &systemId)
 {
-    m_lacksText = !m_text;
-    if (m_lacksText)
+    m_lacksText = !m_text && !beginsWithPlainDocumentType();
+    if (m_lacksText || (m_text && hasDeepContentModel(*m_text)))
         return false;
-    return !hasDeepContentModel(*m_text) && m_lexical->startDTD(name, publicId, systemId);
+    return m_lexical->startDTD(name, publicId, systemId);
 }
 
-bool XMLGuard::endDTD()
+/// Whether the document type that the parser is in declares nothing. Most have an address and no more.
+bool XMLGuard::beginsWithPlainDocumentType() const
 {
-    const qint64 limit = freeGrowth + growth * m_text->size();
-    if (!m_entities.isEmpty() && expandedSize(*m_text, m_entities, limit) > limit)
-        return false;
-    return m_lexical->endDTD();
+    const QLatin1String start("<!DOCTYPE");
+    static const QRegularExpression plain(QStringLiteral(
+        R"re(<!DOCTYPE\s+[^\s"'<>\[]+(\s+(PUBLIC\s+("[^"]*"|'[^']*')|SYSTEM)\s+("[^"]*"|'[^']*'))?\s*>)re"));
+    // As long as the source has moved no further than the beginning, the one that stands there is the one
+    // parsed.
+    const bool isInBeginning = m_source->data().constData() == m_beginning.constData();
+    return isInBeginning && m_beginning.count(start) == 1 && plain.match(m_beginning).hasMatch();
 }
 
 bool XMLGuard::internalEntityDecl(const QString &name, const QString &value)
@@ -111,9 +118,13 @@ bool XMLGuard::internalEntityDecl(const QString &name, const QString &value)
     const bool isParameterEntity = name.startsWith(QLatin1Char('%'));
     if (isParameterEntity && (isTooDeep(QStringRef(&value)) || endsInsideDeclaration(value)))
         return false;
-    if (!isParameterEntity)
-        m_entities.insert(name, value);
-    return countDeclaration(value) && m_declaration->internalEntityDecl(name, value);
+    m_lacksText = !m_text;
+    if (m_lacksText)
+        return false;
+    if (!m_entities)
+        m_entities.emplace(*m_text);
+    return m_entities->declare(name, value) && countDeclaration(value)
+        && m_declaration->internalEntityDecl(name, value);
 }
 
 bool XMLGuard::externalEntityDecl(const QString &name, const QString &publicId, const QString &systemId)

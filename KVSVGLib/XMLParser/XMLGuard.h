@@ -4,17 +4,23 @@
 
 #pragma once
 
-#include <QHash>
+#include "XMLEntities.h"
+
 #include <QString>
 #include <QXmlDefaultHandler>
+
+#include <optional>
 
 /// Passes every event of one parse on to the tree builder, until a limit is exceeded; the parse then fails as
 /// it does for a text that is not well-formed.
 class XMLGuard : public QXmlDefaultHandler {
 public:
-    /// Guards the parse of `text`, which must outlive the guard. A null pointer guards the parse of a text
-    /// that is not at hand; the parse then fails when the limits cannot be checked without it.
-    explicit XMLGuard(const QString *text);
+    /// Guards the parse of `text`, which must outlive the guard.
+    explicit XMLGuard(const QString &text);
+
+    /// Guards the parse of `source`, of whose text only the part being parsed is at hand. The parse fails
+    /// when the limits cannot be checked without the whole.
+    explicit XMLGuard(const QXmlInputSource &source);
 
     /// Whether the parse failed for want of the text.
     bool lacksText() const { return m_lacksText; }
@@ -33,7 +39,6 @@ public:
     bool endElement(const QString &uri, const QString &localName, const QString &name) override;
     bool skippedEntity(const QString &name) override;
     bool startDTD(const QString &name, const QString &publicId, const QString &systemId) override;
-    bool endDTD() override;
     bool internalEntityDecl(const QString &name, const QString &value) override;
     bool externalEntityDecl(const QString &name, const QString &publicId, const QString &systemId) override;
     bool notationDecl(const QString &name, const QString &publicId, const QString &systemId) override;
@@ -56,6 +61,7 @@ public:
     }
     bool startEntity(const QString &name) override { return m_lexical->startEntity(name); }
     bool endEntity(const QString &name) override { return m_lexical->endEntity(name); }
+    bool endDTD() override { return m_lexical->endDTD(); }
     bool startCDATA() override { return m_lexical->startCDATA(); }
     bool endCDATA() override { return m_lexical->endCDATA(); }
     bool comment(const QString &text) override { return m_lexical->comment(text); }
@@ -67,13 +73,16 @@ public:
 
 private:
     bool countDeclaration(const QString &value);
+    bool beginsWithPlainDocumentType() const;
 
-    const QString *m_text;
+    const QString *m_text = nullptr;
+    const QXmlInputSource *m_source = nullptr;
+    QString m_beginning;
     QXmlContentHandler *m_content = nullptr;
     QXmlLexicalHandler *m_lexical = nullptr;
     QXmlDeclHandler *m_declaration = nullptr;
     QXmlDTDHandler *m_documentType = nullptr;
-    QHash<QString, QString> m_entities;
+    std::optional<XMLEntities> m_entities;
     qint64 m_declaredSize = 0;
     qint64 m_declarationCost = 0;
     int m_declarations = 0;
