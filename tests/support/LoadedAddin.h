@@ -33,26 +33,25 @@ public:
             m_library.setLoadHints(QLibrary::PreventUnloadHint);
         m_connect = reinterpret_cast<ConnectFunction>(m_library.resolve("connectToKorvane"));
         m_disconnect = reinterpret_cast<DisconnectFunction>(m_library.resolve("disconnectFromKorvane"));
-        if (!isLoaded())
+        if (!m_connect || !m_disconnect)
             qFatal("%s", qPrintable(m_library.errorString()));
     }
-    ~LoadedAddin()
-    {
-        m_disconnect();
-        unload();
-    }
+    ~LoadedAddin() { unload(); }
     LoadedAddin(const LoadedAddin &) = delete;
     LoadedAddin &operator=(const LoadedAddin &) = delete;
 
-    bool isLoaded() const { return m_connect && m_disconnect; }
     bool connect(kvApplication_c *app) { return m_connect(0, app); }
     bool disconnect() { return m_disconnect(); }
 
-    /// Unloads the library, after what it left to be deleted later.
-    bool unload()
+    /// Disconnects, and unloads the library after what it left to be deleted later. Nothing can be called
+    /// afterwards.
+    void unload()
     {
+        if (!m_library.isLoaded())
+            return;
+        disconnect();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return m_library.unload();
+        m_library.unload();
     }
 
 private:
