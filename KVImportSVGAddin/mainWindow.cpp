@@ -126,7 +126,9 @@ void mainWindow::closeEvent(QCloseEvent *event)
     ui->listWidget->clear();
     ui->treeWidget->clear();
 
-    QSettings().setValue(QStringLiteral("mainWindowGeometry"), saveGeometry());
+    // A copied key: Qt's settings cache keeps it, and a literal's characters go when the host unloads the
+    // add-in.
+    QSettings().setValue(QString::fromLatin1("mainWindowGeometry"), saveGeometry());
     m_dialogActive = false;
     QDialog::closeEvent(event);
 }
