@@ -21,9 +21,8 @@ bool isDark()
 const char lightPanelStyle[] =
     "QLineEdit[readOnly=\"true\"] { border: 1px solid palette(mid); border-radius: 2px; padding: 2px; }"
     "QLineEdit[readOnly=\"true\"]:focus { border-color: palette(highlight); }"
-    "QLabel:disabled, QLineEdit:disabled, QCheckBox:disabled, QRadioButton:disabled, QPushButton:disabled { "
-    "color: rgb(84, 90, "
-    "99); }";
+    "QLabel:disabled, QLineEdit:disabled, QCheckBox:disabled, QRadioButton:disabled, QPushButton:disabled"
+    "{ color: rgb(84, 90, 99); }";
 
 } // namespace
 

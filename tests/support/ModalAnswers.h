@@ -1,0 +1,91 @@
+// Answers the file dialogs and message boxes that come up while a test clicks, one after the other.
+
+#pragma once
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+
+#include <functional>
+
+/// Queues answers; each goes to the next dialog that comes up. A dialog that nobody expected is closed, so
+/// that no test waits for ever; it fails the test, and so does an answer that nobody asked for.
+class ModalAnswers {
+public:
+    ModalAnswers()
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, [this] { answer(); });
+        m_timer.start();
+    }
+    ~ModalAnswers()
+    {
+        if (!m_answers.isEmpty())
+            QTest::qFail("a dialog did not come up", __FILE__, __LINE__);
+    }
+    ModalAnswers(const ModalAnswers &) = delete;
+    ModalAnswers &operator=(const ModalAnswers &) = delete;
+
+    /// Chooses a file or a folder in a file dialog, as if its path were typed.
+    void choose(const QString &path)
+    {
+        m_answers.append([path](QDialog &dialog) {
+            auto *name = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+            auto *buttons = dialog.findChild<QDialogButtonBox *>();
+            if (!name || !buttons)
+                return false;
+            name->setText(path);
+            // Once the dialog has read the folder, it lets the file be opened.
+            QPushButton *open = buttons->button(QDialogButtonBox::Open);
+            if (!open || !open->isEnabled())
+                return false;
+            QTest::mouseClick(open, Qt::LeftButton);
+            return true;
+        });
+    }
+    void cancel()
+    {
+        m_answers.append([](QDialog &dialog) {
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+            return true;
+        });
+    }
+    /// Presses `button` in a message box and notes what the box said.
+    void press(QMessageBox::StandardButton button)
+    {
+        m_answers.append([this, button](QDialog &dialog) {
+            auto *box = qobject_cast<QMessageBox *>(&dialog);
+            if (!box || !box->button(button))
+                return false;
+            messages.append(box->windowTitle() + QStringLiteral(": ") + box->text());
+            boxSeen(*box);
+            QTest::mouseClick(box->button(button), Qt::LeftButton);
+            return true;
+        });
+    }
+
+    QStringList messages;
+    std::function<void(QMessageBox &)> boxSeen = [](QMessageBox &) {};
+
+private:
+    void answer()
+    {
+        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (!dialog || !dialog->isVisible()
+            || !(qobject_cast<QFileDialog *>(dialog) || qobject_cast<QMessageBox *>(dialog)))
+            return;
+        if (m_answers.isEmpty()) {
+            QTest::qFail(qPrintable("unexpected: " + dialog->windowTitle()), __FILE__, __LINE__);
+            dialog->reject();
+        } else if (m_answers.first()(*dialog)) {
+            m_answers.removeFirst();
+        }
+    }
+
+    QList<std::function<bool(QDialog &)>> m_answers;
+    QTimer m_timer;
+};

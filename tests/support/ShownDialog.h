@@ -1,0 +1,105 @@
+// The import dialog, shown by an add-in that is connected to a recording host, and driven by clicks and keys.
+// For tests that are linked with the add-in's own objects.
+
+#pragma once
+
+#include "RecordingHost.h"
+#include "kvAddinConnection.h"
+#include "mainWindow.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSettings>
+#include <QTranslator>
+#include <QtTest>
+
+#include <memory>
+
+enum class Theme { Light, Dark };
+
+class ShownDialog {
+public:
+    /// `language` is a file in ":/translation"; without one the texts are the source's.
+    explicit ShownDialog(Theme theme = Theme::Light, const QString &language = {})
+    {
+        KVImportSVGAddinApplication::m_bDarkMode = theme == Theme::Dark ? 1 : 0;
+        setHostApplication(host.application());
+        g_addinApplication = &m_addin;
+        if (!language.isEmpty() && m_translator.load(language, QStringLiteral(":/translation")))
+            QCoreApplication::installTranslator(&m_translator);
+        QSettings().clear();
+        dialog = std::make_unique<mainWindow>();
+        dialog->show();
+        host.begin();
+    }
+    ~ShownDialog()
+    {
+        dialog.reset();
+        QCoreApplication::removeTranslator(&m_translator);
+        g_addinApplication = nullptr;
+        setHostApplication(nullptr);
+    }
+    ShownDialog(const ShownDialog &) = delete;
+    ShownDialog &operator=(const ShownDialog &) = delete;
+
+    template <class Widget = QWidget>
+    Widget *widget(const QString &name) const
+    {
+        auto *found = dialog->findChild<Widget *>(name);
+        if (!found)
+            qFatal("The dialog has no %s", qPrintable(name));
+        return found;
+    }
+    QVariant value(const QString &name, const char *property) const
+    {
+        return widget(name)->property(property);
+    }
+    QString text(const QString &name) const { return value(name, "text").toString(); }
+    bool isEnabled(const QString &name) const { return widget(name)->isEnabled(); }
+    bool isChecked(const QString &name) const { return value(name, "checked").toBool(); }
+
+    void click(const QString &name) const
+    {
+        QWidget *target = widget(name);
+        // A check box is wider than its text, whose middle alone takes the click.
+        const bool atStart = qobject_cast<QCheckBox *>(target) || qobject_cast<QRadioButton *>(target);
+        QTest::mouseClick(target, Qt::LeftButton, {}, atStart ? QPoint(8, target->height() / 2) : QPoint());
+    }
+    void type(const QString &field, const QString &text) const
+    {
+        widget<QLineEdit>(field)->selectAll();
+        QTest::keyClicks(widget(field), text);
+    }
+
+    /// The journal's lines that contain `part`.
+    QByteArrayList calls(const QByteArray &part) const
+    {
+        QByteArrayList found;
+        std::copy_if(host.calls.begin(), host.calls.end(), std::back_inserter(found),
+                     [&part](const QByteArray &line) { return line.contains(part); });
+        return found;
+    }
+
+    RecordingHost host;
+    std::unique_ptr<mainWindow> dialog;
+
+private:
+    KVImportSVGAddinApplication m_addin{host.application()};
+    QTranslator m_translator;
+};
+
+/// A folder for the settings that the dialog writes, and the names they are kept under.
+class TemporarySettings {
+public:
+    TemporarySettings()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+        QCoreApplication::setOrganizationName(QStringLiteral("Korvane"));
+        QCoreApplication::setApplicationName(QStringLiteral("ImportDialogTest"));
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
