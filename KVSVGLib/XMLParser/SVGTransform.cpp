@@ -7,6 +7,8 @@
 std::optional<SVGMatrix> matrixFromAttribute(const QString &transform)
 {
     constexpr int wordAndParenthesis = 7; // "matrix("
+    if (transform.size() <= wordAndParenthesis + 1)
+        return std::nullopt;
     const QString cut = transform.mid(wordAndParenthesis, transform.size() - wordAndParenthesis - 1);
     // Blanks become commas first: files write matrix(1 0 0 1 5 5) as well.
     const QString commas = QString(cut).replace(QLatin1Char(' '), QLatin1Char(','));
