@@ -3,10 +3,10 @@
 #include "mainWindow.h"
 
 #include "SVGBlockBuilder.h"
+#include "SVGImportSteps.h"
 #include "kvAddinConnection.h"
 #include "kvAddinGuard.h"
 #include "kvTextConversion.h"
-#include "mainWindowSteps.h"
 #include "mainWindowText.h"
 #include "ui_mainWindow.h"
 

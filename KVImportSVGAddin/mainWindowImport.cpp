@@ -3,9 +3,9 @@
 #include "mainWindow.h"
 
 #include "SVGBlockBuilder.h"
+#include "SVGImportSteps.h"
 #include "kvAddinConnection.h"
 #include "kvAddinGuard.h"
-#include "mainWindowSteps.h"
 #include "mainWindowText.h"
 #include "ui_mainWindow.h"
 

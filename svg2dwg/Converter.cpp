@@ -47,7 +47,7 @@ void Converter::convertFile(const QString &input)
 
     m_journal.announce(input);
     ImportError error;
-    const std::optional<QString> svgText = loadedSvgText(input, error);
+    const std::optional<QByteArray> svgText = loadedSvgText(input, error);
     if (!svgText) {
         finishPending();
         m_report.failed(error.text);

@@ -3,11 +3,10 @@
 #include "SVGImport.h"
 
 #include "SVGBlockBuilder.h"
+#include "SVGImportSteps.h"
 #include "XMLDiagnosis.h"
-#include "kvTextConversion.h"
 
 #include "XMLParser/CannotOpenMessage.h"
-#include "XMLParser/XMLParser.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -46,15 +45,9 @@ QString whyNotOpened(const QString &path)
 void insertBlock(kvApplication_c &application, const kvString &name, bool explode)
 {
     kvInterfacePtr<kvDocument_c> document;
-    kvInterfacePtr<kvModel_c> model;
-    kvInterfacePtr<kvSketchManager_c> sketchManager;
     kvInterfacePtr<kvBlockInstance_c> instance;
     application.GetActiveDocument(document.out());
-    if (document)
-        document->GetModel(model.out());
-    if (model)
-        model->GetSketchManager(sketchManager.out());
-    if (sketchManager)
+    if (const auto sketchManager = sketchManagerOf(document.get()))
         sketchManager->InsertBlock2(name, 0.0, 0.0, 0.0, 1.0, 1.0, 1.0, 0.0, instance.out());
     if (instance && explode)
         instance->Explode();
@@ -62,29 +55,20 @@ void insertBlock(kvApplication_c &application, const kvString &name, bool explod
 
 } // namespace
 
-std::optional<QString> loadedSvgText(const QString &path, ImportError &error)
+std::optional<QByteArray> loadedSvgText(const QString &path, ImportError &error)
 {
     const CannotOpenWatch cannotOpen;
-    const XMLParser unused(path);
-    const XMLDocumentReader reader(path);
-    if (cannotOpen.seen() || path.isEmpty()) {
-        error.text = whyNotOpened(path);
-        return {};
-    }
-    if (reader.document().documentElement().isNull()) {
-        error.text = xmlProblem(path);
-        return {};
-    }
-    return reader.toString();
+    const QByteArray svgText = loadSvgText(path);
+    if (!svgText.isEmpty())
+        return svgText;
+    error.text = cannotOpen.seen() || path.isEmpty() ? whyNotOpened(path) : xmlProblem(path);
+    return {};
 }
 
-refhost::HostDocumentPtr drawingFrom(refhost::HostSession &session, const QString &svgText, bool explode)
+refhost::HostDocumentPtr drawingFrom(refhost::HostSession &session, const QByteArray &svgText, bool explode)
 {
     refhost::HostDocumentPtr document = session.newDocument();
-    SVGBlockBuilder builder(session.application(), svgText.toUtf8());
-    kvString name;
-    if (kvBlockDefinition_c *definition = builder.createBlockDefinition())
-        definition->GetName(&name);
-    insertBlock(*session.application(), name, explode);
+    SVGBlockBuilder builder(session.application(), svgText);
+    insertBlock(*session.application(), createBlock(builder), explode);
     return document;
 }

@@ -4,6 +4,7 @@
 
 #include "api/HostSession.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <optional>
@@ -15,8 +16,8 @@ struct ImportError {
 
 /// The text of the SVG file at `path`, loaded as the import dialog loads it; nothing when it holds no
 /// document, and `error` says why.
-std::optional<QString> loadedSvgText(const QString &path, ImportError &error);
+std::optional<QByteArray> loadedSvgText(const QString &path, ImportError &error);
 
 /// Draws `svgText` into a new drawing of `session`, as one block instance at the origin, exploded when
 /// `explode` is set. Returns the drawing, which is the active one.
-refhost::HostDocumentPtr drawingFrom(refhost::HostSession &session, const QString &svgText, bool explode);
+refhost::HostDocumentPtr drawingFrom(refhost::HostSession &session, const QByteArray &svgText, bool explode);

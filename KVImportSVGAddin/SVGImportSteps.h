@@ -1,4 +1,4 @@
-// The steps that single import and batch processing have in common.
+// The steps that every import of a file goes through: single import, batch processing, and svg2dwg.
 
 #pragma once
 

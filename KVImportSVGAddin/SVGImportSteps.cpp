@@ -1,7 +1,6 @@
-// The steps that single import and batch processing have in common: load a file, make its block, find where
-// to insert it.
+// The steps of every import: load a file, make its block, find where to insert it.
 
-#include "mainWindowSteps.h"
+#include "SVGImportSteps.h"
 
 #include "SVGBlockBuilder.h"
 
