@@ -11,7 +11,10 @@
 
 class JournalFile {
 public:
-    /// `fileName` empty means no journal, "-" standard output.
+    /// The file name that stands for standard output.
+    static QString standardOutput() { return QStringLiteral("-"); }
+
+    /// An empty `fileName` means no journal.
     explicit JournalFile(const QString &fileName);
 
     /// Has `journal` write into the file. Returns an error text, empty when it went well.

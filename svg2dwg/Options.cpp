@@ -8,7 +8,7 @@
 
 namespace {
 
-const auto synopsis = QStringLiteral("[options] FILE|FOLDER... -o FOLDER");
+const auto synopsis = QStringLiteral("FILE|FOLDER... -o FOLDER");
 
 const auto description = QStringLiteral(
     "Converts SVG files to drawings. Each file becomes one block at the origin of a drawing of its own;\n"
@@ -33,9 +33,9 @@ std::optional<refhost::DrawingFormat> formatNamed(const QString &name)
 
 Answer usageError(const QString &problem)
 {
-    return {
-        QStringLiteral("svg2dwg: %1\nUsage: svg2dwg %2\nsvg2dwg --help says more.").arg(problem, synopsis),
-        true};
+    return {QStringLiteral("svg2dwg: %1\nUsage: svg2dwg [options] %2\nsvg2dwg --help says more.")
+                .arg(problem, synopsis),
+            true};
 }
 
 } // namespace
@@ -48,7 +48,8 @@ std::variant<Options, Answer> optionsFrom(const QStringList &arguments)
     const QCommandLineOption format("format", "Writes dwg (the default) or dxf.", "dwg|dxf", "dwg");
     const QCommandLineOption preview("preview", "Writes a picture (PNG) beside each drawing.");
     const QCommandLineOption journal(
-        "journal", "Writes every call of the host API to FILE (- for the terminal).", "FILE");
+        "journal", "Writes every call of the host API to FILE (- prints them in the place of the table).",
+        "FILE");
     const QCommandLineOption dryRun("dry-run", "Draws, but saves nothing; -o may be left out.");
     const QCommandLineOption force("force", "Overwrites drawings and pictures that exist already.");
     const QCommandLineOption quiet({"q", "quiet"}, "Prints errors only.");

@@ -26,7 +26,9 @@ int print(const Answer &answer)
 int run(const Options &options)
 {
     const InputFiles input = inputFilesFrom(options.inputs);
-    Report report(input.files, options.quiet ? Report::Verbosity::Quiet : Report::Verbosity::Normal);
+    const bool printsJournal = options.journalFile == JournalFile::standardOutput();
+    Report report(input.files,
+                  options.quiet || printsJournal ? Report::Verbosity::Quiet : Report::Verbosity::Normal);
     for (const QString &error : input.errors)
         report.error(error);
 

@@ -438,6 +438,10 @@ void tst_svg2dwg::journal()
     const QString difference = journalDifference(
         lines, callsFor("a.svg", "1") + QByteArrayList{R"({"input":"bad.svg"})"} + callsFor("b.svg", "2"));
     QVERIFY2(difference.isEmpty(), qPrintable(difference));
+
+    const QByteArrayList printed =
+        convert({"a.svg", "--dry-run", "--explode", "--journal", "-"}).out.toUtf8().split('\n');
+    QCOMPARE(printed.mid(0, printed.size() - 1), callsFor("a.svg", "1"));
 }
 
 void tst_svg2dwg::previewShowsTheDrawing()
