@@ -16,6 +16,8 @@
 #include <QHeaderView>
 #include <QTableWidget>
 
+#include <utility>
+
 namespace {
 
 constexpr int progressAtStart = 10;
@@ -143,11 +145,12 @@ void mainWindow::runBatch(const QStringList &names)
     kvInterfacePtr<kvDocument_c> startingDrawing;
     hostApplication()->GetActiveDocument(startingDrawing.out());
     const kvInterfacePtr<kvDocument_c> newDrawing = openNewDrawing();
-    m_batchDocument = newDrawing.get();
+    // Clicks on files enable Start in a run as well: a run inside this one gives the drawing back.
+    kvDocument_c *const outerDrawing = std::exchange(m_batchDocument, newDrawing.get());
 
     QString lastOutput;
     runForHost("converting a file", [&] { convertFiles(names, lastOutput); });
-    m_batchDocument = nullptr;
+    m_batchDocument = outerDrawing;
 
     closeDrawing(lastOutput);
     if (startingDrawing)
