@@ -1,0 +1,136 @@
+// The add-in's real library in a recording host, its dialog opened by the command and driven by clicks and
+// keys.
+
+#pragma once
+
+#include "LoadedAddin.h"
+#include "ModalAnswers.h"
+#include "RecordingHost.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QPointer>
+#include <QRegularExpression>
+#include <QtTest>
+
+#include <functional>
+#include <stdexcept>
+
+class ImportSession {
+public:
+    ImportSession()
+    {
+        if (!m_addin.connect(host.application()))
+            qFatal("The add-in does not connect");
+        host.begin();
+    }
+
+    /// Runs IMPORTSVG. `act` works in the dialog, which is closed afterwards if it did not do that itself.
+    void import(const std::function<void()> &act)
+    {
+        whenDialogOpens([this, &act](QWidget *opened) {
+            dialog = opened;
+            act();
+            if (dialog->isVisible())
+                dialog->close();
+        });
+        if (host.session.commands.runForUser(QStringLiteral("IMPORTSVG")) != kvRunCommand_Succeeded)
+            QTest::qFail("IMPORTSVG failed", __FILE__, __LINE__);
+    }
+
+    template <class Widget = QWidget>
+    Widget *widget(const QString &name) const
+    {
+        auto *found = dialog->findChild<Widget *>(name);
+        if (!found)
+            qFatal("The dialog has no %s", qPrintable(name));
+        return found;
+    }
+    QString text(const QString &name) const { return widget(name)->property("text").toString(); }
+    bool isEnabled(const QString &name) const { return widget(name)->isEnabled(); }
+    void click(const QString &name) const
+    {
+        auto *button = widget<QAbstractButton>(name);
+        // A check box is wider than its text, whose middle alone takes the click.
+        QTest::mouseClick(button, Qt::LeftButton, {},
+                          button->isCheckable() ? QPoint(8, button->height() / 2) : QPoint());
+    }
+    /// Chooses `path` in the dialog that the button `browse` opens.
+    void choose(const QString &browse, const QString &path)
+    {
+        answers.choose(path);
+        click(browse);
+    }
+
+    QString path(const QString &name = {}) const
+    {
+        return name.isEmpty() ? m_folder.path() : m_folder.filePath(name);
+    }
+    /// Writes a file, its folders too, and answers with its path.
+    QString write(const QString &name, const QByteArray &content) const
+    {
+        QString path = this->path(name);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            qFatal("cannot write %s", qPrintable(path));
+        return path;
+    }
+
+    /// What the host was asked for, without what counts for the whole process or depends on the machine:
+    /// block names end in N, files are in DIR.
+    QByteArrayList calls() const
+    {
+        static const QRegularExpression blockNumber("blockName\\d+");
+        QByteArrayList result;
+        for (const QByteArray &line : host.calls) {
+            QString text = QString::fromUtf8(line).replace(blockNumber, "blockNameN");
+            text.replace(path(), "DIR").replace(path().replace('/', "\\\\"), "DIR");
+            result.append(text.toUtf8());
+        }
+        return result;
+    }
+    /// The calls of `methods` alone, as "InsertBlock2 arguments".
+    QStringList calls(const QStringList &methods) const
+    {
+        static const QRegularExpression pattern("::(\\w+)\".*\"args\":\\[(.*)\\],\"result");
+        QStringList result;
+        for (const QByteArray &line : calls()) {
+            const QRegularExpressionMatch match = pattern.match(QString::fromUtf8(line));
+            if (methods.contains(match.captured(1)))
+                result.append((match.captured(1) + ' ' + match.captured(2)).trimmed());
+        }
+        return result;
+    }
+
+    RecordingHost host;
+    ModalAnswers answers;
+    QPointer<QWidget> dialog;
+
+private:
+    QTemporaryDir m_folder;
+    LoadedAddin m_addin;
+};
+
+/// How a host call can go wrong.
+enum class Fault { Refused, Throws };
+Q_DECLARE_METATYPE(Fault)
+
+/// Lets the call number `index` of those in `model`, counted from 0, go wrong when `session` makes the same
+/// calls again.
+inline void failCall(ImportSession &session, const QByteArrayList &model, int index, Fault fault)
+{
+    if (fault == Fault::Throws) {
+        session.host.session.journal().begin([index, seen = 0](const QByteArray & /*line*/) mutable {
+            if (seen++ == index)
+                throw std::runtime_error("out of order");
+        });
+        return;
+    }
+    const auto methodOf = [&model](int call) { return model[call].split('"').value(3); };
+    int nth = 1;
+    for (int before = 0; before < index; ++before)
+        nth += methodOf(before) == methodOf(index) ? 1 : 0;
+    session.host.session.faults.clear();
+    session.host.session.faults.failCall(methodOf(index), nth);
+}

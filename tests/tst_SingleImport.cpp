@@ -1,0 +1,332 @@
+// One SVG file through the add-in's library: from the file dialog to the calls that the host gets.
+
+#include "ImportSession.h"
+#include "JournalDifference.h"
+
+#include <QLineEdit>
+#include <QTextCodec>
+#include <QtTest>
+
+#include <optional>
+
+namespace {
+
+const QByteArray oneLine = R"(<svg><line x1="0" y1="0" x2="10" y2="5"/></svg>)";
+const QString position = QStringLiteral("specify_checkBox"); // ticked at the start
+const QString explode = QStringLiteral("explode_checkBox");
+const refhost::Placement picked = {{1, 2, 3}, {4, 5, 6}, 7};
+
+/// Chooses the file, ticks the boxes `ticked` alone, and presses OK.
+void importFile(ImportSession &session, const QString &file, const QStringList &ticked)
+{
+    session.import([&] {
+        session.choose("browse_pushButton", file);
+        session.click(position);
+        for (const QString &box : ticked)
+            session.click(box);
+        session.click("OK_pushButton");
+    });
+}
+
+/// Removes the file "vanishing.svg" as soon as a file dialog has accepted it.
+class VanishingFile : public QObject {
+public:
+    VanishingFile() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        auto *files = qobject_cast<QFileDialog *>(watched);
+        if (files && event->type() == QEvent::Show) {
+            connect(files, &QFileDialog::fileSelected, [](const QString &file) {
+                if (file.endsWith("vanishing.svg"))
+                    QFile::remove(file);
+            });
+        }
+        return false;
+    }
+};
+
+} // namespace
+
+class tst_SingleImport : public QObject {
+    Q_OBJECT
+
+private slots:
+    void wholeJournal();
+    void specifyLater_data();
+    void specifyLater();
+    void typedTexts_data();
+    void typedTexts();
+    void choosing_data();
+    void choosing();
+    void shownNameGoesThroughTheLocale_data();
+    void shownNameGoesThroughTheLocale();
+    void textIsReadWhenTheFileIsChosen();
+    void oneCallFails_data();
+    void oneCallFails();
+};
+
+void tst_SingleImport::wholeJournal()
+{
+    ImportSession session;
+    bool wasVisible = false;
+    session.host.session.services.documentsChanged = [&] { wasVisible |= session.dialog->isVisible(); };
+    session.host.session.services.promptForInsertion = [](const refhost::InsertionPrompt &) {
+        return picked;
+    };
+    importFile(session, session.write("plan.svg", oneLine), {position, explode});
+
+    QVERIFY2(!wasVisible, "the dialog is gone before anything is drawn");
+    // clang-format off
+    const QByteArrayList expected = {
+        R"({"call":"kvApplication_c::GetActiveDocument","args":[],"result":0})",
+        R"({"call":"kvApplication_c::GetCommandMessage","args":[],"result":0})",
+        R"({"call":"kvApplication_c::GetActiveDocument","args":[],"result":0})",
+        R"({"call":"kvDocument_c::GetModel","on":"kvDocument_c#1","args":[],"result":0})",
+        R"({"call":"kvModel_c::GetSketchManager","args":[],"result":0})",
+        R"({"call":"kvSketchManager_c::InsertLine","args":[0,0,0,10,5,0],"result":0})",
+        R"({"call":"kvDocument_c::CreateBlockDefinition","on":"kvDocument_c#1","args":["blockNameN","blockNameN",0,0,0,[24,30,21,22,26,23,27,66],["kvLine_c#1"],3],"result":0})",
+        R"({"call":"kvBlockDefinition_c::GetName","on":"kvBlockDefinition_c#1","args":[],"result":0})",
+        R"({"call":"kvBlockDefinition_c::GetName","on":"kvBlockDefinition_c#1","args":[],"result":0})",
+        R"({"call":"kvDocument_c::GetModel","on":"kvDocument_c#1","args":[],"result":0})",
+        R"({"call":"kvModel_c::GetSketchManager","args":[],"result":0})",
+        R"({"call":"kvApplication_c::GetCommandMessage","args":[],"result":0})",
+        R"({"call":"kvCommandMessage_c::PromptForBlockInsertion2","args":["blockNameN",true,0,0,0,false,1,1,1,false,0],"result":0})",
+        R"({"call":"kvSketchManager_c::InsertBlock2","args":["blockNameN",1,2,3,4,5,6,7],"result":0})",
+        R"({"call":"kvBlockInstance_c::Explode","on":"kvBlockInstance_c#1","args":[],"result":0})",
+    };
+    // clang-format on
+    const QString difference = journalDifference(session.calls(), expected);
+    QVERIFY2(difference.isEmpty(), qPrintable(difference));
+}
+
+void tst_SingleImport::specifyLater_data()
+{
+    QTest::addColumn<QStringList>("ticked");
+    QTest::addColumn<QString>("prompt");
+    QTest::addColumn<bool>("answered");
+
+    for (int later = 1; later < 8; ++later) {
+        QStringList ticked;
+        QStringList arguments = {"\"blockNameN\""};
+        const auto ask = [&](int bit, const QString &box, const QString &offered) {
+            if (later & bit)
+                ticked.append(box);
+            arguments << (later & bit ? "true" : "false") << offered;
+        };
+        ask(1, position, "0,0,0");
+        ask(2, "scale_specify_checkBox", "1,1,1");
+        ask(4, "rotation_specify_checkBox", "0");
+        for (const bool answered : {true, false}) {
+            QTest::addRow("%s, %s", qPrintable(ticked.join(" and ")), answered ? "answered" : "cancelled")
+                << ticked << "PromptForBlockInsertion2 " + arguments.join(',') << answered;
+        }
+    }
+}
+
+void tst_SingleImport::specifyLater()
+{
+    QFETCH(QStringList, ticked);
+    QFETCH(QString, prompt);
+    QFETCH(bool, answered);
+
+    ImportSession session;
+    session.host.session.services.promptForInsertion = [answered](const refhost::InsertionPrompt &) {
+        return answered ? std::make_optional(picked) : std::nullopt;
+    };
+    importFile(session, session.write("plan.svg", oneLine), ticked + QStringList{explode});
+
+    // Without an instance there is nothing to explode.
+    const QStringList inserted = {R"(InsertBlock2 "blockNameN",1,2,3,4,5,6,7)", "Explode"};
+    QCOMPARE(session.calls({"PromptForBlockInsertion2", "InsertBlock2", "Explode"}),
+             QStringList{prompt} + (answered ? inserted : QStringList()));
+}
+
+void tst_SingleImport::typedTexts_data()
+{
+    QTest::addColumn<QStringList>("typed"); // x, y, z, scale, angle
+    QTest::addColumn<QString>("arguments");
+
+    QTest::newRow("numbers, and degrees that become radians")
+        << QStringList{"10", "-20.5", "1e3", "2", "90"} << "10,-20.5,1000,2,2,2,1.5707963267948966";
+    QTest::newRow("a turn to the right")
+        << QStringList{"0", "0", "0", "1", "-180"} << "0,0,0,1,1,1,-3.141592653589793";
+    QTest::newRow("blanks around a number are passed over")
+        << QStringList{" 7", "7 ", " 7 ", " 0.5 ", " 0 "} << "7,7,7,0.5,0.5,0.5,0";
+    QTest::newRow("what is no number counts as 0")
+        << QStringList{"", " ", "1,5", "two", "90 deg"} << "0,0,0,0,0,0,0";
+    QTest::newRow("infinity is asked for as typed")
+        << QStringList{"inf", "0", "0", "1", "0"} << R"("inf",0,0,1,1,1,0)";
+}
+
+void tst_SingleImport::typedTexts()
+{
+    QFETCH(QStringList, typed);
+    QFETCH(QString, arguments);
+
+    ImportSession session;
+    session.import([&] {
+        session.choose("browse_pushButton", session.write("plan.svg", oneLine));
+        session.click(position);
+        const char *const fields[] = {"x_lineEdit", "y_lineEdit", "z_lineEdit", "scale_lineEdit",
+                                      "angle_lineEdit"};
+        for (int i = 0; i < typed.size(); ++i) {
+            auto *field = session.widget<QLineEdit>(fields[i]);
+            field->selectAll();
+            QTest::keyClick(field, Qt::Key_Delete);
+            QTest::keyClicks(field, typed[i]);
+        }
+        session.click("OK_pushButton");
+    });
+    QCOMPARE(session.calls({"InsertBlock2"}), QStringList{R"(InsertBlock2 "blockNameN",)" + arguments});
+}
+
+void tst_SingleImport::choosing_data()
+{
+    QTest::addColumn<QStringList>("chosen"); // an empty one cancels
+    QTest::addColumn<QStringList>("messages");
+    QTest::addColumn<QString>("shown"); // name|folder|OK
+    QTest::addColumn<int>("linesDrawn");
+
+    const QStringList refused = {"Korvane: This Drawing cannot be loaded because it is not a SVG file."};
+    const QString unreadable = "Error: Cannot open xml file: DIR/vanishing.svg";
+
+    QTest::newRow("a first file of another kind leaves OK off")
+        << QStringList{"logo.Svg"} << refused << "||off" << 0;
+    QTest::newRow("the suffix is all of what follows the last dot")
+        << QStringList{"logo.svg.svgz"} << refused << "||off" << 0;
+    QTest::newRow("cancelling at first leaves OK off") << QStringList{""} << QStringList{} << "||off" << 0;
+    QTest::newRow("another file takes the place of the first")
+        << QStringList{"plan.svg", "other/three.svg"} << QStringList{} << "three.svg|DIR/other|on" << 3;
+    QTest::newRow("a refused file, then a cancelled dialog: the first is forgotten")
+        << QStringList{"plan.svg", "logo.Svg", ""} << refused << "||on" << 0;
+    QTest::newRow("what cannot be read is told twice, and shown")
+        << QStringList{"plan.svg", "vanishing.svg"} << QStringList{unreadable, unreadable}
+        << "vanishing.svg|DIR|on" << 0;
+    QTest::newRow("what is not well-formed is shown and draws nothing")
+        << QStringList{"broken.svg"} << QStringList{} << "broken.svg|DIR|on" << 0;
+    QTest::newRow("two dots and quotes in the name")
+        << QStringList{"it's.b.svg"} << QStringList{} << "it's.b.svg|DIR|on" << 1;
+}
+
+void tst_SingleImport::choosing()
+{
+    QFETCH(QStringList, chosen);
+    QFETCH(QStringList, messages);
+    QFETCH(QString, shown);
+    QFETCH(int, linesDrawn);
+
+    ImportSession session;
+    for (const char *name : {"plan.svg", "logo.Svg", "logo.svg.svgz", "vanishing.svg", "it's.b.svg"})
+        session.write(name, oneLine);
+    session.write("other/three.svg", "<svg>" + QByteArray("<line/>").repeated(3) + "</svg>");
+    session.write("broken.svg", "<svg><line/></sgv>");
+    const VanishingFile vanishing;
+
+    const QHash<QString, int> messagesOf = {{"logo.Svg", 1}, {"logo.svg.svgz", 1}, {"vanishing.svg", 2}};
+
+    QString actual;
+    session.import([&] {
+        for (const QString &name : chosen) {
+            name.isEmpty() ? session.answers.cancel() : session.answers.choose(session.path(name));
+            for (int i = 0; i < messagesOf.value(name); ++i)
+                session.answers.press(QMessageBox::Ok);
+            session.click("browse_pushButton");
+        }
+        actual = session.text("name_lineEdit") + '|' + session.text("path_lineEdit")
+            + (session.isEnabled("OK_pushButton") ? "|on" : "|off");
+        session.click(position);
+        session.click("OK_pushButton");
+    });
+    QCOMPARE(actual.replace(session.path(), "DIR"), shown);
+    QCOMPARE(session.answers.messages.replaceInStrings(session.path(), "DIR"), messages);
+    QCOMPARE(session.calls({"InsertLine"}).size(), linesDrawn);
+}
+
+void tst_SingleImport::shownNameGoesThroughTheLocale_data()
+{
+    QTest::addColumn<QByteArray>("codec");
+    QTest::addColumn<QString>("shown");
+
+    QTest::newRow("UTF-8: the name as it is") << QByteArray("UTF-8") << QString::fromUtf8("tür.svg|DIR");
+    QTest::newRow("Latin 1: a name that the path does not contain, so the path loses its last letter alone")
+        << QByteArray("ISO-8859-1") << QString::fromUtf8("tÃ¼r.svg|DIR/tür.sv");
+}
+
+void tst_SingleImport::shownNameGoesThroughTheLocale()
+{
+    QFETCH(QByteArray, codec);
+    QFETCH(QString, shown);
+
+    QTextCodec *before = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName(codec));
+    QString actual;
+    {
+        ImportSession session;
+        session.import([&] {
+            session.choose("browse_pushButton", session.write(QString::fromUtf8("tür.svg"), oneLine));
+            actual = session.text("name_lineEdit") + '|' + session.text("path_lineEdit");
+        });
+        actual.replace(session.path(), "DIR");
+    }
+    QTextCodec::setCodecForLocale(before);
+    QCOMPARE(actual, shown);
+}
+
+void tst_SingleImport::textIsReadWhenTheFileIsChosen()
+{
+    ImportSession session;
+    session.import([&] {
+        session.choose("browse_pushButton", session.write("plan.svg", oneLine));
+        session.write("plan.svg", "<svg/>");
+        session.click("OK_pushButton");
+    });
+    QCOMPARE(session.calls({"InsertLine"}), QStringList{"InsertLine 0,0,0,10,5,0"});
+}
+
+void tst_SingleImport::oneCallFails_data()
+{
+    QTest::addColumn<Fault>("fault");
+
+    QTest::newRow("the host refuses it") << Fault::Refused;
+    QTest::newRow("the host throws") << Fault::Throws;
+}
+
+void tst_SingleImport::oneCallFails()
+{
+    QFETCH(Fault, fault);
+
+    ImportSession session;
+    const refhost::HostDocumentPtr users = session.host.session.activeDocument();
+    const refhost::EntityId usersLine = users->drawing.add(refhost::Line{});
+    const QString file = session.write("plan.svg", oneLine);
+    importFile(session, file, {position, explode});
+    const QByteArrayList model = session.host.calls;
+    QVERIFY(model.size() > 10);
+
+    for (int call = 0; call < model.size(); ++call) {
+        failCall(session, model, call, fault);
+        if (fault == Fault::Throws)
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Import SVG: .* failed: out of order"));
+        importFile(session, file, {position, explode});
+        QVERIFY2(!session.dialog->isVisible(), model[call]);
+        QVERIFY2(users->drawing.isInModelSpace(usersLine), model[call]);
+    }
+    session.import([] {});
+    const std::size_t handles = session.host.session.handles().size();
+    session.host.begin();
+    importFile(session, file, {position, explode});
+    session.import([] {});
+    QVERIFY2(session.host.session.handles().size() == handles, "no import keeps handles");
+    QCOMPARE(refhost::HandleRegister::doubleDeletions(), 0);
+}
+
+int main(int argc, char *argv[])
+{
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication application(argc, argv);
+    tst_SingleImport test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_SingleImport.moc"
