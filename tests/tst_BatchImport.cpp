@@ -144,6 +144,7 @@ void tst_BatchImport::buttons_data()
                                                 << "Close";
     QTest::newRow("a destination alone enables Select all") << "dest" << none;
     QTest::newRow("Select all without any file") << "dest all" << none;
+    QTest::newRow("both folders, no file ticked") << "source dest" << none;
     QTest::newRow("Select all before the destination") << "source all" << none;
     QTest::newRow("the destination after Select all") << "source all dest" << all;
     QTest::newRow("a cancelled destination") << "source all -dest" << none;

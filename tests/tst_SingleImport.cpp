@@ -198,6 +198,8 @@ void tst_SingleImport::choosing_data()
     QTest::newRow("cancelling at first leaves OK off") << QStringList{""} << QStringList{} << "||off" << 0;
     QTest::newRow("another file takes the place of the first")
         << QStringList{"plan.svg", "other/three.svg"} << QStringList{} << "three.svg|DIR/other|on" << 3;
+    QTest::newRow("a refused file keeps the first")
+        << QStringList{"plan.svg", "logo.Svg"} << refused << "||on" << 1;
     QTest::newRow("a refused file, then a cancelled dialog: the first is forgotten")
         << QStringList{"plan.svg", "logo.Svg", ""} << refused << "||on" << 0;
     QTest::newRow("what cannot be read is told twice, and shown")

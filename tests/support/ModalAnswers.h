@@ -37,7 +37,7 @@ public:
             auto *name = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
             auto *buttons = dialog.findChild<QDialogButtonBox *>();
             if (!name || !buttons)
-                return false;
+                return closeUnexpected(dialog);
             name->setText(path);
             // Once the dialog has read the folder, it lets the file be opened.
             QPushButton *open = buttons->button(QDialogButtonBox::Open);
@@ -60,7 +60,7 @@ public:
         m_answers.append([this, button](QDialog &dialog) {
             auto *box = qobject_cast<QMessageBox *>(&dialog);
             if (!box || !box->button(button))
-                return false;
+                return closeUnexpected(dialog);
             messages.append(box->windowTitle() + QStringLiteral(": ") + box->text());
             boxSeen(*box);
             QTest::mouseClick(box->button(button), Qt::LeftButton);
@@ -72,6 +72,13 @@ public:
     std::function<void(QMessageBox &)> boxSeen = [](QMessageBox &) {};
 
 private:
+    /// Closes a dialog that is not the expected one.
+    static bool closeUnexpected(QDialog &dialog)
+    {
+        QTest::qFail(qPrintable("unexpected: " + dialog.windowTitle()), __FILE__, __LINE__);
+        dialog.reject();
+        return true;
+    }
     void answer()
     {
         auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
@@ -79,8 +86,7 @@ private:
             || !(qobject_cast<QFileDialog *>(dialog) || qobject_cast<QMessageBox *>(dialog)))
             return;
         if (m_answers.isEmpty()) {
-            QTest::qFail(qPrintable("unexpected: " + dialog->windowTitle()), __FILE__, __LINE__);
-            dialog->reject();
+            closeUnexpected(*dialog);
         } else if (m_answers.first()(*dialog)) {
             m_answers.removeFirst();
         }
