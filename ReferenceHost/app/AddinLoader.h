@@ -1,0 +1,43 @@
+// Loads an add-in's library and keeps the host going when it misbehaves.
+
+#pragma once
+
+#include <QLibrary>
+#include <QString>
+
+class kvApplication_c;
+
+namespace refhost {
+
+/// One add-in, known by the two functions it exports: connectToKorvane and disconnectFromKorvane.
+class AddinLoader {
+public:
+    AddinLoader() = default;
+    /// Disconnects.
+    ~AddinLoader();
+    AddinLoader(const AddinLoader &) = delete;
+    AddinLoader &operator=(const AddinLoader &) = delete;
+
+    /// Loads the library `path` and connects it to `application`. Returns an empty text, or what went wrong.
+    QString connect(const QString &path, kvApplication_c *application);
+
+    /// Disconnects the add-in. Returns an empty text, or what went wrong. The library stays loaded until
+    /// unload(), since what the window shows may still come out of it.
+    QString disconnect();
+
+    /// Unloads the library of an add-in that was disconnected.
+    void unload();
+
+    bool isConnected() const { return m_isConnected; }
+    QString path() const { return m_library.fileName(); }
+
+private:
+    QLibrary m_library;
+    bool m_isConnected = false;
+    bool m_mayUnload = false;
+};
+
+/// The add-in the host looks for by itself: beside the program, or where the build put it.
+QString standardAddinPath();
+
+} // namespace refhost

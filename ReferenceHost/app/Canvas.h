@@ -1,0 +1,83 @@
+// The drawing area: shows the active drawing and lets the user look around in it and point at things.
+
+#pragma once
+
+#include "api/HostDocument.h"
+#include "view/DrawingPainter.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+#include <optional>
+#include <unordered_map>
+
+namespace refhost {
+
+/// A block shown where it is about to be inserted.
+struct BlockPreview {
+    QString blockName;
+    Placement placement;
+    bool followsCursor = false;
+};
+
+class Canvas : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Canvas(const DrawingColours &colours, QWidget *parent = nullptr);
+
+    /// Shows `document`, where the user left it last time; null shows nothing.
+    void setDocument(const HostDocumentPtr &document);
+    /// Forgets where the user was in drawings that are not among `open`.
+    void keepViewsOf(const std::vector<HostDocumentPtr> &open);
+    /// Paints the drawing anew. One that was empty before is shown as a whole.
+    void drawingChanged();
+
+    const ViewTransform &view() const { return m_view; }
+    void zoomToExtents();
+
+    /// While true, a click picks a point instead of an entity.
+    void setPickingPoint(bool picking);
+    void setPreview(const std::optional<BlockPreview> &preview);
+
+signals:
+    void cursorMoved(const refhost::Point &point);
+    void pointPicked(const refhost::Point &point);
+    /// The user clicked at entity `id`, or at none (0); `removes` when he held the shift key.
+    void entityPicked(refhost::EntityId id, bool removes);
+    /// A key was pressed that the command line may want.
+    void keyPressed(QKeyEvent *event);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+
+private:
+    void setView(const ViewTransform &view);
+    void paintSheet();
+    void paintPreview(QPainter &painter);
+    void paintCrosshair(QPainter &painter) const;
+
+    DrawingPainter m_painter;
+    HostDocumentPtr m_document;
+    ViewTransform m_view;
+    std::unordered_map<const HostDocument *, ViewTransform> m_earlierViews;
+    QPixmap m_sheet; // the drawing as painted last; null when it has to be painted anew
+    std::optional<BlockPreview> m_preview;
+    std::optional<QPointF> m_cursor;
+    std::optional<QPointF> m_panFrom;
+    bool m_showsNothingYet = true;
+    bool m_isPickingPoint = false;
+};
+
+/// `view` magnified by `factor`; the point under `pixel` stays there.
+ViewTransform magnified(const ViewTransform &view, const QPointF &pixel, double factor);
+
+} // namespace refhost

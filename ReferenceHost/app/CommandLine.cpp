@@ -1,0 +1,180 @@
+// Shows what was said, and hands on what the user types.
+
+#include "app/CommandLine.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QBoxLayout>
+#include <QCompleter>
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QStringListModel>
+
+namespace refhost {
+
+namespace {
+
+constexpr int rememberedLines = 5000;
+
+QString anyCommand()
+{
+    return QStringLiteral("Command:");
+}
+
+} // namespace
+
+CommandLine::CommandLine(QWidget *parent)
+    : QWidget(parent)
+    , m_history(new QPlainTextEdit(this))
+    , m_prompt(new QLabel(anyCommand(), this))
+    , m_edit(new CommandEdit(this))
+    , m_names(new QStringListModel(this))
+{
+    setObjectName(QStringLiteral("commandLine"));
+    setAttribute(Qt::WA_StyledBackground);
+    const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+
+    m_history->setObjectName(QStringLiteral("commandHistory"));
+    m_history->setFont(font);
+    m_history->setReadOnly(true);
+    m_history->setMaximumBlockCount(rememberedLines);
+    m_history->setFocusPolicy(Qt::ClickFocus);
+    m_history->setAccessibleName(QStringLiteral("Command history"));
+    m_history->document()->setDocumentMargin(6.0);
+
+    m_prompt->setObjectName(QStringLiteral("commandPrompt"));
+    m_prompt->setFont(font);
+    m_edit->setObjectName(QStringLiteral("commandEdit"));
+    m_edit->setFont(font);
+    m_edit->setFrame(false);
+    m_edit->setAccessibleName(QStringLiteral("Command line"));
+    m_edit->setPlaceholderText(QStringLiteral("Type a command"));
+
+    auto *completer = new QCompleter(m_names, this);
+    completer->setCaseSensitivity(Qt::CaseInsensitive);
+    completer->setFilterMode(Qt::MatchContains);
+    m_edit->setCompleter(completer);
+
+    auto *entry = new QWidget(this);
+    entry->setObjectName(QStringLiteral("commandEntry"));
+    entry->setAttribute(Qt::WA_StyledBackground);
+    auto *entryLayout = new QHBoxLayout(entry);
+    entryLayout->setContentsMargins(8, 4, 8, 4);
+    entryLayout->addWidget(m_prompt);
+    entryLayout->addWidget(m_edit);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 1, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_history);
+    layout->addWidget(entry);
+
+    connect(m_edit, &QLineEdit::returnPressed, this, &CommandLine::enter);
+    connect(m_edit, &CommandEdit::cancelled, this, &CommandLine::cancelled);
+}
+
+void CommandLine::append(const QString &line)
+{
+    m_history->appendPlainText(line);
+}
+
+void CommandLine::setPrompt(const QString &prompt)
+{
+    m_prompt->setText(prompt.isEmpty() ? anyCommand() : prompt);
+    m_edit->setPlaceholderText(prompt.isEmpty() ? QStringLiteral("Type a command") : QString());
+    m_names->setStringList(prompt.isEmpty() ? m_commands : QStringList());
+    m_edit->clear();
+    m_edit->setFocus();
+}
+
+void CommandLine::setCommands(QStringList names)
+{
+    names.sort(Qt::CaseInsensitive);
+    m_commands = std::move(names);
+    if (m_prompt->text() == anyCommand())
+        m_names->setStringList(m_commands);
+}
+
+void CommandLine::takeKey(QKeyEvent *event)
+{
+    m_edit->setFocus();
+    QApplication::sendEvent(m_edit, event);
+}
+
+QString CommandLine::history() const
+{
+    return m_history->toPlainText();
+}
+
+void CommandLine::enter()
+{
+    const QString line = m_edit->takeLine();
+    append(m_prompt->text() + QLatin1Char(' ') + line);
+    emit entered(line);
+}
+
+CommandEdit::CommandEdit(QWidget *parent)
+    : QLineEdit(parent)
+{
+}
+
+QString CommandEdit::takeLine()
+{
+    const QString line = text().trimmed();
+    clear();
+    if (!line.isEmpty() && (m_earlier.isEmpty() || m_earlier.last() != line))
+        m_earlier.append(line);
+    m_recalled = m_earlier.size();
+    return line;
+}
+
+/// The tab key completes a line and moves the focus only from an empty one.
+bool CommandEdit::event(QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        auto *keyEvent = static_cast<QKeyEvent *>(event);
+        if (keyEvent->key() == Qt::Key_Tab && !text().isEmpty()) {
+            complete();
+            return true;
+        }
+    }
+    return QLineEdit::event(event);
+}
+
+void CommandEdit::complete()
+{
+    if (!completer())
+        return;
+    completer()->setCompletionPrefix(text());
+    if (!completer()->currentCompletion().isEmpty())
+        setText(completer()->currentCompletion());
+    completer()->popup()->hide();
+}
+
+void CommandEdit::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        if (completer())
+            completer()->popup()->hide();
+        clear();
+        emit cancelled();
+        return;
+    case Qt::Key_Up:
+        return recall(-1);
+    case Qt::Key_Down:
+        return recall(1);
+    default:
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+void CommandEdit::recall(int step)
+{
+    m_recalled = qBound(0, m_recalled + step, m_earlier.size());
+    setText(m_earlier.value(m_recalled));
+}
+
+} // namespace refhost

@@ -1,0 +1,74 @@
+// Keeps the settings with QSettings, under names of their own.
+
+#include "app/HostSettingsStore.h"
+
+#include <QSettings>
+
+#include <tuple>
+
+namespace refhost {
+
+namespace {
+
+constexpr auto languageKey = "language";
+constexpr auto themeKey = "theme";
+constexpr auto webHelpKey = "webHelp";
+constexpr auto webLinkKey = "webLink";
+constexpr auto helpFileKey = "helpFile";
+
+} // namespace
+
+HostSettings loadHostSettings()
+{
+    const QSettings stored(QStringLiteral("Korvane"), QStringLiteral("ReferenceHost"));
+    HostSettings settings;
+    settings.language = stored.value(QLatin1String(languageKey), settings.language).toInt();
+    settings.theme = stored.value(QLatin1String(themeKey), static_cast<int>(settings.theme)).toInt();
+    settings.webHelp = stored.value(QLatin1String(webHelpKey), settings.webHelp).toBool();
+    settings.webLink =
+        stored.value(QLatin1String(webLinkKey), QStringLiteral("https://help.korvane.example/")).toString();
+    settings.helpFile = stored.value(QLatin1String(helpFileKey), QStringLiteral("Korvane.chm")).toString();
+    return settings;
+}
+
+void saveHostSettings(const HostSettings &settings)
+{
+    QSettings stored(QStringLiteral("Korvane"), QStringLiteral("ReferenceHost"));
+    stored.setValue(QLatin1String(languageKey), settings.language);
+    stored.setValue(QLatin1String(themeKey), static_cast<int>(settings.theme));
+    stored.setValue(QLatin1String(webHelpKey), settings.webHelp);
+    stored.setValue(QLatin1String(webLinkKey), settings.webLink);
+    stored.setValue(QLatin1String(helpFileKey), settings.helpFile);
+}
+
+bool isSame(const HostSettings &first, const HostSettings &second)
+{
+    const auto parts = [](const HostSettings &settings) {
+        return std::tie(settings.language, settings.theme, settings.webHelp, settings.webLink,
+                        settings.helpFile);
+    };
+    return parts(first) == parts(second);
+}
+
+const std::vector<HostLanguage> &hostLanguages()
+{
+    static const std::vector<HostLanguage> languages = {
+        {kvLanguage_English, "English"},
+        {kvLanguage_ChineseSimplified, "Chinese (simplified)"},
+        {kvLanguage_Chinese, "Chinese (traditional)"},
+        {kvLanguage_Czech, "Czech"},
+        {kvLanguage_French, "French"},
+        {kvLanguage_German, "German"},
+        {kvLanguage_Italian, "Italian"},
+        {kvLanguage_Japanese, "Japanese"},
+        {kvLanguage_Korean, "Korean"},
+        {kvLanguage_Polish, "Polish"},
+        {kvLanguage_PortugueseBrazilian, "Portuguese (Brazil)"},
+        {kvLanguage_Russian, "Russian"},
+        {kvLanguage_Spanish, "Spanish"},
+        {kvLanguage_Turkish, "Turkish"},
+    };
+    return languages;
+}
+
+} // namespace refhost

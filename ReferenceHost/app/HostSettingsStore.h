@@ -1,0 +1,26 @@
+// The user's settings of the host, kept from one start to the next.
+
+#pragma once
+
+#include "api/HostSession.h"
+
+namespace refhost {
+
+/// The stored settings; the default for each that was never stored.
+HostSettings loadHostSettings();
+
+void saveHostSettings(const HostSettings &settings);
+
+/// Whether both mean the same for the next start.
+bool isSame(const HostSettings &first, const HostSettings &second);
+
+/// A language of the host as add-ins are told it. The host's own texts are English whichever it is.
+struct HostLanguage {
+    kvLanguage_e value;
+    const char *name; ///< English
+};
+
+/// All languages, English first, the others by name.
+const std::vector<HostLanguage> &hostLanguages();
+
+} // namespace refhost

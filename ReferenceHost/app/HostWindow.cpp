@@ -1,0 +1,449 @@
+// Puts the window together and passes on between its parts and the session.
+
+#include "app/HostWindow.h"
+
+#include "app/Canvas.h"
+#include "app/CommandActions.h"
+#include "app/CommandLine.h"
+#include "app/Guarded.h"
+#include "app/InsertionPrompter.h"
+#include "app/JournalPanel.h"
+#include "app/Ribbon.h"
+#include "app/WindowCommands.h"
+#include "export/DrawingFile.h"
+
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QMenuBar>
+#include <QProcess>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+#include <QUrl>
+
+#include <algorithm>
+
+namespace refhost {
+
+namespace {
+
+/// The keys of commands, shown in the menus.
+QKeySequence shortcutOf(const QString &command)
+{
+    static const QHash<QString, QKeySequence> shortcuts = {
+        {QStringLiteral("_SMARTNEW"), QKeySequence::New},
+        {QStringLiteral("_SAVEAS"), QKeySequence::Save},
+        {QStringLiteral("_CLOSE"), QKeySequence(QStringLiteral("Ctrl+W"))},
+        {QStringLiteral("_QUIT"), QKeySequence(QStringLiteral("Ctrl+Q"))},
+        {QStringLiteral("_SELECTALL"), QKeySequence::SelectAll},
+        {QStringLiteral("_DELETE"), QKeySequence::Delete},
+        {QStringLiteral("_ZOOMEXTENTS"), QKeySequence(QStringLiteral("Ctrl+E"))},
+        {QStringLiteral("_JOURNAL"), QKeySequence(QStringLiteral("Ctrl+J"))},
+    };
+    return shortcuts.value(command);
+}
+
+QString tabText(const HostDocument &document)
+{
+    return document.fileName.isEmpty() ? document.title : QFileInfo(document.fileName).fileName();
+}
+
+/// Calls `show` when the host has time, once however often it is asked for until then.
+void showSoon(HostWindow &window, bool &isDue, void (HostWindow::*show)())
+{
+    if (!isDue)
+        QTimer::singleShot(0, &window, show);
+    isDue = true;
+}
+
+} // namespace
+
+HostWindow::HostWindow(const HostSettings &settings, QWidget *parent)
+    : QMainWindow(parent)
+    , m_theme(themeFromOption(settings.theme))
+{
+    m_session.settings = settings;
+    addWindowCommands(*this);
+    build();
+    provideServices();
+    say(QStringLiteral("Type a command, or click one. Esc cancels."));
+    m_session.newDocument();
+    showUserInterface();
+    showDocuments();
+    m_commandLine->setPrompt({});
+}
+
+HostWindow::~HostWindow()
+{
+    m_session.services = {};
+    if (m_addin.isConnected())
+        m_addin.disconnect();
+    delete m_journal; // records the session's calls, which ends before the window's parts do
+}
+
+void HostWindow::build()
+{
+    setWindowTitle(QStringLiteral("Reference Host"));
+    setWindowIcon(hostIcon(QStringLiteral("application"), m_theme));
+    setStyleSheet(windowStyleSheet(m_theme));
+    resize(1200, 780);
+
+    auto *top = new QWidget(this);
+    auto *topLayout = new QVBoxLayout(top);
+    topLayout->setContentsMargins(0, 0, 0, 0);
+    topLayout->setSpacing(0);
+    m_ribbon = new Ribbon(top);
+    topLayout->addWidget(new QMenuBar(top));
+    topLayout->addWidget(m_ribbon);
+    setMenuWidget(top);
+
+    m_tabs = new QTabBar;
+    m_tabs->setObjectName(QStringLiteral("documentTabs"));
+    m_tabs->setDrawBase(false);
+    m_tabs->setExpanding(false);
+    m_tabs->setFocusPolicy(Qt::NoFocus);
+    m_canvas = new Canvas(drawingColours(m_theme));
+    auto *workArea = new QWidget;
+    workArea->setObjectName(QStringLiteral("workArea"));
+    auto *workLayout = new QVBoxLayout(workArea);
+    workLayout->setContentsMargins(0, 0, 0, 0);
+    workLayout->setSpacing(0);
+    workLayout->addWidget(m_tabs);
+    workLayout->addWidget(m_canvas, 1);
+
+    m_commandLine = new CommandLine;
+    m_prompter = new InsertionPrompter(*m_commandLine, *m_canvas, this);
+    auto *splitter = new QSplitter(Qt::Vertical);
+    splitter->addWidget(workArea);
+    splitter->addWidget(m_commandLine);
+    splitter->setStretchFactor(0, 1);
+    splitter->setCollapsible(0, false);
+    splitter->setCollapsible(1, false);
+    splitter->setSizes({500, 120});
+    setCentralWidget(splitter);
+
+    m_journal = new JournalPanel(m_session.journal(), this);
+    addDockWidget(Qt::RightDockWidgetArea, m_journal);
+    m_journal->hide();
+
+    m_coordinates = new QLabel;
+    m_coordinates->setObjectName(QStringLiteral("coordinates"));
+    m_coordinates->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_selectionNote = new QLabel;
+    m_addinNote = new QLabel;
+    m_addinNote->setText(QStringLiteral("No add-in"));
+    for (QLabel *label : {m_selectionNote, m_addinNote})
+        label->setObjectName(QStringLiteral("statusNote"));
+    statusBar()->addWidget(m_coordinates);
+    statusBar()->addPermanentWidget(m_selectionNote);
+    statusBar()->addPermanentWidget(m_addinNote);
+
+    connect(m_commandLine, &CommandLine::entered, this, &HostWindow::enter);
+    connect(m_commandLine, &CommandLine::cancelled, this, &HostWindow::cancel);
+    connect(m_canvas, &Canvas::keyPressed, m_commandLine, &CommandLine::takeKey);
+    connect(m_canvas, &Canvas::entityPicked, this, &HostWindow::select);
+    connect(m_canvas, &Canvas::cursorMoved, this, [this](const Point &point) {
+        m_coordinates->setText(QStringLiteral("%1, %2, %3")
+                                   .arg(point.x, 0, 'f', 4)
+                                   .arg(point.y, 0, 'f', 4)
+                                   .arg(point.z, 0, 'f', 4));
+    });
+    connect(m_tabs, &QTabBar::currentChanged, this, &HostWindow::activateTab);
+}
+
+void HostWindow::provideServices()
+{
+    HostServices &services = m_session.services;
+    services.promptForInsertion = [this](const InsertionPrompt &prompt) {
+        m_tabs->setEnabled(false); // the preview belongs to the drawing that is shown
+        const std::optional<Placement> answer = m_prompter->ask(prompt);
+        m_tabs->setEnabled(true);
+        return answer;
+    };
+    services.saveDrawing = [this](const Drawing &drawing, const QString &fileName, bool usedBlocksOnly) {
+        return refhost::saveDrawing(m_encoder, drawing, fileName,
+                                    usedBlocksOnly ? BlocksToSave::UsedOnly : BlocksToSave::All);
+    };
+    services.openWebHelp = [this](const QString &address) { return openHelp(QUrl(address)); };
+    services.openHelpFile = [this](long /*topicId*/, const QString &path) {
+        if (QFileInfo(path).isFile())
+            return openHelp(QUrl::fromLocalFile(path));
+        say(QStringLiteral("The help file is missing: %1").arg(path));
+        return false;
+    };
+    services.report = [this](const QString &message) { say(message); };
+    services.documentsChanged = [this] { showDocumentsSoon(); };
+    services.userInterfaceChanged = [this] { showUserInterfaceSoon(); };
+}
+
+void HostWindow::say(const QString &message)
+{
+    m_commandLine->append(message);
+}
+
+void HostWindow::enter(const QString &line)
+{
+    if (m_prompter->isWaiting())
+        m_prompter->answer(line);
+    else
+        runCommand(line);
+}
+
+void HostWindow::runCommand(const QString &commandLine)
+{
+    const QString name = commandName(commandLine);
+    if (name != commandLine.trimmed()) // it started with "^C"
+        cancel();
+    if (name.isEmpty())
+        return;
+    const QString running = m_session.commands.running();
+    if (!running.isEmpty()) {
+        say(QStringLiteral("%1: not run: %2 still runs").arg(name, running));
+        return;
+    }
+
+    kvRunCommandError_e result = kvRunCommand_Succeeded;
+    const QString thrown = guarded([&] { result = m_session.commands.runForUser(name); });
+    if (!thrown.isEmpty())
+        say(QStringLiteral("%1: failed: %2").arg(name, thrown));
+    else if (result == kvRunCommand_UnknownCommand)
+        say(QStringLiteral("%1: no such command").arg(name));
+    else if (result == kvRunCommand_Refused)
+        say(QStringLiteral("%1: not completed").arg(name));
+}
+
+void HostWindow::cancel()
+{
+    if (m_prompter->isWaiting()) {
+        m_prompter->cancel();
+        return;
+    }
+    const HostDocumentPtr document = m_session.activeDocument();
+    if (!document || !m_session.commands.running().isEmpty())
+        return;
+    document->selection.clear();
+    showDocumentsSoon();
+}
+
+void HostWindow::connectAddin(const QString &path)
+{
+    if (!mayChangeAddin())
+        return;
+    const QString error = m_addin.connect(path, m_session.application());
+    if (!error.isEmpty()) {
+        say(error);
+        return;
+    }
+    const QString name = QFileInfo(m_addin.path()).completeBaseName();
+    m_addinNote->setText(QStringLiteral("Add-in: %1").arg(name));
+    say(QStringLiteral("Connected %1.").arg(name));
+}
+
+void HostWindow::chooseAddin()
+{
+    if (!mayChangeAddin())
+        return;
+    const QString file =
+        QFileDialog::getOpenFileName(this, QStringLiteral("Connect add-in"), standardAddinPath(),
+                                     QStringLiteral("Add-ins (*.so *.dll *.dylib);;All files (*)"));
+    if (!file.isEmpty())
+        connectAddin(file);
+}
+
+void HostWindow::disconnectAddin()
+{
+    if (!mayChangeAddin())
+        return;
+    const QString error = m_addin.disconnect();
+    say(error.isEmpty() ? QStringLiteral("Disconnected the add-in.") : error);
+    m_addinNote->setText(QStringLiteral("No add-in"));
+    showUserInterface(); // before the add-in's icons go
+
+    const auto &commands = m_session.commands.commands();
+    const bool hasLeftCommands = std::any_of(commands.begin(), commands.end(), [](const CommandPtr &command) {
+        return !command->appId.isEmpty();
+    });
+    if (hasLeftCommands)
+        say(QStringLiteral("The add-in has left commands behind. Its library stays loaded."));
+    else
+        m_addin.unload();
+}
+
+/// Says so when not.
+bool HostWindow::mayChangeAddin()
+{
+    const QString running = m_session.commands.running();
+    if (!running.isEmpty())
+        say(QStringLiteral("Not possible while %1 runs.").arg(running));
+    return running.isEmpty();
+}
+
+void HostWindow::closeEvent(QCloseEvent *event)
+{
+    const QString running = m_session.commands.running();
+    event->setAccepted(running.isEmpty());
+    if (!running.isEmpty())
+        say(QStringLiteral("Cannot close while %1 runs.").arg(running));
+}
+
+void HostWindow::restart()
+{
+    if (close())
+        QProcess::startDetached(QCoreApplication::applicationFilePath(),
+                                QCoreApplication::arguments().mid(1));
+}
+
+bool HostWindow::openHelp(const QUrl &address)
+{
+    const bool isOpen = QDesktopServices::openUrl(address);
+    if (!isOpen)
+        say(QStringLiteral("No browser could be started. Help is at %1").arg(address.toString()));
+    return isOpen;
+}
+
+void HostWindow::showUserInterfaceSoon()
+{
+    showSoon(*this, m_userInterfaceIsDue, &HostWindow::showUserInterface);
+}
+
+void HostWindow::showDocumentsSoon()
+{
+    showSoon(*this, m_documentsAreDue, &HostWindow::showDocuments);
+}
+
+void HostWindow::showUserInterface()
+{
+    m_userInterfaceIsDue = false;
+    const CommandActions actions(m_session.commands, m_theme, [this](const QString &commandLine) {
+        say(QStringLiteral("Command: %1").arg(commandName(commandLine)));
+        runCommand(commandLine);
+    });
+    const auto &workspaces = m_session.userInterface.workspaces.children;
+    if (!workspaces.empty())
+        m_ribbon->showWorkspace(*workspaces.front(), actions);
+    showMenus(actions);
+    showToolbars(actions);
+
+    QStringList names;
+    for (const CommandPtr &command : m_session.commands.commands())
+        names << command->name;
+    m_commandLine->setCommands(names);
+}
+
+void HostWindow::showMenus(const CommandActions &actions)
+{
+    auto *menuBar = findChild<QMenuBar *>();
+    qDeleteAll(menuBar->findChildren<QMenu *>(QString(), Qt::FindDirectChildrenOnly));
+    for (const UserInterfaceNodePtr &node : m_session.userInterface.menuBar.children) {
+        QMenu *menu = menuBar->addMenu(node->name);
+        menu->setObjectName(node->id);
+        for (const UserInterfaceNodePtr &item : node->children) {
+            QAction *action = actions.make(*item, menu);
+            action->setShortcut(shortcutOf(item->commandId));
+            menu->addAction(action);
+        }
+    }
+}
+
+void HostWindow::showToolbars(const CommandActions &actions)
+{
+    const auto &nodes = m_session.userInterface.toolbars.children;
+    for (const UserInterfaceNodePtr &node : nodes) {
+        auto *toolbar = findChild<QToolBar *>(node->id, Qt::FindDirectChildrenOnly);
+        if (!toolbar) {
+            toolbar = addToolBar(node->name);
+            toolbar->setObjectName(node->id);
+            toolbar->setIconSize({20, 20});
+        }
+        qDeleteAll(toolbar->actions());
+        for (const UserInterfaceNodePtr &item : node->children)
+            toolbar->addAction(actions.make(*item, toolbar));
+    }
+}
+
+void HostWindow::showDocuments()
+{
+    m_documentsAreDue = false;
+    const auto &documents = m_session.documents();
+    const HostDocumentPtr active = m_session.activeDocument();
+    {
+        const QSignalBlocker blocker(m_tabs);
+        while (m_tabs->count() > static_cast<int>(documents.size()))
+            m_tabs->removeTab(m_tabs->count() - 1);
+        for (int i = 0; i < static_cast<int>(documents.size()); ++i) {
+            const HostDocumentPtr &document = documents[static_cast<std::size_t>(i)];
+            if (i == m_tabs->count())
+                addTab();
+            m_tabs->setTabText(i, tabText(*document));
+            m_tabs->setTabToolTip(i, document->fileName);
+            if (document == active)
+                m_tabs->setCurrentIndex(i);
+        }
+    }
+    setWindowTitle(active ? QStringLiteral("%1 - Reference Host").arg(tabText(*active))
+                          : QStringLiteral("Reference Host"));
+    const std::size_t selected = active ? active->selection.size() : 0;
+    m_selectionNote->setText(selected == 0 ? QString() : QStringLiteral("%1 selected").arg(selected));
+    m_canvas->setDocument(active);
+    m_canvas->keepViewsOf(documents);
+    m_canvas->drawingChanged();
+}
+
+void HostWindow::addTab()
+{
+    const int index = m_tabs->addTab(QString());
+    auto *button = new QToolButton(m_tabs);
+    button->setObjectName(QStringLiteral("closeTab"));
+    button->setText(QStringLiteral("\u00d7"));
+    button->setToolTip(QStringLiteral("Close this drawing"));
+    button->setFocusPolicy(Qt::NoFocus);
+    m_tabs->setTabButton(index, QTabBar::RightSide, button);
+    connect(button, &QToolButton::clicked, this, [this, button] {
+        for (int i = 0; i < m_tabs->count(); ++i) {
+            if (m_tabs->tabButton(i, QTabBar::RightSide) == button)
+                return closeTab(i);
+        }
+    });
+}
+
+void HostWindow::activateTab(int index)
+{
+    const auto &documents = m_session.documents();
+    if (index >= 0 && index < static_cast<int>(documents.size()))
+        m_session.activate(documents[static_cast<std::size_t>(index)]);
+}
+
+void HostWindow::closeTab(int index)
+{
+    const auto &documents = m_session.documents();
+    if (index >= 0 && index < static_cast<int>(documents.size()))
+        m_session.close(documents[static_cast<std::size_t>(index)]);
+}
+
+void HostWindow::select(EntityId id, bool removes)
+{
+    const HostDocumentPtr document = m_session.activeDocument();
+    if (!document)
+        return;
+    std::vector<EntityId> &selection = document->selection;
+    if (id == 0) {
+        if (!removes)
+            selection.clear();
+    } else {
+        selection.erase(std::remove(selection.begin(), selection.end(), id), selection.end());
+        if (!removes)
+            selection.push_back(id);
+    }
+    m_session.notifyDocumentsChanged();
+}
+
+} // namespace refhost

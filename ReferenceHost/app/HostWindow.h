@@ -1,0 +1,98 @@
+// The main window of the host: everything the user sees of a session.
+
+#pragma once
+
+#include "api/HostSession.h"
+#include "app/AddinLoader.h"
+#include "app/WindowStyle.h"
+#include "export/EncoderProcess.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+class QLabel;
+class QTabBar;
+
+namespace refhost {
+
+class Canvas;
+class CommandActions;
+class CommandLine;
+class InsertionPrompter;
+class JournalPanel;
+class Ribbon;
+
+class HostWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// A window with one empty drawing and no add-in.
+    explicit HostWindow(const HostSettings &settings, QWidget *parent = nullptr);
+    /// Disconnects the add-in first.
+    ~HostWindow() override;
+
+    /// Loads and connects the add-in `path`; says what went wrong if it did.
+    void connectAddin(const QString &path);
+    /// Lets the user choose an add-in's library and connects it.
+    void chooseAddin();
+    /// Refused while a command runs, like everything that takes the add-in's code away.
+    void disconnectAddin();
+
+    /// Does what the user typed or clicked: answers the prompt that waits, or runs a command.
+    void enter(const QString &line);
+
+    /// Shows a line in the message area.
+    void say(const QString &message);
+
+    /// Closes the window and starts the program again.
+    void restart();
+
+    HostSession &session() { return m_session; }
+    Canvas &canvas() { return *m_canvas; }
+    CommandLine &commandLine() { return *m_commandLine; }
+    JournalPanel &journal() { return *m_journal; }
+    bool hasAddin() const { return m_addin.isConnected(); }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void build();
+    void provideServices();
+    void runCommand(const QString &commandLine);
+    bool mayChangeAddin();
+
+    // What changed in the session is shown when the host has time for it: one command changes a lot.
+    void showUserInterfaceSoon();
+    void showUserInterface();
+    void showMenus(const CommandActions &actions);
+    void showToolbars(const CommandActions &actions);
+    void showDocumentsSoon();
+    void showDocuments();
+
+    void addTab();
+    void activateTab(int index);
+    void closeTab(int index);
+    void select(EntityId id, bool removes);
+    void cancel();
+    bool openHelp(const QUrl &address);
+
+    const Theme m_theme;
+    HostSession m_session;
+    EncoderProcess m_encoder;
+    AddinLoader m_addin;
+
+    Ribbon *m_ribbon = nullptr;
+    QTabBar *m_tabs = nullptr;
+    Canvas *m_canvas = nullptr;
+    CommandLine *m_commandLine = nullptr;
+    JournalPanel *m_journal = nullptr;
+    InsertionPrompter *m_prompter = nullptr;
+    QLabel *m_coordinates = nullptr;
+    QLabel *m_selectionNote = nullptr;
+    QLabel *m_addinNote = nullptr;
+    bool m_userInterfaceIsDue = false;
+    bool m_documentsAreDue = false;
+};
+
+} // namespace refhost

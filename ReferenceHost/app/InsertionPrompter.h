@@ -1,0 +1,51 @@
+// Asks the user where and how a block is to be inserted.
+
+#pragma once
+
+#include "api/HostSession.h"
+
+#include <QObject>
+
+class QEventLoop;
+
+namespace refhost {
+
+class Canvas;
+class CommandLine;
+
+/// Asks on the command line; a point may also be picked on the canvas, where a preview of the block shows
+/// what the answers so far come to.
+class InsertionPrompter : public QObject {
+    Q_OBJECT
+
+public:
+    InsertionPrompter(CommandLine &commandLine, Canvas &canvas, QObject *parent = nullptr);
+
+    /// Asks for what `prompt` leaves open and returns when the user has answered; nothing when he cancelled.
+    /// Handles events meanwhile.
+    std::optional<Placement> ask(const InsertionPrompt &prompt);
+
+    bool isWaiting() const { return m_loop != nullptr; }
+    /// Answers the question that waits: the line as typed, "^C" to cancel.
+    void answer(const QString &line);
+    void cancel();
+
+private:
+    template <class Value>
+    bool askFor(const QString &question, Value &value, std::optional<Value> (*parse)(const QString &),
+                const QString &hint);
+    std::optional<QString> nextAnswer(const QString &question);
+
+    CommandLine &m_commandLine;
+    Canvas &m_canvas;
+    QEventLoop *m_loop = nullptr; // runs while a question waits
+    std::optional<QString> m_answer;
+};
+
+/// A point typed as "x,y" or "x,y,z"; blanks around the numbers are allowed.
+std::optional<Point> pointFromText(const QString &text);
+
+/// A point as it is typed; z is left out when it is 0.
+QString textFromPoint(const Point &point);
+
+} // namespace refhost

@@ -1,0 +1,81 @@
+// Gathers the journal's lines and shows them in batches.
+
+#include "app/JournalPanel.h"
+
+#include "api/CallJournal.h"
+
+#include <QAction>
+#include <QBoxLayout>
+#include <QFontDatabase>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTimer>
+
+namespace refhost {
+
+namespace {
+
+constexpr int mostLines = 5000;
+
+} // namespace
+
+JournalPanel::JournalPanel(CallJournal &journal, QWidget *parent)
+    : QDockWidget(QStringLiteral("Journal"), parent)
+    , m_journal(journal)
+    , m_lines(new QPlainTextEdit)
+{
+    setObjectName(QStringLiteral("journalPanel"));
+    m_lines->setObjectName(QStringLiteral("journalLines"));
+    m_lines->setReadOnly(true);
+    m_lines->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_lines->setMaximumBlockCount(mostLines);
+    m_lines->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_lines->setPlaceholderText(QStringLiteral("Each call of an add-in appears here."));
+
+    auto *clear = new QPushButton(QStringLiteral("Clear"));
+    clear->setAutoDefault(false);
+    auto *contents = new QWidget;
+    auto *layout = new QVBoxLayout(contents);
+    layout->setContentsMargins(6, 2, 6, 6);
+    layout->addWidget(m_lines);
+    layout->addWidget(clear, 0, Qt::AlignRight);
+    setWidget(contents);
+
+    connect(clear, &QPushButton::clicked, m_lines, &QPlainTextEdit::clear);
+    connect(toggleViewAction(), &QAction::toggled, this, &JournalPanel::record);
+}
+
+JournalPanel::~JournalPanel()
+{
+    m_journal.end();
+}
+
+QString JournalPanel::text() const
+{
+    return m_lines->toPlainText();
+}
+
+void JournalPanel::record(bool shown)
+{
+    if (!shown)
+        m_journal.end();
+    else if (!m_journal.isOn())
+        m_journal.begin([this](const QByteArray &line) { take(line); });
+}
+
+void JournalPanel::take(const QByteArray &line)
+{
+    if (m_pending.isEmpty())
+        QTimer::singleShot(0, this, &JournalPanel::showPending);
+    if (m_pending.size() >= 2 * mostLines) // the first half would scroll out unseen
+        m_pending.erase(m_pending.begin(), m_pending.begin() + mostLines);
+    m_pending.append(QString::fromUtf8(line));
+}
+
+void JournalPanel::showPending()
+{
+    m_lines->appendPlainText(m_pending.join(QLatin1Char('\n')));
+    m_pending.clear();
+}
+
+} // namespace refhost

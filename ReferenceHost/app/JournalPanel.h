@@ -1,0 +1,34 @@
+// The panel that shows which calls add-ins make.
+
+#pragma once
+
+#include <QDockWidget>
+#include <QStringList>
+
+class QPlainTextEdit;
+
+namespace refhost {
+
+class CallJournal;
+
+/// Records while it is shown; nothing is recorded while it is closed.
+class JournalPanel : public QDockWidget {
+    Q_OBJECT
+
+public:
+    explicit JournalPanel(CallJournal &journal, QWidget *parent = nullptr);
+    ~JournalPanel() override;
+
+    QString text() const;
+
+private:
+    void record(bool shown);
+    void take(const QByteArray &line);
+    void showPending();
+
+    CallJournal &m_journal;
+    QPlainTextEdit *m_lines;
+    QStringList m_pending; // shown together when the host has time: an import makes many calls
+};
+
+} // namespace refhost

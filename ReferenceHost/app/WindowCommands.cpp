@@ -1,0 +1,238 @@
+// Each command asks the user what it needs to know, lets the session do the work and says how it went.
+
+#include "app/WindowCommands.h"
+
+#include "app/Canvas.h"
+#include "app/HostSettingsStore.h"
+#include "app/HostWindow.h"
+#include "app/JournalPanel.h"
+#include "app/SettingsDialog.h"
+
+#include "view/Picture.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QTimer>
+
+namespace refhost {
+
+namespace {
+
+constexpr auto drawingFilters = "DWG drawing (*.dwg);;DXF drawing (*.dxf)";
+
+/// A command's work: true when it did what the user wanted.
+using Body = bool (*)(HostWindow &window, const HostDocumentPtr &document);
+
+/// Asks for a file to write; empty when the user cancels. A name without a suffix gets that of the filter.
+QString askFileName(HostWindow &window, const QString &title, const HostDocumentPtr &document,
+                    const QString &filters)
+{
+    const QString suggested = document->fileName.isEmpty()
+        ? document->title
+        : QDir(QFileInfo(document->fileName).path())
+              .filePath(QFileInfo(document->fileName).completeBaseName());
+    QFileDialog dialog(&window, title, suggested, filters);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    const auto suffixOf = [](const QString &filter) {
+        return filter.mid(filter.indexOf(QLatin1String("*.")) + 2).remove(QLatin1Char(')'));
+    };
+    dialog.setDefaultSuffix(suffixOf(dialog.selectedNameFilter()));
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                     [&](const QString &filter) { dialog.setDefaultSuffix(suffixOf(filter)); });
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+bool saveAs(HostWindow &window, const HostDocumentPtr &document)
+{
+    const QString file =
+        askFileName(window, QStringLiteral("Save drawing"), document, QLatin1String(drawingFilters));
+    // All blocks are kept: the user may still mean to insert those that nothing shows yet.
+    if (file.isEmpty() || !window.session().save(document, file, false))
+        return false;
+    window.say(QStringLiteral("Saved %1").arg(QDir::toNativeSeparators(file)));
+    return true;
+}
+
+/// Says how writing `file` went.
+bool sayWritten(HostWindow &window, const QString &file, const QString &error)
+{
+    window.say(error.isEmpty() ? QStringLiteral("Wrote %1").arg(QDir::toNativeSeparators(file))
+                               : QStringLiteral("%1: not written: %2").arg(file, error));
+    return error.isEmpty();
+}
+
+bool exportDrawing(HostWindow &window, const HostDocumentPtr &document)
+{
+    const QString file =
+        askFileName(window, QStringLiteral("Export drawing"), document, QLatin1String(drawingFilters));
+    return !file.isEmpty()
+        && sayWritten(window, file, window.session().services.saveDrawing(document->drawing, file, false));
+}
+
+bool exportPicture(HostWindow &window, const HostDocumentPtr &document)
+{
+    const QString file = askFileName(window, QStringLiteral("Export picture"), document,
+                                     QStringLiteral("PNG picture (*.png)"));
+    if (file.isEmpty())
+        return false;
+    QString error;
+    writePicture(document->drawing, file, &error);
+    return sayWritten(window, file, error);
+}
+
+bool insertBlock(HostWindow &window, const HostDocumentPtr &document)
+{
+    QStringList names;
+    for (const BlockDefinition &block : document->drawing.blocks())
+        names << block.name;
+    if (names.isEmpty()) {
+        window.say(QStringLiteral("This drawing has no blocks. Import one first."));
+        return true;
+    }
+    bool ok = false;
+    const QString name = QInputDialog::getItem(&window, QStringLiteral("Insert block"),
+                                               QStringLiteral("Block:"), names, 0, false, &ok);
+    if (!ok)
+        return false;
+    const auto placement = window.session().services.promptForInsertion({name, {}, true, true, true});
+    if (!placement)
+        return false;
+    document->drawing.add(BlockInstance{name, *placement});
+    window.session().notifyDocumentsChanged();
+    return true;
+}
+
+bool closeDocument(HostWindow &window, const HostDocumentPtr &document)
+{
+    window.session().close(document);
+    return true;
+}
+
+bool zoomExtents(HostWindow &window, const HostDocumentPtr & /*document*/)
+{
+    window.canvas().zoomToExtents();
+    return true;
+}
+
+bool showJournal(HostWindow &window, const HostDocumentPtr & /*document*/)
+{
+    window.journal().setVisible(!window.journal().isVisible());
+    return true;
+}
+
+bool changeOptions(HostWindow &window, const HostDocumentPtr & /*document*/)
+{
+    SettingsDialog dialog(loadHostSettings(), window.session().settings, &window);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    saveHostSettings(dialog.settings());
+    if (dialog.wantsRestart())
+        QTimer::singleShot(0, &window, &HostWindow::restart); // when this command has ended
+    else if (!isSame(dialog.settings(), window.session().settings))
+        window.say(QStringLiteral("Stored. Takes effect at the next start."));
+    return true;
+}
+
+/// Connecting, disconnecting and closing wait until the command that asks for them has ended, and are refused
+/// when another one still runs then: its code may be the add-in's.
+template <void (HostWindow::*operation)()>
+bool afterwards(HostWindow &window, const HostDocumentPtr & /*document*/)
+{
+    QTimer::singleShot(0, &window, operation);
+    return true;
+}
+
+void closeWindow(HostWindow &window)
+{
+    window.close();
+}
+
+bool quit(HostWindow &window, const HostDocumentPtr & /*document*/)
+{
+    QTimer::singleShot(0, &window, [&window] { closeWindow(window); });
+    return true;
+}
+
+enum class Needs { Nothing, Document };
+
+struct WindowCommand {
+    const char *name;
+    Needs needs;
+    Body body;
+};
+
+const WindowCommand windowCommands[] = {
+    {"_SAVEAS", Needs::Document, saveAs},
+    {"_EXPORTDRAWING", Needs::Document, exportDrawing},
+    {"_EXPORTPICTURE", Needs::Document, exportPicture},
+    {"_INSERTBLOCK", Needs::Document, insertBlock},
+    {"_CLOSE", Needs::Document, closeDocument},
+    {"_ZOOMEXTENTS", Needs::Document, zoomExtents},
+    {"_JOURNAL", Needs::Nothing, showJournal},
+    {"_OPTIONS", Needs::Nothing, changeOptions},
+    {"_CONNECTADDIN", Needs::Nothing, afterwards<&HostWindow::chooseAddin>},
+    {"_DISCONNECTADDIN", Needs::Nothing, afterwards<&HostWindow::disconnectAddin>},
+    {"_QUIT", Needs::Nothing, quit},
+};
+
+struct MenuEntry {
+    const char *menuId;
+    const char *id;
+    const char *name;
+    const char *command;
+};
+
+const MenuEntry menuEntries[] = {
+    {"ID_File", "ID_EXPORTDRAWING", "Export &Drawing...", "_EXPORTDRAWING"},
+    {"ID_File", "ID_CLOSE", "&Close", "_CLOSE"},
+    {"ID_File", "ID_QUIT", "&Quit", "_QUIT"},
+    {"ID_View", "ID_JOURNAL", "&Journal", "_JOURNAL"},
+    {"ID_Tools", "ID_CONNECTADDIN", "&Connect Add-in...", "_CONNECTADDIN"},
+    {"ID_Tools", "ID_DISCONNECTADDIN", "&Disconnect Add-in", "_DISCONNECTADDIN"},
+    {"ID_Tools", "ID_OPTIONS", "&Options...", "_OPTIONS"},
+};
+
+UserInterfaceNodePtr makeNode(const char *id, const char *name, const char *command)
+{
+    auto node = std::make_shared<UserInterfaceNode>();
+    node->id = QLatin1String(id);
+    node->name = QLatin1String(name);
+    node->commandId = QLatin1String(command);
+    return node;
+}
+
+UserInterfaceNode &menuOf(UserInterfaceModel &model, const char *id)
+{
+    for (const UserInterfaceNodePtr &menu : model.menuBar.children) {
+        if (menu->id == QLatin1String(id))
+            return *menu;
+    }
+    model.menuBar.children.push_back(makeNode(id, "&Tools", ""));
+    return *model.menuBar.children.back();
+}
+
+} // namespace
+
+void addWindowCommands(HostWindow &window)
+{
+    HostSession &session = window.session();
+    for (const WindowCommand &command : windowCommands) {
+        session.commands.add(QLatin1String(command.name), {}, [&window, &session, command] {
+            const HostDocumentPtr document = session.activeDocument();
+            if (command.needs == Needs::Document && !document) {
+                window.say(QStringLiteral("No drawing is open."));
+                return false;
+            }
+            return command.body(window, document);
+        });
+    }
+    for (const MenuEntry &entry : menuEntries) {
+        menuOf(session.userInterface, entry.menuId)
+            .children.push_back(makeNode(entry.id, entry.name, entry.command));
+    }
+}
+
+} // namespace refhost

@@ -1,0 +1,61 @@
+// The desktop reference host: a window with an add-in connected.
+
+#include "app/HostSettingsStore.h"
+#include "app/HostWindow.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QStyleFactory>
+
+#include <algorithm>
+#include <string>
+
+namespace {
+
+const QString addinOption = QStringLiteral("addin");
+
+void addOptions(QCommandLineParser &parser)
+{
+    parser.setApplicationDescription(QStringLiteral("A CAD window that add-ins for Korvane run in."));
+    parser.addHelpOption();
+    parser.addOption({addinOption,
+                      QStringLiteral("Connect the add-in library <path> instead of the usual one."),
+                      QStringLiteral("path")});
+}
+
+bool asksForHelp(int argc, char **argv)
+{
+    return std::any_of(argv, argv + argc, [](const char *argument) {
+        return argument == std::string("--help") || argument == std::string("-h");
+    });
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCommandLineParser parser;
+    addOptions(parser);
+    if (asksForHelp(argc, argv)) { // also without a screen
+        const QCoreApplication application(argc, argv);
+        parser.showHelp();
+    }
+
+    // The add-in drives its file dialogs as Qt widgets on every platform.
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Korvane"));
+    QApplication::setApplicationName(QStringLiteral("ReferenceHost"));
+    parser.process(application);
+
+    const refhost::HostSettings settings = refhost::loadHostSettings();
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(refhost::windowPalette(refhost::themeFromOption(settings.theme)));
+
+    refhost::HostWindow window(settings);
+    window.connectAddin(parser.isSet(addinOption) ? parser.value(addinOption) : refhost::standardAddinPath());
+    window.show();
+    return QApplication::exec();
+}
