@@ -122,7 +122,7 @@ CommandEdit::CommandEdit(QWidget *parent)
 
 QString CommandEdit::takeLine()
 {
-    const QString line = text().trimmed();
+    QString line = text().trimmed();
     clear();
     if (!line.isEmpty() && (m_earlier.isEmpty() || m_earlier.last() != line))
         m_earlier.append(line);
