@@ -80,6 +80,11 @@ void CommandLine::append(const QString &line)
     m_history->appendPlainText(line);
 }
 
+void CommandLine::appendAnswer(const QString &answer)
+{
+    append(m_prompt->text() + QLatin1Char(' ') + answer);
+}
+
 void CommandLine::setPrompt(const QString &prompt)
 {
     m_prompt->setText(prompt.isEmpty() ? anyCommand() : prompt);
@@ -111,7 +116,7 @@ QString CommandLine::history() const
 void CommandLine::enter()
 {
     const QString line = m_edit->takeLine();
-    append(m_prompt->text() + QLatin1Char(' ') + line);
+    appendAnswer(line);
     emit entered(line);
 }
 
@@ -130,13 +135,21 @@ QString CommandEdit::takeLine()
     return line;
 }
 
-/// The tab key completes a line and moves the focus only from an empty one.
+/// The tab key completes a line and moves the focus only from an empty one; an empty line leaves the keys of
+/// Select All and Delete to the drawing.
 bool CommandEdit::event(QEvent *event)
 {
     if (event->type() == QEvent::KeyPress) {
         auto *keyEvent = static_cast<QKeyEvent *>(event);
         if (keyEvent->key() == Qt::Key_Tab && !text().isEmpty()) {
             complete();
+            return true;
+        }
+    }
+    if (event->type() == QEvent::ShortcutOverride && text().isEmpty()) {
+        auto *keyEvent = static_cast<QKeyEvent *>(event);
+        if (keyEvent->matches(QKeySequence::SelectAll) || keyEvent->matches(QKeySequence::Delete)) {
+            event->ignore();
             return true;
         }
     }

@@ -47,6 +47,9 @@ public:
     /// Adds a line to what was said.
     void append(const QString &line);
 
+    /// Adds the prompt that waits with its answer.
+    void appendAnswer(const QString &answer);
+
     /// What the user is asked for; empty when any command may be typed.
     void setPrompt(const QString &prompt);
 

@@ -94,6 +94,7 @@ void HostWindow::build()
 {
     setWindowTitle(QStringLiteral("Reference Host"));
     setWindowIcon(hostIcon(QStringLiteral("application"), m_theme));
+    setPalette(windowPalette(m_theme));
     setStyleSheet(windowStyleSheet(m_theme));
     resize(1200, 780);
 
@@ -128,7 +129,7 @@ void HostWindow::build()
     splitter->setStretchFactor(0, 1);
     splitter->setCollapsible(0, false);
     splitter->setCollapsible(1, false);
-    splitter->setSizes({500, 120});
+    splitter->setSizes({500, 132});
     setCentralWidget(splitter);
 
     m_journal = new JournalPanel(m_session.journal(), this);

@@ -66,7 +66,7 @@ InsertionPrompter::InsertionPrompter(CommandLine &commandLine, Canvas &canvas, Q
     , m_canvas(canvas)
 {
     connect(&canvas, &Canvas::pointPicked, this, [this](const Point &point) {
-        m_commandLine.append(QStringLiteral("Picked point: %1").arg(textFromPoint(point)));
+        m_commandLine.appendAnswer(textFromPoint(point));
         answer(textFromPoint(point));
     });
 }

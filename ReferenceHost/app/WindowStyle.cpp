@@ -115,7 +115,7 @@ QWidget#commandLine { background: @field; border-top: 1px solid @line; }
 QPlainTextEdit#commandHistory { background: @field; color: @text; border: none; }
 QWidget#commandEntry { background: @strip; border-top: 1px solid @line; }
 QLabel#commandPrompt { color: @accent; font-weight: bold; background: transparent; }
-QLineEdit#commandEdit { background: transparent; color: @text; border: none; }
+QLineEdit#commandEdit { background: transparent; border: none; }
 
 QDockWidget { color: @text; }
 QDockWidget::title { background: @window; padding: 5px 8px; }

@@ -1,0 +1,490 @@
+// The host's window, used the way a user does: by typing and by clicking.
+
+#include "app/Canvas.h"
+#include "app/CommandLine.h"
+#include "app/HostSettingsStore.h"
+#include "app/HostWindow.h"
+#include "app/SettingsDialog.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+#include <QtMath>
+
+using namespace refhost;
+
+namespace {
+
+const QString testAddin = QStringLiteral(TEST_ADDIN_LIBRARY);
+
+CommandEdit &edit(HostWindow &window)
+{
+    return *window.commandLine().findChild<CommandEdit *>();
+}
+
+void type(HostWindow &window, const QString &line)
+{
+    QTest::keyClicks(&edit(window), line);
+    QTest::keyClick(&edit(window), Qt::Key_Return);
+}
+
+bool hasSaid(HostWindow &window, const QString &text)
+{
+    return window.commandLine().history().contains(text);
+}
+
+/// Does one of `steps` after the other, one each time the window handles events; also while a prompt waits.
+class Later {
+public:
+    explicit Later(std::vector<std::function<void()>> steps)
+        : m_steps(std::move(steps))
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] {
+            if (m_next == m_steps.size())
+                return m_timer.stop();
+            m_steps[m_next++]();
+        });
+        m_timer.start(0);
+    }
+
+private:
+    QTimer m_timer;
+    std::vector<std::function<void()>> m_steps;
+    std::size_t m_next = 0;
+};
+
+/// Moves the mouse over the canvas; QTest::mouseMove() holds no button down.
+void moveMouse(Canvas &canvas, const QPoint &pixel, Qt::MouseButtons buttons = Qt::NoButton)
+{
+    QMouseEvent event(QEvent::MouseMove, pixel, Qt::NoButton, buttons, Qt::NoModifier);
+    QApplication::sendEvent(&canvas, &event);
+}
+
+/// What the user can click for an item of that text; null when nothing shows it.
+QAction *actionOf(HostWindow &window, const QString &text)
+{
+    for (QAction *action : window.findChildren<QAction *>()) {
+        if (action->text() == text)
+            return action;
+    }
+    return nullptr;
+}
+
+/// Clicks the button that shows `action`, or activates its menu item.
+void click(QAction &action)
+{
+    for (QWidget *widget : action.associatedWidgets()) {
+        auto *button = qobject_cast<QToolButton *>(widget);
+        if (auto *toolbar = qobject_cast<QToolBar *>(widget))
+            button = qobject_cast<QToolButton *>(toolbar->widgetForAction(&action));
+        if (button)
+            return QTest::mouseClick(button, Qt::LeftButton);
+        if (auto *menu = qobject_cast<QMenu *>(widget)) {
+            menu->popup(QPoint());
+            return QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(&action).center());
+        }
+    }
+    QFAIL("nothing shows the action");
+}
+
+void collectCommands(const UserInterfaceNode &node, QStringList &commands)
+{
+    if (node.children.empty() && !node.commandId.isEmpty())
+        commands << node.commandId;
+    for (const UserInterfaceNodePtr &child : node.children)
+        collectCommands(*child, commands);
+}
+
+Drawing drawingWithBlock()
+{
+    Drawing drawing;
+    drawing.createBlock(QStringLiteral("SQUARE"), {},
+                        {drawing.add(Polyline{{0, 0, 10, 0, 10, 10, 0, 10}, true})});
+    return drawing;
+}
+
+} // namespace
+
+class tst_HostWindow : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void everyShownItemNamesACommand();
+    void itemsOfAnAddin_data();
+    void itemsOfAnAddin();
+    void addinThatMisbehaves_data();
+    void addinThatMisbehaves();
+    void commandThatThrows();
+    void prompt_data();
+    void prompt();
+    void pickedPoint();
+    void oneCommandAtATime();
+    void typedLines();
+    void zoomKeepsThePointUnderTheCursor();
+    void selectionByClick();
+    void fileDialogNamesThePicture();
+    void tabsFollowTheDrawings();
+    void settingsAreStored();
+    void helpWithoutABrowser();
+
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<HostWindow> m_window;
+};
+
+void tst_HostWindow::initTestCase()
+{
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+}
+
+void tst_HostWindow::init()
+{
+    qunsetenv("TEST_ADDIN");
+    m_window = std::make_unique<HostWindow>(loadHostSettings());
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+}
+
+void tst_HostWindow::cleanup()
+{
+    m_window.reset();
+}
+
+void tst_HostWindow::everyShownItemNamesACommand()
+{
+    const UserInterfaceModel &model = m_window->session().userInterface;
+    QStringList commands;
+    for (const UserInterfaceNode *root : {&model.toolbars, &model.menuBar, &model.workspaces})
+        collectCommands(*root, commands);
+    QVERIFY(commands.size() > 20);
+    for (const QString &command : commands)
+        QVERIFY2(m_window->session().commands.find(command), qPrintable(command));
+}
+
+void tst_HostWindow::itemsOfAnAddin_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a toolbar button") << QStringLiteral("Test tool");
+    QTest::newRow("a menu item") << QStringLiteral("&Test item");
+    QTest::newRow("a ribbon button") << QStringLiteral("Test button");
+}
+
+void tst_HostWindow::itemsOfAnAddin()
+{
+    QFETCH(QString, text);
+    QVERIFY(!actionOf(*m_window, text));
+
+    m_window->connectAddin(testAddin);
+    QTRY_VERIFY(actionOf(*m_window, text));
+    QAction &action = *actionOf(*m_window, text);
+    QVERIFY(action.isEnabled());
+    QVERIFY(!action.icon().isNull());
+    QCOMPARE(action.toolTip(), QStringLiteral("Asks for a place"));
+
+    QString running;
+    Later later({[&] { running = m_window->session().commands.running(); },
+                 [&] { QTest::keyClick(&edit(*m_window), Qt::Key_Escape); }});
+    click(action);
+    QCOMPARE(running, QStringLiteral("TESTADDIN"));
+    QVERIFY(m_window->session().commands.running().isEmpty());
+
+    m_window->disconnectAddin();
+    QVERIFY(!actionOf(*m_window, text));
+    type(*m_window, QStringLiteral("TESTADDIN"));
+    QVERIFY(hasSaid(*m_window, QStringLiteral("TESTADDIN: no such command")));
+
+    m_window->connectAddin(testAddin);
+    QTRY_VERIFY(actionOf(*m_window, text));
+}
+
+void tst_HostWindow::addinThatMisbehaves_data()
+{
+    QTest::addColumn<QString>("library");
+    QTest::addColumn<QByteArray>("behaviour");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("there is no such library")
+        << QStringLiteral("nowhere/addin.so") << QByteArray() << QStringLiteral("no such add-in library");
+    QTest::newRow("the file is no library")
+        << QStringLiteral(__FILE__) << QByteArray() << QStringLiteral("cannot be loaded");
+    QTest::newRow("the add-in refuses to connect")
+        << testAddin << QByteArray("refuse") << QStringLiteral("refused to connect");
+    QTest::newRow("the add-in throws at connect")
+        << testAddin << QByteArray("throw") << QStringLiteral("failed to connect: connecting threw");
+}
+
+void tst_HostWindow::addinThatMisbehaves()
+{
+    QFETCH(QString, library);
+    QFETCH(QByteArray, behaviour);
+    QFETCH(QString, message);
+    qputenv("TEST_ADDIN", behaviour);
+
+    m_window->connectAddin(library);
+    QVERIFY2(hasSaid(*m_window, message), qPrintable(m_window->commandLine().history()));
+    QVERIFY(!m_window->hasAddin());
+
+    qunsetenv("TEST_ADDIN");
+    m_window->connectAddin(testAddin);
+    QVERIFY(m_window->hasAddin());
+}
+
+void tst_HostWindow::commandThatThrows()
+{
+    m_window->connectAddin(testAddin);
+    qputenv("TEST_ADDIN", "fail");
+    type(*m_window, QStringLiteral("testaddin"));
+    QVERIFY(hasSaid(*m_window, QStringLiteral("failed: the command threw")));
+    QVERIFY(m_window->session().commands.running().isEmpty());
+}
+
+void tst_HostWindow::prompt_data()
+{
+    QTest::addColumn<QStringList>("lines");
+    QTest::addColumn<bool>("isAnswered");
+    QTest::addColumn<QVector<double>>("placement"); // x, y, z, scale, degrees
+
+    using Numbers = QVector<double>;
+    QTest::newRow("Enter takes what is offered")
+        << QStringList{"", "", ""} << true << Numbers{1, 2, 3, 4, 90};
+    QTest::newRow("a point without z lies in the plane")
+        << QStringList{"5.5,-6", "", ""} << true << Numbers{5.5, -6, 0, 4, 90};
+    QTest::newRow("a point with z, a factor and an angle in degrees")
+        << QStringList{" 1e2, 7 ,8", "0.5", "-45"} << true << Numbers{100, 7, 8, 0.5, -45};
+    QTest::newRow("what is no answer is asked again")
+        << QStringList{"here", "1", "1,2,3,4", "1,nan", "9,9", "big", "2", "left", "30"} << true
+        << Numbers{9, 9, 0, 2, 30};
+    QTest::newRow("^C cancels") << QStringList{"5,6", "^C^C"} << false << Numbers{};
+}
+
+void tst_HostWindow::prompt()
+{
+    QFETCH(QStringList, lines);
+    QFETCH(bool, isAnswered);
+    QFETCH(QVector<double>, placement);
+
+    std::vector<std::function<void()>> steps;
+    for (const QString &line : lines)
+        steps.emplace_back([this, line] { type(*m_window, line); });
+    Later later(std::move(steps));
+    const auto answer = m_window->session().services.promptForInsertion(
+        {QStringLiteral("SQUARE"), {{1, 2, 3}, {4, 4, 4}, qDegreesToRadians(90.0)}, true, true, true});
+
+    QCOMPARE(answer.has_value(), isAnswered);
+    if (!isAnswered)
+        return;
+    QCOMPARE(answer->position.x, placement[0]);
+    QCOMPARE(answer->position.y, placement[1]);
+    QCOMPARE(answer->position.z, placement[2]);
+    QCOMPARE(answer->scale.y, placement[3]);
+    QCOMPARE(qRadiansToDegrees(answer->rotation), placement[4]);
+}
+
+void tst_HostWindow::pickedPoint()
+{
+    Canvas &canvas = m_window->canvas();
+    m_window->session().activeDocument()->drawing = drawingWithBlock();
+    const QPoint pixel(canvas.width() / 2 + 40, canvas.height() / 2 - 60);
+    const auto showsPreview = [&] {
+        const QImage place = canvas.grab({pixel + QPoint(2, -15), QSize(15, 13)}).toImage();
+        for (int i = 0; i < place.width() * place.height(); ++i) {
+            const QColor colour = place.pixelColor(i % place.width(), i / place.width());
+            if (colour.blue() - colour.red() > 80) // grid and crosshair are grey
+                return true;
+        }
+        return false;
+    };
+    bool follows = false;
+    bool leaves = false;
+    Later later({[&] {
+                     moveMouse(canvas, pixel);
+                     follows = showsPreview();
+                     moveMouse(canvas, pixel - QPoint(90, 0));
+                     leaves = !showsPreview();
+                 },
+                 [&] { QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixel); }});
+    const auto answer =
+        m_window->session().services.promptForInsertion({QStringLiteral("SQUARE"), {}, true, false, false});
+
+    QVERIFY(answer);
+    const Point expected = canvas.view().toDrawing(pixel);
+    QCOMPARE(answer->position.x, expected.x);
+    QCOMPARE(answer->position.y, expected.y);
+    QVERIFY(follows);
+    QVERIFY(leaves);
+}
+
+void tst_HostWindow::oneCommandAtATime()
+{
+    m_window->connectAddin(testAddin);
+    QTRY_VERIFY(actionOf(*m_window, QStringLiteral("Select All")));
+    bool isClosed = true;
+    Later later({[&] { click(*actionOf(*m_window, QStringLiteral("New"))); },
+                 [&] { m_window->disconnectAddin(); }, [&] { isClosed = m_window->close(); },
+                 [&] { QTest::keyClick(&edit(*m_window), Qt::Key_Escape); }});
+    type(*m_window, QStringLiteral("TESTADDIN"));
+
+    QCOMPARE(m_window->session().documents().size(), std::size_t(1));
+    QVERIFY(hasSaid(*m_window, QStringLiteral("_SMARTNEW: not run: TESTADDIN still runs")));
+    QVERIFY(hasSaid(*m_window, QStringLiteral("Not possible while TESTADDIN runs.")));
+    QVERIFY(hasSaid(*m_window, QStringLiteral("Cannot close while TESTADDIN runs.")));
+    QVERIFY(m_window->hasAddin());
+    QVERIFY(!isClosed);
+    QVERIFY(m_window->close());
+}
+
+void tst_HostWindow::typedLines()
+{
+    CommandEdit &line = edit(*m_window);
+    QTest::keyClicks(&m_window->canvas(), QStringLiteral("_smart")); // the canvas hands keys on
+    QTest::keyClick(&line, Qt::Key_Tab);
+    QCOMPARE(line.text(), QStringLiteral("_SMARTNEW"));
+    QTest::keyClick(&line, Qt::Key_Return);
+    QCOMPARE(m_window->session().documents().size(), std::size_t(2));
+
+    type(*m_window, QStringLiteral("^C^C_SMARTNEW"));
+    QCOMPARE(m_window->session().documents().size(), std::size_t(3));
+
+    type(*m_window, QStringLiteral("nonsense"));
+    QVERIFY(hasSaid(*m_window, QStringLiteral("nonsense: no such command")));
+    QTest::keyClick(&line, Qt::Key_Up);
+    QCOMPARE(line.text(), QStringLiteral("nonsense"));
+    QTest::keyClick(&line, Qt::Key_Up);
+    QCOMPARE(line.text(), QStringLiteral("^C^C_SMARTNEW"));
+    QTest::keyClick(&line, Qt::Key_Down);
+    QCOMPARE(line.text(), QStringLiteral("nonsense"));
+    QTest::keyClick(&line, Qt::Key_Escape);
+    QCOMPARE(line.text(), QString());
+}
+
+void tst_HostWindow::zoomKeepsThePointUnderTheCursor()
+{
+    Canvas &canvas = m_window->canvas();
+    const QPointF pixel(70, 50);
+    const Point before = canvas.view().toDrawing(pixel);
+    QWheelEvent event(pixel, canvas.mapToGlobal(pixel.toPoint()), {}, {0, 360}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&canvas, &event);
+
+    QVERIFY(canvas.view().pixelsPerUnit > 1.5);
+    QCOMPARE(canvas.view().toDrawing(pixel).x, before.x);
+    QCOMPARE(canvas.view().toDrawing(pixel).y, before.y);
+
+    // The middle button drags the sheet along.
+    QTest::mousePress(&canvas, Qt::MiddleButton, {}, pixel.toPoint());
+    moveMouse(canvas, pixel.toPoint() + QPoint(30, 20), Qt::MiddleButton);
+    QTest::mouseRelease(&canvas, Qt::MiddleButton, {}, pixel.toPoint() + QPoint(30, 20));
+    QCOMPARE(canvas.view().toDrawing(pixel + QPointF(30, 20)).x, before.x);
+    QCOMPARE(canvas.view().toDrawing(pixel + QPointF(30, 20)).y, before.y);
+}
+
+void tst_HostWindow::selectionByClick()
+{
+    Canvas &canvas = m_window->canvas();
+    HostDocument &document = *m_window->session().activeDocument();
+    document.drawing = drawingWithBlock();
+    document.drawing.add(Line{{-50, 20, 0}, {50, 20, 0}});
+    const EntityId square = document.drawing.add(BlockInstance{QStringLiteral("SQUARE"), {{20, 0, 0}}});
+    m_window->session().notifyDocumentsChanged();
+    QCoreApplication::processEvents();
+    type(*m_window, QStringLiteral("_ZOOMEXTENTS"));
+    const auto pixelOf = [&canvas](double x, double y) {
+        return canvas.view().toPixels({x, y, 0.0}).toPoint();
+    };
+
+    QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixelOf(30, 5));
+    QCOMPARE(document.selection, std::vector<EntityId>{square});
+    QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixelOf(-30, 20));
+    QCOMPARE(document.selection.size(), std::size_t(2));
+    QTest::mouseClick(&canvas, Qt::LeftButton, Qt::ShiftModifier, pixelOf(-30, 20));
+    QCOMPARE(document.selection, std::vector<EntityId>{square});
+    type(*m_window, QStringLiteral("_DELETE"));
+    QCOMPARE(document.drawing.modelSpace().size(), std::size_t(1));
+    QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixelOf(25, 5)); // nothing there any more
+    QVERIFY(document.selection.empty());
+}
+
+void tst_HostWindow::fileDialogNamesThePicture()
+{
+    const QString file = m_folder.filePath(QStringLiteral("sheet"));
+    Later later({[] {},
+                 [&file] {
+                     auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+                     QVERIFY(dialog);
+                     dialog->findChild<QLineEdit *>()->setText(file);
+                     dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Save)->click();
+                 }});
+    click(*actionOf(*m_window, QStringLiteral("Export Picture")));
+    QVERIFY(QFileInfo::exists(file + QStringLiteral(".png")));
+}
+
+void tst_HostWindow::tabsFollowTheDrawings()
+{
+    auto *tabs = m_window->findChild<QTabBar *>(QStringLiteral("documentTabs"));
+    type(*m_window, QStringLiteral("_SMARTNEW"));
+    QTRY_COMPARE(tabs->count(), 2);
+    QCOMPARE(tabs->currentIndex(), 1);
+
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(0).center());
+    QCOMPARE(m_window->session().activeDocument(), m_window->session().documents().front());
+
+    QTest::mouseClick(tabs->tabButton(1, QTabBar::RightSide), Qt::LeftButton);
+    QTRY_COMPARE(tabs->count(), 1);
+    QCOMPARE(tabs->tabText(0), QStringLiteral("Drawing1"));
+
+    type(*m_window, QStringLiteral("_CLOSE"));
+    QTRY_COMPARE(tabs->count(), 0);
+    type(*m_window, QStringLiteral("_SAVEAS"));
+    QVERIFY(hasSaid(*m_window, QStringLiteral("No drawing is open.")));
+}
+
+void tst_HostWindow::settingsAreStored()
+{
+    Later later({[] {},
+                 [] {
+                     auto *dialog = qobject_cast<SettingsDialog *>(QApplication::activeModalWidget());
+                     QVERIFY(dialog);
+                     auto *restart = dialog->findChild<QPushButton *>(QStringLiteral("restart"));
+                     QVERIFY(!restart->isEnabled());
+                     auto *language = dialog->findChild<QComboBox *>(QStringLiteral("language"));
+                     language->setCurrentIndex(language->findText(QStringLiteral("Japanese")));
+                     dialog->findChild<QComboBox *>(QStringLiteral("theme"))->setCurrentIndex(1);
+                     QVERIFY(restart->isEnabled());
+                     dialog->accept();
+                 }});
+    type(*m_window, QStringLiteral("_OPTIONS"));
+
+    QVERIFY(hasSaid(*m_window, QStringLiteral("Takes effect at the next start.")));
+    QCOMPARE(m_window->session().settings.language, int(kvLanguage_English));
+    const HostSettings stored = loadHostSettings();
+    QCOMPARE(stored.language, 6);
+    QCOMPARE(stored.theme, 1L);
+    QVERIFY(stored.webHelp);
+}
+
+void tst_HostWindow::helpWithoutABrowser()
+{
+    qputenv("PATH", QByteArray());
+    qunsetenv("BROWSER");
+    const QString address = QStringLiteral("https://help.korvane.example/?P=16&L=english");
+    QVERIFY(!m_window->session().services.openWebHelp(address));
+    QVERIFY(hasSaid(*m_window, address));
+    QVERIFY(!m_window->session().services.openHelpFile(15010, QStringLiteral("nowhere.chm")));
+    QVERIFY(hasSaid(*m_window, QStringLiteral("nowhere.chm")));
+}
+
+QTEST_MAIN(tst_HostWindow)
+#include "tst_HostWindow.moc"
