@@ -4,6 +4,7 @@
 #include "JournalDifference.h"
 
 #include <QLineEdit>
+#include <QListWidget>
 #include <QTextCodec>
 #include <QtTest>
 
@@ -12,20 +13,36 @@
 namespace {
 
 const QByteArray oneLine = R"(<svg><line x1="0" y1="0" x2="10" y2="5"/></svg>)";
+const QString browse = QStringLiteral("browse_pushButton");
 const QString position = QStringLiteral("specify_checkBox"); // ticked at the start
 const QString explode = QStringLiteral("explode_checkBox");
 const refhost::Placement picked = {{1, 2, 3}, {4, 5, 6}, 7};
 
-/// Chooses the file, ticks the boxes `ticked` alone, and presses OK.
-void importFile(ImportSession &session, const QString &file, const QStringList &ticked)
+/// Imports a line, with `typed` for x, y, z, scale and angle, and the boxes `ticked` alone.
+void importLine(ImportSession &session, const QStringList &ticked, const QStringList &typed = {})
 {
     session.import([&] {
-        session.choose("browse_pushButton", file);
+        session.choose(browse, session.write("plan.svg", oneLine));
         session.click(position);
+        const char *const fields[] = {"x_lineEdit", "y_lineEdit", "z_lineEdit", "scale_lineEdit",
+                                      "angle_lineEdit"};
+        for (int i = 0; i < typed.size(); ++i) {
+            auto *field = session.widget<QLineEdit>(fields[i]);
+            field->selectAll();
+            QTest::keyClick(field, Qt::Key_Delete);
+            QTest::keyClicks(field, typed[i]);
+        }
         for (const QString &box : ticked)
             session.click(box);
         session.click("OK_pushButton");
     });
+}
+
+/// What the dialog shows of the chosen file, as "name|folder".
+QString shownFile(const ImportSession &session)
+{
+    QString shown = session.text("name_lineEdit") + '|' + session.text("path_lineEdit");
+    return shown.replace(session.path(), "DIR");
 }
 
 /// Removes the file "vanishing.svg" as soon as a file dialog has accepted it.
@@ -53,16 +70,18 @@ class tst_SingleImport : public QObject {
 
 private slots:
     void wholeJournal();
-    void specifyLater_data();
-    void specifyLater();
+    void insertion_data();
+    void insertion();
     void typedTexts_data();
     void typedTexts();
     void choosing_data();
     void choosing();
+    void chosenFileOpensTheUnits();
+    void startFolderComesFromTheSettings();
     void shownNameGoesThroughTheLocale_data();
     void shownNameGoesThroughTheLocale();
     void textIsReadWhenTheFileIsChosen();
-    void oneCallFails_data();
+    void oneCallFails_data() { addFaultRows(); }
     void oneCallFails();
 };
 
@@ -74,7 +93,7 @@ void tst_SingleImport::wholeJournal()
     session.host.session.services.promptForInsertion = [](const refhost::InsertionPrompt &) {
         return picked;
     };
-    importFile(session, session.write("plan.svg", oneLine), {position, explode});
+    importLine(session, {position, explode});
 
     QVERIFY2(!wasVisible, "the dialog is gone before anything is drawn");
     // clang-format off
@@ -98,48 +117,69 @@ void tst_SingleImport::wholeJournal()
     // clang-format on
     const QString difference = journalDifference(session.calls(), expected);
     QVERIFY2(difference.isEmpty(), qPrintable(difference));
+
+    const QPointer<QWidget> first = session.dialog;
+    session.import([] {});
+    QVERIFY2(!first, "OK closes the dialog for good");
 }
 
-void tst_SingleImport::specifyLater_data()
+void tst_SingleImport::insertion_data()
 {
-    QTest::addColumn<QStringList>("ticked");
-    QTest::addColumn<QString>("prompt");
-    QTest::addColumn<bool>("answered");
+    QTest::addColumn<QStringList>("later");
+    QTest::addColumn<QByteArray>("refused"); // by the host, or "by the user"
+    QTest::addColumn<QStringList>("calls");
 
-    for (int later = 1; later < 8; ++later) {
-        QStringList ticked;
+    const QString insert = QStringLiteral("InsertBlock2 \"blockNameN\",");
+    const QString typed = insert + "10,20,0,2,2,2,1.5707963267948966";
+    const QString explosion = QStringLiteral("Explode");
+    QTest::newRow("nothing later") << QStringList() << QByteArray() << QStringList{typed, explosion};
+    for (int bits = 1; bits < 8; ++bits) {
+        QStringList later;
         QStringList arguments = {"\"blockNameN\""};
         const auto ask = [&](int bit, const QString &box, const QString &offered) {
-            if (later & bit)
-                ticked.append(box);
-            arguments << (later & bit ? "true" : "false") << offered;
+            if (bits & bit)
+                later.append(box);
+            arguments << (bits & bit ? "true" : "false") << offered;
         };
-        ask(1, position, "0,0,0");
-        ask(2, "scale_specify_checkBox", "1,1,1");
-        ask(4, "rotation_specify_checkBox", "0");
-        for (const bool answered : {true, false}) {
-            QTest::addRow("%s, %s", qPrintable(ticked.join(" and ")), answered ? "answered" : "cancelled")
-                << ticked << "PromptForBlockInsertion2 " + arguments.join(',') << answered;
-        }
+        ask(1, position, "10,20,0");
+        ask(2, "scale_specify_checkBox", "2,2,2");
+        ask(4, "rotation_specify_checkBox", "1.5707963267948966");
+        const QByteArray name = later.join(" and ").toUtf8();
+        const QString prompt = "PromptForBlockInsertion2 " + arguments.join(',');
+        QTest::newRow(name) << later << QByteArray()
+                            << QStringList{prompt, insert + "1,2,3,4,5,6,7", explosion};
+        QTest::newRow(name + ", cancelled: there is nothing to explode")
+            << later << QByteArray("by the user") << QStringList{prompt};
     }
+
+    const auto refused = [](const QByteArray &method, const QStringList &calls,
+                            const QStringList &later = {}) {
+        QTest::newRow(method + " refused") << later << method << calls;
+    };
+    const QString unnamed = QString(typed).remove("blockNameN");
+    refused("kvDocument_c::CreateBlockDefinition", {unnamed});
+    refused("kvBlockDefinition_c::GetName", {unnamed});
+    refused("kvSketchManager_c::InsertBlock2", {typed});
+    refused("kvApplication_c::GetActiveDocument", {});
+    refused("kvDocument_c::GetModel", {});
+    refused("kvModel_c::GetSketchManager", {});
+    refused("kvApplication_c::GetCommandMessage", {}, {position});
+    refused("kvBlockInstance_c::Explode", {typed, explosion});
 }
 
-void tst_SingleImport::specifyLater()
+void tst_SingleImport::insertion()
 {
-    QFETCH(QStringList, ticked);
-    QFETCH(QString, prompt);
-    QFETCH(bool, answered);
+    QFETCH(QStringList, later);
+    QFETCH(QByteArray, refused);
+    QFETCH(QStringList, calls);
 
     ImportSession session;
-    session.host.session.services.promptForInsertion = [answered](const refhost::InsertionPrompt &) {
-        return answered ? std::make_optional(picked) : std::nullopt;
+    session.host.session.faults.failEvery(refused);
+    session.host.session.services.promptForInsertion = [&refused](const refhost::InsertionPrompt &) {
+        return refused == "by the user" ? std::nullopt : std::make_optional(picked);
     };
-    importFile(session, session.write("plan.svg", oneLine), ticked + QStringList{explode});
-
-    // Without an instance there is nothing to explode.
-    const QStringList inserted = {R"(InsertBlock2 "blockNameN",1,2,3,4,5,6,7)", "Explode"};
-    QCOMPARE(session.calls({"PromptForBlockInsertion2", "InsertBlock2", "Explode"}),
-             QStringList{prompt} + (answered ? inserted : QStringList()));
+    importLine(session, later + QStringList{explode}, {"10", "20", "none", "2", "90"});
+    QCOMPARE(session.calls({"PromptForBlockInsertion2", "InsertBlock2", "Explode"}), calls);
 }
 
 void tst_SingleImport::typedTexts_data()
@@ -147,10 +187,8 @@ void tst_SingleImport::typedTexts_data()
     QTest::addColumn<QStringList>("typed"); // x, y, z, scale, angle
     QTest::addColumn<QString>("arguments");
 
-    QTest::newRow("numbers, and degrees that become radians")
-        << QStringList{"10", "-20.5", "1e3", "2", "90"} << "10,-20.5,1000,2,2,2,1.5707963267948966";
-    QTest::newRow("a turn to the right")
-        << QStringList{"0", "0", "0", "1", "-180"} << "0,0,0,1,1,1,-3.141592653589793";
+    QTest::newRow("numbers, and degrees to the right")
+        << QStringList{"10", "-20.5", "1e3", "2", "-180"} << "10,-20.5,1000,2,2,2,-3.141592653589793";
     QTest::newRow("blanks around a number are passed over")
         << QStringList{" 7", "7 ", " 7 ", " 0.5 ", " 0 "} << "7,7,7,0.5,0.5,0.5,0";
     QTest::newRow("what is no number counts as 0")
@@ -165,20 +203,9 @@ void tst_SingleImport::typedTexts()
     QFETCH(QString, arguments);
 
     ImportSession session;
-    session.import([&] {
-        session.choose("browse_pushButton", session.write("plan.svg", oneLine));
-        session.click(position);
-        const char *const fields[] = {"x_lineEdit", "y_lineEdit", "z_lineEdit", "scale_lineEdit",
-                                      "angle_lineEdit"};
-        for (int i = 0; i < typed.size(); ++i) {
-            auto *field = session.widget<QLineEdit>(fields[i]);
-            field->selectAll();
-            QTest::keyClick(field, Qt::Key_Delete);
-            QTest::keyClicks(field, typed[i]);
-        }
-        session.click("OK_pushButton");
-    });
-    QCOMPARE(session.calls({"InsertBlock2"}), QStringList{R"(InsertBlock2 "blockNameN",)" + arguments});
+    importLine(session, {}, typed);
+    QCOMPARE(session.calls({"InsertBlock2", "Explode"}),
+             QStringList{R"(InsertBlock2 "blockNameN",)" + arguments});
 }
 
 void tst_SingleImport::choosing_data()
@@ -188,6 +215,7 @@ void tst_SingleImport::choosing_data()
     QTest::addColumn<QString>("shown"); // name|folder|OK
     QTest::addColumn<int>("linesDrawn");
 
+    const QStringList none;
     const QStringList refused = {"Korvane: This Drawing cannot be loaded because it is not a SVG file."};
     const QString unreadable = "Error: Cannot open xml file: DIR/vanishing.svg";
 
@@ -195,9 +223,9 @@ void tst_SingleImport::choosing_data()
         << QStringList{"logo.Svg"} << refused << "||off" << 0;
     QTest::newRow("the suffix is all of what follows the last dot")
         << QStringList{"logo.svg.svgz"} << refused << "||off" << 0;
-    QTest::newRow("cancelling at first leaves OK off") << QStringList{""} << QStringList{} << "||off" << 0;
+    QTest::newRow("cancelling at first leaves OK off") << QStringList{""} << none << "||off" << 0;
     QTest::newRow("another file takes the place of the first")
-        << QStringList{"plan.svg", "other/three.svg"} << QStringList{} << "three.svg|DIR/other|on" << 3;
+        << QStringList{"plan.svg", "other/three.svg"} << none << "three.svg|DIR/other|on" << 3;
     QTest::newRow("a refused file keeps the first")
         << QStringList{"plan.svg", "logo.Svg"} << refused << "||on" << 1;
     QTest::newRow("a refused file, then a cancelled dialog: the first is forgotten")
@@ -206,9 +234,13 @@ void tst_SingleImport::choosing_data()
         << QStringList{"plan.svg", "vanishing.svg"} << QStringList{unreadable, unreadable}
         << "vanishing.svg|DIR|on" << 0;
     QTest::newRow("what is not well-formed is shown and draws nothing")
-        << QStringList{"broken.svg"} << QStringList{} << "broken.svg|DIR|on" << 0;
+        << QStringList{"broken.svg"} << none << "broken.svg|DIR|on" << 0;
     QTest::newRow("two dots and quotes in the name")
-        << QStringList{"it's.b.svg"} << QStringList{} << "it's.b.svg|DIR|on" << 1;
+        << QStringList{"it's.b.svg"} << none << "it's.b.svg|DIR|on" << 1;
+    QTest::newRow("blanks are left out of what is shown")
+        << QStringList{"My Drawings/plan one.svg"} << none << "planone.svg|DIR/MyDrawings|on" << 1;
+    QTest::newRow("the folder loses the name wherever it occurs")
+        << QStringList{"old plan.svg/plan.svg"} << none << "plan.svg|DIR/old|on" << 1;
 }
 
 void tst_SingleImport::choosing()
@@ -219,7 +251,8 @@ void tst_SingleImport::choosing()
     QFETCH(int, linesDrawn);
 
     ImportSession session;
-    for (const char *name : {"plan.svg", "logo.Svg", "logo.svg.svgz", "vanishing.svg", "it's.b.svg"})
+    for (const char *name : {"plan.svg", "logo.Svg", "logo.svg.svgz", "vanishing.svg", "it's.b.svg",
+                             "My Drawings/plan one.svg", "old plan.svg/plan.svg"})
         session.write(name, oneLine);
     session.write("other/three.svg", "<svg>" + QByteArray("<line/>").repeated(3) + "</svg>");
     session.write("broken.svg", "<svg><line/></sgv>");
@@ -233,16 +266,50 @@ void tst_SingleImport::choosing()
             name.isEmpty() ? session.answers.cancel() : session.answers.choose(session.path(name));
             for (int i = 0; i < messagesOf.value(name); ++i)
                 session.answers.press(QMessageBox::Ok);
-            session.click("browse_pushButton");
+            session.click(browse);
         }
-        actual = session.text("name_lineEdit") + '|' + session.text("path_lineEdit")
-            + (session.isEnabled("OK_pushButton") ? "|on" : "|off");
+        actual = shownFile(session) + (session.isEnabled("OK_pushButton") ? "|on" : "|off");
         session.click(position);
         session.click("OK_pushButton");
     });
-    QCOMPARE(actual.replace(session.path(), "DIR"), shown);
+    QCOMPARE(actual, shown);
     QCOMPARE(session.answers.messages.replaceInStrings(session.path(), "DIR"), messages);
     QCOMPARE(session.calls({"InsertLine"}).size(), linesDrawn);
+}
+
+void tst_SingleImport::chosenFileOpensTheUnits()
+{
+    ImportSession session;
+    session.import([&] {
+        session.choose(browse, session.write("plan.svg", oneLine));
+        QVERIFY(session.isEnabled("master_unit_radioButton") && session.isEnabled("sub_units_radioButton"));
+        QCOMPARE(session.text("master_unit_lineEdit") + session.text("sub_unit_lineEdit"),
+                 QString("[ft][in]"));
+        QCOMPARE(session.text("convert_factor_lineEdit"), QString("12"));
+        session.click("sub_units_radioButton");
+        QCOMPARE(session.text("convert_factor_lineEdit"), QString("1"));
+        QTest::keyClick(session.widget("units_comboBox"), Qt::Key_Down); // Feet
+        QCOMPARE(session.text("convert_factor_lineEdit"), QString("0.0833333"));
+
+        const auto *models = session.widget<QListWidget>("listWidget");
+        QCOMPARE(models->count(), 1);
+        QCOMPARE(models->item(0)->text(), QString("Default"));
+        QVERIFY(models->item(0)->isSelected());
+    });
+}
+
+void tst_SingleImport::startFolderComesFromTheSettings()
+{
+    ImportSession session;
+    session.write("drawings/plan.svg", oneLine);
+    QSettings().setValue("default_dir2", session.path("drawings"));
+    QString shown;
+    session.import([&] {
+        session.choose(browse, "plan.svg");
+        shown = shownFile(session);
+    });
+    QCOMPARE(shown, QString("plan.svg|DIR/drawings"));
+    QCOMPARE(QSettings().value("default_dir2").toString(), session.path("drawings"));
 }
 
 void tst_SingleImport::shownNameGoesThroughTheLocale_data()
@@ -266,10 +333,9 @@ void tst_SingleImport::shownNameGoesThroughTheLocale()
     {
         ImportSession session;
         session.import([&] {
-            session.choose("browse_pushButton", session.write(QString::fromUtf8("tür.svg"), oneLine));
-            actual = session.text("name_lineEdit") + '|' + session.text("path_lineEdit");
+            session.choose(browse, session.write(QString::fromUtf8("tür.svg"), oneLine));
+            actual = shownFile(session);
         });
-        actual.replace(session.path(), "DIR");
     }
     QTextCodec::setCodecForLocale(before);
     QCOMPARE(actual, shown);
@@ -279,19 +345,11 @@ void tst_SingleImport::textIsReadWhenTheFileIsChosen()
 {
     ImportSession session;
     session.import([&] {
-        session.choose("browse_pushButton", session.write("plan.svg", oneLine));
+        session.choose(browse, session.write("plan.svg", oneLine));
         session.write("plan.svg", "<svg/>");
         session.click("OK_pushButton");
     });
     QCOMPARE(session.calls({"InsertLine"}), QStringList{"InsertLine 0,0,0,10,5,0"});
-}
-
-void tst_SingleImport::oneCallFails_data()
-{
-    QTest::addColumn<Fault>("fault");
-
-    QTest::newRow("the host refuses it") << Fault::Refused;
-    QTest::newRow("the host throws") << Fault::Throws;
 }
 
 void tst_SingleImport::oneCallFails()
@@ -301,23 +359,20 @@ void tst_SingleImport::oneCallFails()
     ImportSession session;
     const refhost::HostDocumentPtr users = session.host.session.activeDocument();
     const refhost::EntityId usersLine = users->drawing.add(refhost::Line{});
-    const QString file = session.write("plan.svg", oneLine);
-    importFile(session, file, {position, explode});
+    importLine(session, {position, explode});
     const QByteArrayList model = session.host.calls;
     QVERIFY(model.size() > 10);
 
     for (int call = 0; call < model.size(); ++call) {
         failCall(session, model, call, fault);
-        if (fault == Fault::Throws)
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Import SVG: .* failed: out of order"));
-        importFile(session, file, {position, explode});
+        importLine(session, {position, explode});
         QVERIFY2(!session.dialog->isVisible(), model[call]);
         QVERIFY2(users->drawing.isInModelSpace(usersLine), model[call]);
     }
     session.import([] {});
     const std::size_t handles = session.host.session.handles().size();
     session.host.begin();
-    importFile(session, file, {position, explode});
+    importLine(session, {position, explode});
     session.import([] {});
     QVERIFY2(session.host.session.handles().size() == handles, "no import keeps handles");
     QCOMPARE(refhost::HandleRegister::doubleDeletions(), 0);
@@ -327,6 +382,8 @@ int main(int argc, char *argv[])
 {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Korvane"));
+    QApplication::setApplicationName(QStringLiteral("SingleImportTest"));
     tst_SingleImport test;
     return QTest::qExec(&test, argc, argv);
 }

@@ -116,11 +116,19 @@ private:
 enum class Fault { Refused, Throws };
 Q_DECLARE_METATYPE(Fault)
 
+inline void addFaultRows()
+{
+    QTest::addColumn<Fault>("fault");
+    QTest::newRow("the host refuses it") << Fault::Refused;
+    QTest::newRow("the host throws") << Fault::Throws;
+}
+
 /// Lets the call number `index` of those in `model`, counted from 0, go wrong when `session` makes the same
-/// calls again.
+/// calls again. The warning that the add-in writes about it is expected.
 inline void failCall(ImportSession &session, const QByteArrayList &model, int index, Fault fault)
 {
     if (fault == Fault::Throws) {
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Import SVG: .* failed: out of order"));
         session.host.session.journal().begin([index, seen = 0](const QByteArray & /*line*/) mutable {
             if (seen++ == index)
                 throw std::runtime_error("out of order");
