@@ -98,15 +98,16 @@ void Converter::finishPending()
 void Converter::save(const Pending &pending)
 {
     const refhost::EncodedDrawing encoded = m_encoder.take(pending.ticket);
-    QString error = refhost::writeDrawingFile(pending.drawingFile, encoded);
+    const QString error = refhost::writeDrawingFile(pending.drawingFile, encoded);
     if (!error.isEmpty()) {
         m_report.failed(QStringLiteral("%1: not saved: %2").arg(pending.drawingFile, error));
         return;
     }
     if (m_options.preview) {
         const QString picture = OutputPaths::pictureBeside(pending.drawingFile);
-        if (!refhost::writePicture(pending.document->drawing, picture, &error)) {
-            m_report.failed(QStringLiteral("%1: not saved: %2").arg(picture, error));
+        const QString pictureError = refhost::writePicture(pending.document->drawing, picture);
+        if (!pictureError.isEmpty()) {
+            m_report.failed(QStringLiteral("%1: not saved: %2").arg(picture, pictureError));
             return;
         }
     }

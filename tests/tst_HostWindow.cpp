@@ -11,6 +11,7 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -137,6 +138,8 @@ private slots:
     void selectionByClick();
     void fileDialogNamesThePicture();
     void tabsFollowTheDrawings();
+    void unsavedDrawing_data();
+    void unsavedDrawing();
     void settingsAreStored();
     void helpWithoutABrowser();
 
@@ -449,6 +452,53 @@ void tst_HostWindow::tabsFollowTheDrawings()
     QTRY_COMPARE(tabs->count(), 0);
     type(*m_window, QStringLiteral("_SAVEAS"));
     QVERIFY(hasSaid(*m_window, QStringLiteral("No drawing is open.")));
+}
+
+void tst_HostWindow::unsavedDrawing_data()
+{
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<QString>("fileName");
+    QTest::addColumn<bool>("closes");
+
+    const QString file = m_folder.filePath(QStringLiteral("kept.dxf"));
+    QTest::newRow("Cancel keeps it open") << int(QMessageBox::Cancel) << file << false;
+    QTest::newRow("Discard closes it") << int(QMessageBox::Discard) << QString() << true;
+    QTest::newRow("Save closes it once it is saved") << int(QMessageBox::Save) << file << true;
+    QTest::newRow("what cannot be saved stays open")
+        << int(QMessageBox::Save) << m_folder.filePath(QStringLiteral("missing/kept.dwg")) << false;
+}
+
+void tst_HostWindow::unsavedDrawing()
+{
+    QFETCH(int, answer);
+    QFETCH(QString, fileName);
+    QFETCH(bool, closes);
+    QFile::remove(fileName);
+    const HostDocumentPtr document = m_window->session().activeDocument();
+    document->fileName = fileName;
+    document->drawing.add(Line{{0, 0, 0}, {10, 5, 0}});
+
+    int asked = 0;
+    const auto answerBox = [&] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        QVERIFY(box);
+        ++asked;
+        QTest::mouseClick(box->button(static_cast<QMessageBox::StandardButton>(answer)), Qt::LeftButton);
+    };
+    {
+        Later later({[] {}, answerBox});
+        QCOMPARE(m_window->close(), closes);
+    }
+    QCOMPARE(asked, 1);
+    QCOMPARE(QFileInfo::exists(fileName), closes && answer == QMessageBox::Save);
+    QCOMPARE(document->isModified(), answer != QMessageBox::Save || !closes);
+
+    // Closing the tab asks as the window does, unless there is nothing left to save.
+    const bool asksAgain = document->isModified();
+    Later later({[] {}, asksAgain ? std::function<void()>(answerBox) : [] {}});
+    type(*m_window, QStringLiteral("_CLOSE"));
+    QCOMPARE(asked, asksAgain ? 2 : 1);
+    QCOMPARE(m_window->session().documents().empty(), closes);
 }
 
 void tst_HostWindow::settingsAreStored()

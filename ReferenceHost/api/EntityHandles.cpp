@@ -11,7 +11,7 @@ namespace refhost {
 kvResult EllipseHandle::SetCenter(double x, double y, double z)
 {
     const auto body = [&] {
-        auto *ellipse = state().find<Ellipse>();
+        auto *ellipse = state().edit<Ellipse>();
         const Point center = {x, y, z};
         if (!ellipse || !isFinite(center))
             return kvResult_Failed;
@@ -24,7 +24,7 @@ kvResult EllipseHandle::SetCenter(double x, double y, double z)
 kvResult EllipseHandle::put_MajorRadius(double radius)
 {
     const auto body = [&] {
-        auto *ellipse = state().find<Ellipse>();
+        auto *ellipse = state().edit<Ellipse>();
         if (!ellipse || !std::isfinite(radius) || radius == 0.0)
             return kvResult_Failed;
         ellipse->axis = withLength(ellipse->axis, std::abs(radius));
@@ -36,7 +36,7 @@ kvResult EllipseHandle::put_MajorRadius(double radius)
 kvResult SplineHandle::SetControlPointCoordinate(int index, double x, double y, double z, bool *done)
 {
     const auto body = [&] {
-        auto *spline = state().find<Spline>();
+        auto *spline = state().edit<Spline>();
         const auto position = static_cast<std::size_t>(index);
         const Point point = {x, y, z};
         if (!spline || index < 0 || position >= spline->controlPoints.size() || !isFinite(point))

@@ -14,12 +14,12 @@ struct EntityRef {
     EntityId id = 0;
     std::shared_ptr<EntityNumbers> numbers;
 
-    /// The entity as `Kind`, or null when it has left the drawing.
+    /// The entity as `Kind`, to be changed, or null when it has left the drawing.
     template <class Kind>
-    Kind *find() const
+    Kind *edit() const
     {
         const HostDocumentPtr open = document.lock();
-        return open ? std::get_if<Kind>(open->drawing.find(id)) : nullptr;
+        return open ? std::get_if<Kind>(open->drawing.edit(id)) : nullptr;
     }
 };
 

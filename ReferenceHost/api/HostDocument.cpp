@@ -2,7 +2,14 @@
 
 #include "api/HostDocument.h"
 
+#include <QFileInfo>
+
 namespace refhost {
+
+QString HostDocument::shownName() const
+{
+    return fileName.isEmpty() ? title : QFileInfo(fileName).fileName();
+}
 
 void HostDocument::selectAll()
 {

@@ -19,11 +19,18 @@ using EntityNumbers = std::unordered_map<EntityId, ObjectNumber>;
 
 struct HostDocument {
     Drawing drawing;
-    QString title;    ///< what a tab shows until the drawing has a file
-    QString fileName; ///< full path; empty until the drawing was saved
+    QString title;                  ///< what a tab shows until the drawing has a file
+    QString fileName;               ///< full path; empty until the drawing was saved
+    std::uint64_t savedChanges = 0; ///< those that the drawing had when it was saved last
     std::vector<EntityId> selection;
     ObjectNumber number;
     std::shared_ptr<EntityNumbers> entityNumbers = std::make_shared<EntityNumbers>();
+
+    /// Whether closing the document would lose something.
+    bool isModified() const { return drawing.changes() != savedChanges; }
+
+    /// The name of its file without the folder, or its title.
+    QString shownName() const;
 
     void selectAll();
     void eraseSelection();

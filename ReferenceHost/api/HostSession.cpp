@@ -70,6 +70,7 @@ bool HostSession::save(const HostDocumentPtr &document, const QString &fileName,
         return false;
     }
     document->fileName = fileName;
+    document->savedChanges = document->drawing.changes();
     notifyDocumentsChanged();
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "app/HostSettingsStore.h"
 
+#include <QFileInfo>
 #include <QSettings>
 
 #include <tuple>
@@ -15,6 +16,7 @@ constexpr auto themeKey = "theme";
 constexpr auto webHelpKey = "webHelp";
 constexpr auto webLinkKey = "webLink";
 constexpr auto helpFileKey = "helpFile";
+constexpr auto importFolderKey = "default_dir2"; // read by the add-in, which never writes it
 
 } // namespace
 
@@ -39,6 +41,15 @@ void saveHostSettings(const HostSettings &settings)
     stored.setValue(QLatin1String(webHelpKey), settings.webHelp);
     stored.setValue(QLatin1String(webLinkKey), settings.webLink);
     stored.setValue(QLatin1String(helpFileKey), settings.helpFile);
+}
+
+void keepImportFolder(const QString &folder)
+{
+    QSettings stored(QStringLiteral("Korvane"), QStringLiteral("ReferenceHost"));
+    const QString key = QLatin1String(importFolderKey);
+    const QString earlier = stored.value(key).toString();
+    if (earlier.isEmpty() || !QFileInfo(earlier).isDir())
+        stored.setValue(key, QFileInfo(folder).absoluteFilePath());
 }
 
 bool isSame(const HostSettings &first, const HostSettings &second)

@@ -11,6 +11,9 @@ HostSettings loadHostSettings();
 
 void saveHostSettings(const HostSettings &settings);
 
+/// Stores `folder` as the one that an import's file dialog starts in, unless a folder that exists is stored.
+void keepImportFolder(const QString &folder);
+
 /// Whether both mean the same for the next start.
 bool isSame(const HostSettings &first, const HostSettings &second);
 

@@ -5,7 +5,9 @@
 #include "app/Canvas.h"
 #include "app/CommandActions.h"
 #include "app/CommandLine.h"
+#include "app/DrawingFiles.h"
 #include "app/Guarded.h"
+#include "app/HostSettingsStore.h"
 #include "app/InsertionPrompter.h"
 #include "app/JournalPanel.h"
 #include "app/Ribbon.h"
@@ -16,6 +18,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDatabase>
@@ -54,7 +57,7 @@ QKeySequence shortcutOf(const QString &command)
 
 QString tabText(const HostDocument &document)
 {
-    return document.fileName.isEmpty() ? document.title : QFileInfo(document.fileName).fileName();
+    return document.isModified() ? document.shownName() + QLatin1Char('*') : document.shownName();
 }
 
 /// Calls `show` when the host has time, once however often it is asked for until then.
@@ -191,6 +194,12 @@ void HostWindow::say(const QString &message)
     m_commandLine->append(message);
 }
 
+void HostWindow::offerSamples(const QString &folder)
+{
+    keepImportFolder(folder);
+    say(QStringLiteral("Samples to import are in %1").arg(QDir::toNativeSeparators(folder)));
+}
+
 void HostWindow::enter(const QString &line)
 {
     if (m_prompter->isWaiting())
@@ -291,9 +300,15 @@ bool HostWindow::mayChangeAddin()
 void HostWindow::closeEvent(QCloseEvent *event)
 {
     const QString running = m_session.commands.running();
-    event->setAccepted(running.isEmpty());
-    if (!running.isEmpty())
+    if (!running.isEmpty()) {
         say(QStringLiteral("Cannot close while %1 runs.").arg(running));
+        event->ignore();
+        return;
+    }
+    const std::vector<HostDocumentPtr> documents = m_session.documents();
+    event->setAccepted(
+        std::all_of(documents.begin(), documents.end(),
+                    [this](const HostDocumentPtr &document) { return mayClose(*this, document); }));
 }
 
 void HostWindow::restart()
@@ -426,8 +441,11 @@ void HostWindow::activateTab(int index)
 void HostWindow::closeTab(int index)
 {
     const auto &documents = m_session.documents();
-    if (index >= 0 && index < static_cast<int>(documents.size()))
-        m_session.close(documents[static_cast<std::size_t>(index)]);
+    if (index < 0 || index >= static_cast<int>(documents.size()))
+        return;
+    const HostDocumentPtr document = documents[static_cast<std::size_t>(index)];
+    if (mayClose(*this, document))
+        m_session.close(document);
 }
 
 void HostWindow::select(EntityId id, bool removes)

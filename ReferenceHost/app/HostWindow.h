@@ -38,6 +38,10 @@ public:
     /// Refused while a command runs, like everything that takes the add-in's code away.
     void disconnectAddin();
 
+    /// Tells the user of drawings to try an import with, and lets the import's file dialog start in that
+    /// folder unless another one is set.
+    void offerSamples(const QString &folder);
+
     /// Does what the user typed or clicked: answers the prompt that waits, or runs a command.
     void enter(const QString &line);
 

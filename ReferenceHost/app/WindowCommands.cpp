@@ -3,16 +3,12 @@
 #include "app/WindowCommands.h"
 
 #include "app/Canvas.h"
+#include "app/DrawingFiles.h"
 #include "app/HostSettingsStore.h"
 #include "app/HostWindow.h"
 #include "app/JournalPanel.h"
 #include "app/SettingsDialog.h"
 
-#include "view/Picture.h"
-
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QInputDialog>
 #include <QTimer>
 
@@ -20,68 +16,8 @@ namespace refhost {
 
 namespace {
 
-constexpr auto drawingFilters = "DWG drawing (*.dwg);;DXF drawing (*.dxf)";
-
 /// A command's work: true when it did what the user wanted.
 using Body = bool (*)(HostWindow &window, const HostDocumentPtr &document);
-
-/// Asks for a file to write; empty when the user cancels. A name without a suffix gets that of the filter.
-QString askFileName(HostWindow &window, const QString &title, const HostDocumentPtr &document,
-                    const QString &filters)
-{
-    const QString suggested = document->fileName.isEmpty()
-        ? document->title
-        : QDir(QFileInfo(document->fileName).path())
-              .filePath(QFileInfo(document->fileName).completeBaseName());
-    QFileDialog dialog(&window, title, suggested, filters);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    const auto suffixOf = [](const QString &filter) {
-        return filter.mid(filter.indexOf(QLatin1String("*.")) + 2).remove(QLatin1Char(')'));
-    };
-    dialog.setDefaultSuffix(suffixOf(dialog.selectedNameFilter()));
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
-                     [&](const QString &filter) { dialog.setDefaultSuffix(suffixOf(filter)); });
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
-}
-
-bool saveAs(HostWindow &window, const HostDocumentPtr &document)
-{
-    const QString file =
-        askFileName(window, QStringLiteral("Save drawing"), document, QLatin1String(drawingFilters));
-    // All blocks are kept: the user may still mean to insert those that nothing shows yet.
-    if (file.isEmpty() || !window.session().save(document, file, false))
-        return false;
-    window.say(QStringLiteral("Saved %1").arg(QDir::toNativeSeparators(file)));
-    return true;
-}
-
-/// Says how writing `file` went.
-bool sayWritten(HostWindow &window, const QString &file, const QString &error)
-{
-    window.say(error.isEmpty() ? QStringLiteral("Wrote %1").arg(QDir::toNativeSeparators(file))
-                               : QStringLiteral("%1: not written: %2").arg(file, error));
-    return error.isEmpty();
-}
-
-bool exportDrawing(HostWindow &window, const HostDocumentPtr &document)
-{
-    const QString file =
-        askFileName(window, QStringLiteral("Export drawing"), document, QLatin1String(drawingFilters));
-    return !file.isEmpty()
-        && sayWritten(window, file, window.session().services.saveDrawing(document->drawing, file, false));
-}
-
-bool exportPicture(HostWindow &window, const HostDocumentPtr &document)
-{
-    const QString file = askFileName(window, QStringLiteral("Export picture"), document,
-                                     QStringLiteral("PNG picture (*.png)"));
-    if (file.isEmpty())
-        return false;
-    QString error;
-    writePicture(document->drawing, file, &error);
-    return sayWritten(window, file, error);
-}
 
 bool insertBlock(HostWindow &window, const HostDocumentPtr &document)
 {
@@ -107,6 +43,8 @@ bool insertBlock(HostWindow &window, const HostDocumentPtr &document)
 
 bool closeDocument(HostWindow &window, const HostDocumentPtr &document)
 {
+    if (!mayClose(window, document))
+        return false;
     window.session().close(document);
     return true;
 }

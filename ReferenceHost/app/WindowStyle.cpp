@@ -53,7 +53,8 @@ const WindowColours &windowColours(Theme theme)
 QPalette windowPalette(Theme theme)
 {
     const WindowColours &colours = windowColours(theme);
-    QPalette palette(colours.text, colours.window);
+    QPalette palette(colours.strip, colours.window);
+    palette.setColor(QPalette::WindowText, colours.text);
     palette.setColor(QPalette::Base, colours.field);
     palette.setColor(QPalette::AlternateBase, colours.strip);
     palette.setColor(QPalette::Text, colours.text);
@@ -67,6 +68,7 @@ QPalette windowPalette(Theme theme)
     palette.setColor(QPalette::Link, colours.accent);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, colours.faintText);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, colours.line);
     return palette;
 }
 

@@ -13,6 +13,7 @@
 namespace {
 
 const QString addinOption = QStringLiteral("addin");
+const QString samplesOption = QStringLiteral("samples");
 
 void addOptions(QCommandLineParser &parser)
 {
@@ -21,6 +22,9 @@ void addOptions(QCommandLineParser &parser)
     parser.addOption({addinOption,
                       QStringLiteral("Connect the add-in library <path> instead of the usual one."),
                       QStringLiteral("path")});
+    parser.addOption({samplesOption,
+                      QStringLiteral("Let imports start in <folder> while no other folder is set."),
+                      QStringLiteral("folder")});
 }
 
 bool asksForHelp(int argc, char **argv)
@@ -56,6 +60,8 @@ int main(int argc, char **argv)
 
     refhost::HostWindow window(settings);
     window.connectAddin(parser.isSet(addinOption) ? parser.value(addinOption) : refhost::standardAddinPath());
+    if (parser.isSet(samplesOption))
+        window.offerSamples(parser.value(samplesOption));
     window.show();
     return QApplication::exec();
 }

@@ -12,18 +12,20 @@ EntityId Drawing::add(Entity entity)
     m_entities.push_back({std::move(entity), Place::ModelSpace});
     const EntityId id = m_entities.size();
     m_modelSpace.push_back(id);
+    ++m_changes;
     return id;
-}
-
-Entity *Drawing::find(EntityId id)
-{
-    return const_cast<Entity *>(std::as_const(*this).find(id));
 }
 
 const Entity *Drawing::find(EntityId id) const
 {
     const StoredEntity *found = stored(id);
     return found && found->place != Place::Erased ? &found->entity : nullptr;
+}
+
+Entity *Drawing::edit(EntityId id)
+{
+    ++m_changes;
+    return const_cast<Entity *>(find(id));
 }
 
 bool Drawing::isInModelSpace(EntityId id) const
@@ -47,6 +49,7 @@ void Drawing::erase(EntityId id)
         return;
     m_entities[id - 1] = {Line(), Place::Erased};
     removeFromModelSpace();
+    ++m_changes;
 }
 
 bool Drawing::createBlock(const QString &name, const Point &base, const std::vector<EntityId> &entities)
@@ -66,6 +69,7 @@ bool Drawing::createBlock(const QString &name, const Point &base, const std::vec
     }
     m_blockIndex.insert(key, m_blocks.size());
     m_blocks.push_back(std::move(definition));
+    ++m_changes;
     return true;
 }
 

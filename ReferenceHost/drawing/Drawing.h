@@ -30,8 +30,9 @@ public:
     EntityId add(Entity entity);
 
     /// The entity named `id`, in model space or in a block; null when it was erased or never existed.
-    Entity *find(EntityId id);
     const Entity *find(EntityId id) const;
+    /// The same, to be changed.
+    Entity *edit(EntityId id);
 
     bool isInModelSpace(EntityId id) const;
 
@@ -55,6 +56,9 @@ public:
     /// The definitions that model space uses, also through other blocks, in the order they were made.
     std::vector<const BlockDefinition *> usedBlocks() const;
 
+    /// How often the drawing has been changed.
+    std::uint64_t changes() const { return m_changes; }
+
 private:
     enum class Place { ModelSpace, Block, Erased };
 
@@ -71,6 +75,7 @@ private:
     std::deque<StoredEntity> m_entities;
     std::vector<EntityId> m_modelSpace; // may name entities that have left; they are skipped
     std::size_t m_left = 0;
+    std::uint64_t m_changes = 0;
     std::vector<BlockDefinition> m_blocks;
     QHash<QString, std::size_t> m_blockIndex; // by lower-case name
 };

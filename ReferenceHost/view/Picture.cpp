@@ -53,15 +53,13 @@ QImage picture(const Drawing &drawing)
     return image;
 }
 
-bool writePicture(const Drawing &drawing, const QString &fileName, QString *error)
+QString writePicture(const Drawing &drawing, const QString &fileName)
 {
     const QImage image = picture(drawing);
     QSaveFile file(fileName);
     if (file.open(QIODevice::WriteOnly) && image.save(&file, "PNG") && file.commit())
-        return true;
-    if (error)
-        *error = file.errorString();
-    return false;
+        return {};
+    return file.errorString();
 }
 
 } // namespace refhost

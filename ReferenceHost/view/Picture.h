@@ -13,8 +13,8 @@ namespace refhost {
 /// a very long or very high one gets a sheet that is wide enough to look at. Needs a QGuiApplication.
 QImage picture(const Drawing &drawing);
 
-/// Writes picture() as a PNG file. On failure an existing file stays as it was, and `error`, if given,
-/// receives the reason.
-bool writePicture(const Drawing &drawing, const QString &fileName, QString *error = nullptr);
+/// Writes picture() as a PNG file. Returns an empty text, or the reason of a failure; an existing file stays
+/// as it was then.
+QString writePicture(const Drawing &drawing, const QString &fileName);
 
 } // namespace refhost

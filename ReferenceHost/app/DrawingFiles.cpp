@@ -1,0 +1,95 @@
+// Asks for a file name and tells how writing went; the session and the export do the work.
+
+#include "app/DrawingFiles.h"
+
+#include "app/HostWindow.h"
+#include "view/Picture.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+namespace refhost {
+
+namespace {
+
+constexpr auto drawingFilters = "DWG drawing (*.dwg);;DXF drawing (*.dxf)";
+
+/// Asks for a file to write; empty when the user cancels. A name without a suffix gets that of the filter.
+QString askFileName(HostWindow &window, const QString &title, const HostDocumentPtr &document,
+                    const QString &filters)
+{
+    const QString suggested = document->fileName.isEmpty()
+        ? document->title
+        : QDir(QFileInfo(document->fileName).path())
+              .filePath(QFileInfo(document->fileName).completeBaseName());
+    QFileDialog dialog(&window, title, suggested, filters);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    const auto suffixOf = [](const QString &filter) {
+        return filter.mid(filter.indexOf(QLatin1String("*.")) + 2).remove(QLatin1Char(')'));
+    };
+    dialog.setDefaultSuffix(suffixOf(dialog.selectedNameFilter()));
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                     [&](const QString &filter) { dialog.setDefaultSuffix(suffixOf(filter)); });
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+/// Saves under the name `file` and says so; the session reports a failure.
+bool saveTo(HostWindow &window, const HostDocumentPtr &document, const QString &file)
+{
+    // All blocks are kept: the user may still mean to insert those that nothing shows yet.
+    if (!window.session().save(document, file, false))
+        return false;
+    window.say(QStringLiteral("Saved %1").arg(QDir::toNativeSeparators(file)));
+    return true;
+}
+
+/// Says how writing `file` went.
+bool sayWritten(HostWindow &window, const QString &file, const QString &error)
+{
+    window.say(error.isEmpty() ? QStringLiteral("Wrote %1").arg(QDir::toNativeSeparators(file))
+                               : QStringLiteral("%1: not written: %2").arg(file, error));
+    return error.isEmpty();
+}
+
+} // namespace
+
+bool saveAs(HostWindow &window, const HostDocumentPtr &document)
+{
+    const QString file =
+        askFileName(window, QStringLiteral("Save drawing"), document, QLatin1String(drawingFilters));
+    return !file.isEmpty() && saveTo(window, document, file);
+}
+
+bool mayClose(HostWindow &window, const HostDocumentPtr &document)
+{
+    if (!document->isModified())
+        return true;
+    const auto answer = QMessageBox::question(
+        &window, QStringLiteral("Reference Host"),
+        QStringLiteral("Save the changes to %1?").arg(document->shownName()),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer != QMessageBox::Save)
+        return answer == QMessageBox::Discard;
+    return document->fileName.isEmpty() ? saveAs(window, document)
+                                        : saveTo(window, document, document->fileName);
+}
+
+bool exportDrawing(HostWindow &window, const HostDocumentPtr &document)
+{
+    const QString file =
+        askFileName(window, QStringLiteral("Export drawing"), document, QLatin1String(drawingFilters));
+    return !file.isEmpty()
+        && sayWritten(window, file, window.session().services.saveDrawing(document->drawing, file, false));
+}
+
+bool exportPicture(HostWindow &window, const HostDocumentPtr &document)
+{
+    const QString file = askFileName(window, QStringLiteral("Export picture"), document,
+                                     QStringLiteral("PNG picture (*.png)"));
+    return !file.isEmpty() && sayWritten(window, file, writePicture(document->drawing, file));
+}
+
+} // namespace refhost
