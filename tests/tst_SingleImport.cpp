@@ -3,7 +3,6 @@
 #include "ImportSession.h"
 #include "JournalDifference.h"
 
-#include <QLineEdit>
 #include <QListWidget>
 #include <QTextCodec>
 #include <QtTest>
@@ -26,12 +25,8 @@ void importLine(ImportSession &session, const QStringList &ticked, const QString
         session.click(position);
         const char *const fields[] = {"x_lineEdit", "y_lineEdit", "z_lineEdit", "scale_lineEdit",
                                       "angle_lineEdit"};
-        for (int i = 0; i < typed.size(); ++i) {
-            auto *field = session.widget<QLineEdit>(fields[i]);
-            field->selectAll();
-            QTest::keyClick(field, Qt::Key_Delete);
-            QTest::keyClicks(field, typed[i]);
-        }
+        for (int i = 0; i < typed.size(); ++i)
+            session.type(fields[i], typed[i]);
         for (const QString &box : ticked)
             session.click(box);
         session.click("OK_pushButton");

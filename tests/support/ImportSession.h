@@ -3,20 +3,19 @@
 
 #pragma once
 
+#include "DialogDriver.h"
 #include "LoadedAddin.h"
 #include "ModalAnswers.h"
 #include "RecordingHost.h"
 
-#include <QAbstractButton>
 #include <QDir>
-#include <QPointer>
 #include <QRegularExpression>
 #include <QtTest>
 
 #include <functional>
 #include <stdexcept>
 
-class ImportSession {
+class ImportSession : public DialogDriver {
 public:
     ImportSession()
     {
@@ -38,23 +37,6 @@ public:
             QTest::qFail("IMPORTSVG failed", __FILE__, __LINE__);
     }
 
-    template <class Widget = QWidget>
-    Widget *widget(const QString &name) const
-    {
-        auto *found = dialog->findChild<Widget *>(name);
-        if (!found)
-            qFatal("The dialog has no %s", qPrintable(name));
-        return found;
-    }
-    QString text(const QString &name) const { return widget(name)->property("text").toString(); }
-    bool isEnabled(const QString &name) const { return widget(name)->isEnabled(); }
-    void click(const QString &name) const
-    {
-        auto *button = widget<QAbstractButton>(name);
-        // A check box is wider than its text, whose middle alone takes the click.
-        QTest::mouseClick(button, Qt::LeftButton, {},
-                          button->isCheckable() ? QPoint(8, button->height() / 2) : QPoint());
-    }
     /// Chooses `path` in the dialog that the button `browse` opens.
     void choose(const QString &browse, const QString &path)
     {
@@ -105,7 +87,6 @@ public:
 
     RecordingHost host;
     ModalAnswers answers;
-    QPointer<QWidget> dialog;
 
 private:
     QTemporaryDir m_folder;

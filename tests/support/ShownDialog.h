@@ -3,14 +3,11 @@
 
 #pragma once
 
+#include "DialogDriver.h"
 #include "RecordingHost.h"
 #include "kvAddinConnection.h"
 #include "mainWindow.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QRadioButton>
 #include <QSettings>
 #include <QTranslator>
 #include <QtTest>
@@ -19,7 +16,7 @@
 
 enum class Theme { Light, Dark };
 
-class ShownDialog {
+class ShownDialog : public DialogDriver {
 public:
     /// `language` is a file in ":/translation"; without one the texts are the source's.
     explicit ShownDialog(Theme theme = Theme::Light, const QString &language = {})
@@ -30,48 +27,20 @@ public:
         if (!language.isEmpty() && m_translator.load(language, QStringLiteral(":/translation")))
             QCoreApplication::installTranslator(&m_translator);
         QSettings().clear();
-        dialog = std::make_unique<mainWindow>();
+        window = std::make_unique<mainWindow>();
+        dialog = window.get();
         dialog->show();
         host.begin();
     }
     ~ShownDialog()
     {
-        dialog.reset();
+        window.reset();
         QCoreApplication::removeTranslator(&m_translator);
         g_addinApplication = nullptr;
         setHostApplication(nullptr);
     }
     ShownDialog(const ShownDialog &) = delete;
     ShownDialog &operator=(const ShownDialog &) = delete;
-
-    template <class Widget = QWidget>
-    Widget *widget(const QString &name) const
-    {
-        auto *found = dialog->findChild<Widget *>(name);
-        if (!found)
-            qFatal("The dialog has no %s", qPrintable(name));
-        return found;
-    }
-    QVariant value(const QString &name, const char *property) const
-    {
-        return widget(name)->property(property);
-    }
-    QString text(const QString &name) const { return value(name, "text").toString(); }
-    bool isEnabled(const QString &name) const { return widget(name)->isEnabled(); }
-    bool isChecked(const QString &name) const { return value(name, "checked").toBool(); }
-
-    void click(const QString &name) const
-    {
-        QWidget *target = widget(name);
-        // A check box is wider than its text, whose middle alone takes the click.
-        const bool atStart = qobject_cast<QCheckBox *>(target) || qobject_cast<QRadioButton *>(target);
-        QTest::mouseClick(target, Qt::LeftButton, {}, atStart ? QPoint(8, target->height() / 2) : QPoint());
-    }
-    void type(const QString &field, const QString &text) const
-    {
-        widget<QLineEdit>(field)->selectAll();
-        QTest::keyClicks(widget(field), text);
-    }
 
     /// The journal's lines that contain `part`.
     QByteArrayList calls(const QByteArray &part) const
@@ -83,7 +52,7 @@ public:
     }
 
     RecordingHost host;
-    std::unique_ptr<mainWindow> dialog;
+    std::unique_ptr<mainWindow> window;
 
 private:
     KVImportSVGAddinApplication m_addin{host.application()};
