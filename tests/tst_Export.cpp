@@ -130,35 +130,32 @@ void tst_Export::entities_data()
     QTest::addColumn<QByteArray>("expected");
 
     constexpr double pi = 3.141592653589793;
-    QTest::newRow("a line keeps all digits")
-        << Entity(Line{{0.1, -1e-9, 3}, {1e15, 2.0 / 3, 0}})
-        << QByteArray(R"({"t":"line","p":[0.1,-1e-9,3,1e15,0.6666666666666666,0]})");
-    QTest::newRow("a circle") << Entity(Circle{{1, 2, 3}, 4.5})
-                              << QByteArray(R"({"t":"circle","c":[1,2,3],"r":4.5})");
-    QTest::newRow("an ellipse whose first axis is the longer one keeps it")
-        << Entity(Ellipse{{1, 2, 0}, {4, 0, 0}, 1})
-        << QByteArray(R"({"t":"ellipse","c":[1,2,0],"major":[4,0,0],"ratio":0.25,"start":0})");
-    QTest::newRow("an ellipse whose first axis is the shorter one swaps them")
-        << Entity(Ellipse{{1, 2, 0}, {1, 0, 0}, 4})
-        << QByteArray(R"({"t":"ellipse","c":[1,2,0],"major":[0,4,0],"ratio":0.25,"start":0})");
-    QTest::newRow("a closed polyline") << Entity(Polyline{{0, 0, 1, 0, 1, 1}, true})
-                                       << QByteArray(R"({"t":"polyline","closed":true,"p":[0,0,1,0,1,1]})");
-    QTest::newRow("an open polyline") << Entity(Polyline{{0, 0, -1.5, 2}, false})
-                                      << QByteArray(R"({"t":"polyline","closed":false,"p":[0,0,-1.5,2]})");
-    QTest::newRow("a spline of one cubic")
-        << Entity(Spline{{{0, 0, 0}, {1, 1, 0}, {2, 1, 0}, {3, 0, 0}}})
-        << QByteArray(
-               R"({"t":"spline","degree":3,"control":[0,0,0,1,1,0,2,1,0,3,0,0],"knots":[0,0,0,0,1,1,1,1]})");
-    QTest::newRow("a spline of two cubics has three equal knots where they meet")
-        << Entity(splineThrough({{0, 0, 0}, {3, 0, 0}, {6, 0, 0}}))
-        << QByteArray(R"({"t":"spline","control":[0,0,0,1,0,0,2,0,0,3,0,0,4,0,0,5,0,0,6,0,0],)"
-                      R"("knots":[0,0,0,0,1,1,1,2,2,2,2]})");
-    QTest::newRow("a note keeps letters of every script, quotes and backslashes")
-        << Entity(Note{{5, 6, 0}, 3, pi / 2, QStringLiteral("Tür \u2603 \U0001F600 \"C:\\U+0041\" 100%%")})
-        << QByteArray(R"({"t":"note","p":[5,6,0],"height":3,"angle":1.5707963267948966,)"
-                      "\"text\":\"T\u00fcr \u2603 \U0001F600 \\\"C:\\\\U+0041\\\" 100%%\"}");
-    QTest::newRow("a note without a height gets the default")
-        << Entity(Note{{0, 0, 0}, 0, 0, "x"}) << QByteArray(R"({"t":"note","height":2.5,"text":"x"})");
+    const auto row = [](const char *name, const Entity &entity, const QByteArray &expected) {
+        QTest::newRow(name) << entity << expected;
+    };
+    row("a line keeps all digits", Entity(Line{{0.1, -1e-9, 3}, {1e15, 2.0 / 3, 0}}),
+        R"({"t":"line","p":[0.1,-1e-9,3,1e15,0.6666666666666666,0]})");
+    row("a circle", Entity(Circle{{1, 2, 3}, 4.5}), R"({"t":"circle","c":[1,2,3],"r":4.5})");
+    row("an ellipse whose first axis is the longer one keeps it", Entity(Ellipse{{1, 2, 0}, {4, 0, 0}, 1}),
+        R"({"t":"ellipse","c":[1,2,0],"major":[4,0,0],"ratio":0.25,"start":0})");
+    row("an ellipse whose first axis is the shorter one swaps them", Entity(Ellipse{{1, 2, 0}, {1, 0, 0}, 4}),
+        R"({"t":"ellipse","c":[1,2,0],"major":[0,4,0],"ratio":0.25,"start":0})");
+    row("a closed polyline", Entity(Polyline{{0, 0, 1, 0, 1, 1}, true}),
+        R"({"t":"polyline","closed":true,"p":[0,0,1,0,1,1]})");
+    row("an open polyline", Entity(Polyline{{0, 0, -1.5, 2}, false}),
+        R"({"t":"polyline","closed":false,"p":[0,0,-1.5,2]})");
+    row("a spline of one cubic", Entity(Spline{{{0, 0, 0}, {1, 1, 0}, {2, 1, 0}, {3, 0, 0}}}),
+        R"({"t":"spline","degree":3,"control":[0,0,0,1,1,0,2,1,0,3,0,0],"knots":[0,0,0,0,1,1,1,1]})");
+    row("a spline of two cubics has three equal knots where they meet",
+        Entity(splineThrough({{0, 0, 0}, {3, 0, 0}, {6, 0, 0}})),
+        R"({"t":"spline","control":[0,0,0,1,0,0,2,0,0,3,0,0,4,0,0,5,0,0,6,0,0],)"
+        R"("knots":[0,0,0,0,1,1,1,2,2,2,2]})");
+    row("a note keeps letters of every script, quotes and backslashes",
+        Entity(Note{{5, 6, 0}, 3, pi / 2, QStringLiteral("Tür \u2603 \U0001F600 \"C:\\U+0041\" 100%%")}),
+        R"({"t":"note","p":[5,6,0],"height":3,"angle":1.5707963267948966,)"
+        "\"text\":\"T\u00fcr \u2603 \U0001F600 \\\"C:\\\\U+0041\\\" 100%%\"}");
+    row("a note without a height gets the default", Entity(Note{{0, 0, 0}, 0, 0, "x"}),
+        R"({"t":"note","height":2.5,"text":"x"})");
 }
 
 void tst_Export::entities()
@@ -184,12 +181,12 @@ void tst_Export::block_data()
     QTest::addColumn<QString>("fileName");
     QTest::addColumn<QString>("reader");
 
-    QTest::newRow("DWG, read by libredwg") << "block.dwg"
-                                           << "libredwg";
-    QTest::newRow("DWG, read by libdxfrw") << "block.dwg"
-                                           << "libdxfrw";
-    QTest::newRow("DXF in capitals, read by libdxfrw") << "BLOCK.DXF"
-                                                       << "libdxfrw";
+    const auto row = [](const char *name, const QString &fileName, const QString &reader) {
+        QTest::newRow(name) << fileName << reader;
+    };
+    row("DWG, read by libredwg", "block.dwg", "libredwg");
+    row("DWG, read by libdxfrw", "block.dwg", "libdxfrw");
+    row("DXF in capitals, read by libdxfrw", "BLOCK.DXF", "libdxfrw");
 }
 
 void tst_Export::block()

@@ -119,16 +119,14 @@ void tst_KvLibrary::compare_data()
     QTest::addColumn<QString>("second");
     QTest::addColumn<int>("sign");
 
-    QTest::newRow("equal texts") << "ID_Import"
-                                 << "ID_Import" << 0;
-    QTest::newRow("case counts") << "ID_IMPORT"
-                                 << "ID_Import" << -1;
-    QTest::newRow("a longer text comes after its beginning") << "ab"
-                                                             << "a" << 1;
-    QTest::newRow("an empty text comes first") << ""
-                                               << "a" << -1;
-    QTest::newRow("code units decide, not characters")
-        << QString(QChar(0xFFEE)) << QStringLiteral("\U0001F4D0") << 1;
+    const auto row = [](const char *name, const QString &first, const QString &second, int sign) {
+        QTest::newRow(name) << first << second << sign;
+    };
+    row("equal texts", "ID_Import", "ID_Import", 0);
+    row("case counts", "ID_IMPORT", "ID_Import", -1);
+    row("a longer text comes after its beginning", "ab", "a", 1);
+    row("an empty text comes first", "", "a", -1);
+    row("code units decide, not characters", QString(QChar(0xFFEE)), QStringLiteral("\U0001F4D0"), 1);
 }
 
 void tst_KvLibrary::compare()

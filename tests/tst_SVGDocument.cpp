@@ -75,66 +75,54 @@ void tst_SVGDocument::records_data()
     QTest::addColumn<QString>("body");
     QTest::addColumn<QStringList>("expected");
 
-    QTest::newRow("a line is two points")
-        << R"svg(<line x1="1" y1="2" x2="3" y2="4.5" stroke-width="9"/>)svg" << QStringList{"line 1 2 3 4.5"};
-    QTest::newRow("absent attributes are 0")
-        << "<line/><circle/><ellipse/><rect/><text/>"
-        << QStringList{"line 0 0 0 0", "circle 0 0 r 0", "ellipse 0 0 0 0 0 0 0 0", "rect 0 0 0 0 0 0 0 0",
-                       "text '' at 0 0 size ''"};
-    QTest::newRow("units, percentages and comma decimals are 0, blanks around a number are not")
-        << R"svg(<circle cx="5px" cy="50%" r="1,5"/><circle cx=" 5 " cy="1e2" r="10 20"/>)svg"
-        << QStringList{"circle 0 0 r 0", "circle 5 100 r 0"};
-    QTest::newRow("a negative radius stays")
-        << R"svg(<circle cx="1" cy="2" r="-3"/>)svg" << QStringList{"circle 1 2 r -3"};
-    QTest::newRow("an ellipse is origin, axis end, radii, centre")
-        << R"svg(<ellipse cx="10" cy="20" rx="3" ry="2"/>)svg" << QStringList{"ellipse 0 0 13 0 3 2 10 20"};
-    QTest::newRow("a rect is its corners, without a repeat and without rounding")
-        << R"svg(<rect x="1" y="2" width="3" height="4" rx="9" ry="9"/>)svg"
-        << QStringList{"rect 1 2 4 2 4 6 1 6"};
-    QTest::newRow("negative sizes stay")
-        << R"svg(<rect width="-3" height="-4"/>)svg" << QStringList{"rect 0 0 -3 0 -3 -4 0 -4"};
-    QTest::newRow("points come as comma pairs or as blanks only")
-        << R"svg(<polyline points="0,0 10,0 10,10"/><polyline points="0 0 10 0 10 10"/>)svg"
-        << QStringList{"polyline 0 0 10 0 10 10", "polyline 0 0 10 0 10 10"};
-    QTest::newRow("a comma before a blank adds a 0")
-        << R"svg(<polyline points="0, 0 10, 10"/>)svg" << QStringList{"polyline 0 0 0 10 0 10"};
-    QTest::newRow("a comma after a blank adds a 0")
-        << R"svg(<polyline points="1 ,2"/>)svg" << QStringList{"polyline 1 0 2"};
-    QTest::newRow("a doubled comma adds a 0")
-        << R"svg(<polygon points="1,,2"/>)svg" << QStringList{"polygon 1 0 2"};
-    QTest::newRow("a comma alone is two empty numbers")
-        << R"svg(<polygon points=" , "/>)svg" << QStringList{"polygon 0 0"};
-    QTest::newRow("blanks in a row count once")
-        << R"svg(<polygon points="  1   2  "/>)svg" << QStringList{"polygon 1 2"};
-    QTest::newRow("an odd count stays")
-        << R"svg(<polygon points="1,2 3"/>)svg" << QStringList{"polygon 1 2 3"};
-    QTest::newRow("numbers run together are one that is no number")
-        << R"svg(<polyline points="10-5 1"/>)svg" << QStringList{"polyline 0 1"};
-    QTest::newRow("a tab does not separate points")
-        << R"svg(<polyline points="1&#9;2 3"/>)svg" << QStringList{"polyline 0 3"};
-    QTest::newRow("no points give no record")
-        << R"svg(<polyline/><polyline points=""/><polygon points="   "/><polygon points="1,2"/>)svg"
-        << QStringList{"polygon 1 2"};
-    QTest::newRow("a text keeps its first child")
-        << R"svg(<text x="10" y="20" font-size="12px">Hello<tspan>World</tspan></text>)svg"
-        << QStringList{"text 'Hello' at 10 20 size '12px'"};
-    QTest::newRow("a tspan first leaves a text empty")
-        << "<text><tspan>World</tspan>Hello</text>" << QStringList{"text '' at 0 0 size ''"};
-    QTest::newRow("a comment or CDATA first is the text")
-        << "<text><!--note-->Hello</text><text><![CDATA[a<b]]></text>"
-        << QStringList{"text 'note' at 0 0 size ''", "text 'a<b' at 0 0 size ''"};
-    QTest::newRow("a list of positions is 0")
-        << R"svg(<text x="10 20 30" y="1" font-size="7">A&amp;B</text>)svg"
-        << QStringList{"text 'A&B' at 0 1 size '7'"};
-    QTest::newRow("characters beyond the first plane survive")
-        << QString::fromUtf8("<text>\u00e4\U0001F600</text>")
-        << QStringList{QString::fromUtf8("text '\u00e4\U0001F600' at 0 0 size ''")};
-    QTest::newRow("elements count at any depth, in document order")
-        << R"svg(<defs><rect x="1"/><symbol><rect x="2"/></symbol></defs><clipPath><rect x="3"/></clipPath><rect x="4"/>)svg"
-        << QStringList{"rect 1 0 1 0 1 0 1 0", "rect 2 0 2 0 2 0 2 0", "rect 3 0 3 0 3 0 3 0",
-                       "rect 4 0 4 0 4 0 4 0"};
-    QTest::newRow("names are compared exactly")
-        << R"svg(<Rect/><svg:rect xmlns:svg="x"/><RECT/>)svg" << QStringList{};
+    const auto row = [](const char *name, const QString &body, const QStringList &expected) {
+        QTest::newRow(name) << body << expected;
+    };
+    row("a line is two points", R"svg(<line x1="1" y1="2" x2="3" y2="4.5" stroke-width="9"/>)svg",
+        {"line 1 2 3 4.5"});
+    row("absent attributes are 0", "<line/><circle/><ellipse/><rect/><text/>",
+        {"line 0 0 0 0", "circle 0 0 r 0", "ellipse 0 0 0 0 0 0 0 0", "rect 0 0 0 0 0 0 0 0",
+         "text '' at 0 0 size ''"});
+    row("units, percentages and comma decimals are 0, blanks around a number are not",
+        R"svg(<circle cx="5px" cy="50%" r="1,5"/><circle cx=" 5 " cy="1e2" r="10 20"/>)svg",
+        {"circle 0 0 r 0", "circle 5 100 r 0"});
+    row("a negative radius stays", R"svg(<circle cx="1" cy="2" r="-3"/>)svg", {"circle 1 2 r -3"});
+    row("an ellipse is origin, axis end, radii, centre", R"svg(<ellipse cx="10" cy="20" rx="3" ry="2"/>)svg",
+        {"ellipse 0 0 13 0 3 2 10 20"});
+    row("a rect is its corners, without a repeat and without rounding",
+        R"svg(<rect x="1" y="2" width="3" height="4" rx="9" ry="9"/>)svg", {"rect 1 2 4 2 4 6 1 6"});
+    row("negative sizes stay", R"svg(<rect width="-3" height="-4"/>)svg", {"rect 0 0 -3 0 -3 -4 0 -4"});
+    row("points come as comma pairs or as blanks only",
+        R"svg(<polyline points="0,0 10,0 10,10"/><polyline points="0 0 10 0 10 10"/>)svg",
+        {"polyline 0 0 10 0 10 10", "polyline 0 0 10 0 10 10"});
+    row("a comma before a blank adds a 0", R"svg(<polyline points="0, 0 10, 10"/>)svg",
+        {"polyline 0 0 0 10 0 10"});
+    row("a comma after a blank adds a 0", R"svg(<polyline points="1 ,2"/>)svg", {"polyline 1 0 2"});
+    row("a doubled comma adds a 0", R"svg(<polygon points="1,,2"/>)svg", {"polygon 1 0 2"});
+    row("a comma alone is two empty numbers", R"svg(<polygon points=" , "/>)svg", {"polygon 0 0"});
+    row("blanks in a row count once", R"svg(<polygon points="  1   2  "/>)svg", {"polygon 1 2"});
+    row("an odd count stays", R"svg(<polygon points="1,2 3"/>)svg", {"polygon 1 2 3"});
+    row("numbers run together are one that is no number", R"svg(<polyline points="10-5 1"/>)svg",
+        {"polyline 0 1"});
+    row("a tab does not separate points", R"svg(<polyline points="1&#9;2 3"/>)svg", {"polyline 0 3"});
+    row("no points give no record",
+        R"svg(<polyline/><polyline points=""/><polygon points="   "/><polygon points="1,2"/>)svg",
+        {"polygon 1 2"});
+    row("a text keeps its first child",
+        R"svg(<text x="10" y="20" font-size="12px">Hello<tspan>World</tspan></text>)svg",
+        {"text 'Hello' at 10 20 size '12px'"});
+    row("a tspan first leaves a text empty", "<text><tspan>World</tspan>Hello</text>",
+        {"text '' at 0 0 size ''"});
+    row("a comment or CDATA first is the text", "<text><!--note-->Hello</text><text><![CDATA[a<b]]></text>",
+        {"text 'note' at 0 0 size ''", "text 'a<b' at 0 0 size ''"});
+    row("a list of positions is 0", R"svg(<text x="10 20 30" y="1" font-size="7">A&amp;B</text>)svg",
+        {"text 'A&B' at 0 1 size '7'"});
+    row("characters beyond the first plane survive", QString::fromUtf8("<text>\u00e4\U0001F600</text>"),
+        {QString::fromUtf8("text '\u00e4\U0001F600' at 0 0 size ''")});
+    row("elements count at any depth, in document order",
+        R"svg(<defs><rect x="1"/><symbol><rect x="2"/></symbol></defs><clipPath><rect x="3"/></clipPath><rect x="4"/>)svg",
+        {"rect 1 0 1 0 1 0 1 0", "rect 2 0 2 0 2 0 2 0", "rect 3 0 3 0 3 0 3 0", "rect 4 0 4 0 4 0 4 0"});
+    row("names are compared exactly", R"svg(<Rect/><svg:rect xmlns:svg="x"/><RECT/>)svg", {});
 }
 
 void tst_SVGDocument::records()
@@ -152,46 +140,21 @@ void tst_SVGDocument::transforms_data()
     QTest::addColumn<QString>("ofEllipse");
     QTest::addColumn<QString>("ofOthers");
 
-    QTest::newRow("no transform") << ""
-                                  << ""
-                                  << ""
-                                  << ""
-                                  << "";
-    QTest::newRow("the parent's matrix goes to all") << "matrix(1)"
-                                                     << ""
-                                                     << "matrix(1)"
-                                                     << "matrix(1)"
-                                                     << "matrix(1)";
-    QTest::newRow("a line ignores its own") << ""
-                                            << "matrix(2)"
-                                            << ""
-                                            << "matrix(2)"
-                                            << "matrix(2)";
-    QTest::newRow("the own one replaces the parent's") << "matrix(1)"
-                                                       << "matrix(2)"
-                                                       << "matrix(1)"
-                                                       << "matrix(2)"
-                                                       << "matrix(2)";
-    QTest::newRow("an ellipse lets no translate hide the parent's matrix") << "matrix(1)"
-                                                                           << "translate(2)"
-                                                                           << "matrix(1)"
-                                                                           << "matrix(1)"
-                                                                           << "translate(2)";
-    QTest::newRow("an ellipse keeps no translate of its parent") << "translate(1)"
-                                                                 << ""
-                                                                 << "translate(1)"
-                                                                 << ""
-                                                                 << "translate(1)";
-    QTest::newRow("matrix counts anywhere in the text, in lower case") << "Matrix(1)"
-                                                                       << "scale(2) matrix(3)"
-                                                                       << "Matrix(1)"
-                                                                       << "scale(2) matrix(3)"
-                                                                       << "scale(2) matrix(3)";
-    QTest::newRow("a blank is a transform too") << "matrix(1)"
-                                                << " "
-                                                << "matrix(1)"
-                                                << "matrix(1)"
-                                                << " ";
+    const auto row = [](const char *name, const QString &parent, const QString &own, const QString &ofLine,
+                        const QString &ofEllipse, const QString &ofOthers) {
+        QTest::newRow(name) << parent << own << ofLine << ofEllipse << ofOthers;
+    };
+    row("no transform", "", "", "", "", "");
+    row("the parent's matrix goes to all", "matrix(1)", "", "matrix(1)", "matrix(1)", "matrix(1)");
+    row("a line ignores its own", "", "matrix(2)", "", "matrix(2)", "matrix(2)");
+    row("the own one replaces the parent's", "matrix(1)", "matrix(2)", "matrix(1)", "matrix(2)", "matrix(2)");
+    row("an ellipse lets no translate hide the parent's matrix", "matrix(1)", "translate(2)", "matrix(1)",
+        "matrix(1)", "translate(2)");
+    row("an ellipse keeps no translate of its parent", "translate(1)", "", "translate(1)", "",
+        "translate(1)");
+    row("matrix counts anywhere in the text, in lower case", "Matrix(1)", "scale(2) matrix(3)", "Matrix(1)",
+        "scale(2) matrix(3)", "scale(2) matrix(3)");
+    row("a blank is a transform too", "matrix(1)", " ", "matrix(1)", "matrix(1)", " ");
 }
 
 void tst_SVGDocument::transforms()

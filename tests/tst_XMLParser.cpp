@@ -262,97 +262,96 @@ void tst_XMLParser::limits_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("accepted");
 
-    QTest::newRow("256 levels") << nested(256) << true;
-    QTest::newRow("257 levels") << nested(257) << false;
-    QTest::newRow("1,000,000 levels") << nested(1000000) << false;
-    QTest::newRow("1,000,000 levels without an end") << QStringLiteral("<g>").repeated(1000000) << false;
-    QTest::newRow("many elements side by side")
-        << "<g>" + QStringLiteral("<g></g><g/>").repeated(1000) + "</g>" << true;
+    const auto row = [](const char *name, const QString &text, bool accepted) {
+        QTest::newRow(name) << text << accepted;
+    };
+    row("256 levels", nested(256), true);
+    row("257 levels", nested(257), false);
+    row("1,000,000 levels", nested(1000000), false);
+    row("1,000,000 levels without an end", QStringLiteral("<g>").repeated(1000000), false);
+    row("many elements side by side", "<g>" + QStringLiteral("<g></g><g/>").repeated(1000) + "</g>", true);
 
     const QString declared = entity("e", nested(200));
-    QTest::newRow("56 levels around an entity of 200")
-        << withDeclarations(declared, nested(56).insert(56 * 3, "&e;")) << true;
-    QTest::newRow("57 levels around an entity of 200")
-        << withDeclarations(declared, nested(57).insert(57 * 3, "&e;")) << false;
+    row("56 levels around an entity of 200", withDeclarations(declared, nested(56).insert(56 * 3, "&e;")),
+        true);
+    row("57 levels around an entity of 200", withDeclarations(declared, nested(57).insert(57 * 3, "&e;")),
+        false);
     const QString hidden = nested(200).replace("<", "&#60;");
-    QTest::newRow("57 levels around an entity of 200 in character references")
-        << withDeclarations(entity("e", hidden), nested(57).insert(57 * 3, "&e;")) << false;
+    row("57 levels around an entity of 200 in character references",
+        withDeclarations(entity("e", hidden), nested(57).insert(57 * 3, "&e;")), false);
 
-    QTest::newRow("256 attributes") << "<g" + numbered(" a%1=''", 256) + "/>" << true;
-    QTest::newRow("257 attributes") << "<g" + numbered(" a%1=''", 257) + "/>" << false;
+    row("256 attributes", "<g" + numbered(" a%1=''", 256) + "/>", true);
+    row("257 attributes", "<g" + numbered(" a%1=''", 257) + "/>", false);
 
     const auto parentheses = [](int count) { return QString(count, '(') + 'a' + QString(count, ')'); };
     const auto model = [&](int count) { return "<!ELEMENT a " + parentheses(count) + '>'; };
-    QTest::newRow("256 parentheses") << withDeclarations(model(256), "<a/>") << true;
-    QTest::newRow("257 parentheses") << withDeclarations(model(257), "<a/>") << false;
-    QTest::newRow("257 parentheses in a parameter entity")
-        << withDeclarations(entity("% p", model(257)) + "%p;", "<a/>") << false;
+    row("256 parentheses", withDeclarations(model(256), "<a/>"), true);
+    row("257 parentheses", withDeclarations(model(257), "<a/>"), false);
+    row("257 parentheses in a parameter entity", withDeclarations(entity("% p", model(257)) + "%p;", "<a/>"),
+        false);
     const auto pieces = [](int count) {
         return entity("% p", QString(count, '('))
             + entity("% q", "<!ELEMENT a " + QString(count, '(') + "%p;b" + QString(2 * count, ')') + '>')
             + "%q;";
     };
-    QTest::newRow("256 parentheses put together") << withDeclarations(pieces(128), "<a/>") << true;
-    QTest::newRow("258 parentheses put together") << withDeclarations(pieces(129), "<a/>") << false;
-    QTest::newRow("257 parentheses behind a parameter entity")
-        << withDeclarations(entity("% p", "&#60;!ELEMENT a ") + "%p;" + parentheses(257) + '>', "<a/>")
-        << false;
+    row("256 parentheses put together", withDeclarations(pieces(128), "<a/>"), true);
+    row("258 parentheses put together", withDeclarations(pieces(129), "<a/>"), false);
+    row("257 parentheses behind a parameter entity",
+        withDeclarations(entity("% p", "&#60;!ELEMENT a ") + "%p;" + parentheses(257) + '>', "<a/>"), false);
     const QString deepType = withDeclarations(model(257), "<a/>");
     const QString plainType = "<!--<!DOCTYPE a>-->";
-    QTest::newRow("257 parentheses behind a plain document type in a comment")
-        << plainType + deepType << false;
-    QTest::newRow("257 parentheses far behind a plain document type in a comment")
-        << plainType + QString(2000, ' ') + deepType << false;
-    QTest::newRow("257 parentheses behind an address that looks like an end")
-        << QString(deepType).replace("svg [", "svg SYSTEM '>' [") << false;
-    QTest::newRow("257 parentheses behind an address that looks like a document type")
-        << QString(deepType).replace("svg [", "svg SYSTEM '<!DOCTYPE a>' [") << false;
-    QTest::newRow("many content models side by side")
-        << withDeclarations(QString("<!ELEMENT a (b)>").repeated(1000), "<a/>") << true;
+    row("257 parentheses behind a plain document type in a comment", plainType + deepType, false);
+    row("257 parentheses far behind a plain document type in a comment",
+        plainType + QString(2000, ' ') + deepType, false);
+    row("257 parentheses behind an address that looks like an end",
+        QString(deepType).replace("svg [", "svg SYSTEM '>' ["), false);
+    row("257 parentheses behind an address that looks like a document type",
+        QString(deepType).replace("svg [", "svg SYSTEM '<!DOCTYPE a>' ["), false);
+    row("many content models side by side",
+        withDeclarations(QString("<!ELEMENT a (b)>").repeated(1000), "<a/>"), true);
 
-    QTest::newRow("1,024 notations") << withDeclarations(numbered("<!NOTATION n%1 SYSTEM 's'>", 1024), "<a/>")
-                                     << true;
-    QTest::newRow("1,025 notations") << withDeclarations(numbered("<!NOTATION n%1 SYSTEM 's'>", 1025), "<a/>")
-                                     << false;
-    QTest::newRow("1,025 external entities")
-        << withDeclarations(numbered("<!ENTITY n%1 SYSTEM 's'>", 1025), "<a/>") << false;
-    QTest::newRow("500 styles as entities")
-        << withDeclarations(numbered("<!ENTITY s%1 'fill:none;stroke:black'>", 500), "<a b='&s1;'/>") << true;
-    QTest::newRow("1,000 entities of 1,000 characters")
-        << withDeclarations(numbered("<!ENTITY s%1 '" + QString(1000, 'x') + "'>", 1000), "<a/>") << false;
+    row("1,024 notations", withDeclarations(numbered("<!NOTATION n%1 SYSTEM 's'>", 1024), "<a/>"), true);
+    row("1,025 notations", withDeclarations(numbered("<!NOTATION n%1 SYSTEM 's'>", 1025), "<a/>"), false);
+    row("1,025 external entities", withDeclarations(numbered("<!ENTITY n%1 SYSTEM 's'>", 1025), "<a/>"),
+        false);
+    row("500 styles as entities",
+        withDeclarations(numbered("<!ENTITY s%1 'fill:none;stroke:black'>", 500), "<a b='&s1;'/>"), true);
+    row("1,000 entities of 1,000 characters",
+        withDeclarations(numbered("<!ENTITY s%1 '" + QString(1000, 'x') + "'>", 1000), "<a/>"), false);
 
     const QString large = entity("e", QString(100000, 'x'));
-    QTest::newRow("entities that grow to 4,000,000 characters, in content")
-        << withDeclarations(large, "<a>" + QString("&e;").repeated(40) + "</a>") << true;
-    QTest::newRow("entities that grow to 10,000,000, in content")
-        << withDeclarations(large, "<a>" + QString("&e;").repeated(100) + "</a>") << false;
-    QTest::newRow("entities that grow to 10,000,000, in attributes")
-        << withDeclarations(large, "<a>" + QString("<b c='&e;'/>").repeated(100) + "</a>") << false;
-    QTest::newRow("entities within entities that grow to 10,000,000")
-        << withDeclarations(entity("a", QString(1000, 'x')) + entity("b", "&a;&a;&a;&a;"),
-                            "<a>" + QString("&b;").repeated(2500) + "</a>")
-        << false;
-    QTest::newRow("a second declaration of an entity does not hide the first")
-        << withDeclarations(large + entity("e", "x"), "<a>" + QString("&e;").repeated(100) + "</a>") << false;
-    QTest::newRow("a million of Qt's own references")
-        << "<a>" + QString("&amp;").repeated(1000000) + "</a>" << true;
-    QTest::newRow("an entity of itself")
-        << withDeclarations(entity("e", "&f;") + entity("f", "&e;"), "<a>&e;</a>") << false;
-    QTest::newRow("entities that each refer to the one before")
-        << withDeclarations(entityChain(1000), "<a>&e999;</a>") << true;
-    QTest::newRow("an entity that is declared behind its use")
-        << withDeclarations(entity("f", "&e;") + entity("e", "x"), "<a>&f;</a>") << false;
-    QTest::newRow("a comment that a parameter entity repeats")
-        << withDeclarations(entity("% p", "<!-- -->") + QString("%p;").repeated(1000), "<a/>") << true;
-    QTest::newRow("a parameter entity that grows to 10,000,000 characters") << withDeclarations(
-        entity("% p", "<!--" + QString(100000, 'x') + "-->") + QString("%p;").repeated(100), "<a/>")
-                                                                            << false;
-    QTest::newRow("a parameter entity in another that grows to 10,000,000") << withDeclarations(
-        entity("% p", "<!--" + QString(10000, 'x') + "-->") + entity("% q", QString("&#37;p;").repeated(10))
-            + QString("%q;").repeated(100),
-        "<a/>") << false;
-    QTest::newRow("entities in default values that grow to 10,000,000")
-        << withDeclarations(large + QString("<!ATTLIST a b CDATA '&e;'>").repeated(100), "<a/>") << false;
+    row("entities that grow to 4,000,000 characters, in content",
+        withDeclarations(large, "<a>" + QString("&e;").repeated(40) + "</a>"), true);
+    row("entities that grow to 10,000,000, in content",
+        withDeclarations(large, "<a>" + QString("&e;").repeated(100) + "</a>"), false);
+    row("entities that grow to 10,000,000, in attributes",
+        withDeclarations(large, "<a>" + QString("<b c='&e;'/>").repeated(100) + "</a>"), false);
+    row("entities within entities that grow to 10,000,000",
+        withDeclarations(entity("a", QString(1000, 'x')) + entity("b", "&a;&a;&a;&a;"),
+                         "<a>" + QString("&b;").repeated(2500) + "</a>"),
+        false);
+    row("a second declaration of an entity does not hide the first",
+        withDeclarations(large + entity("e", "x"), "<a>" + QString("&e;").repeated(100) + "</a>"), false);
+    row("a million of Qt's own references", "<a>" + QString("&amp;").repeated(1000000) + "</a>", true);
+    row("an entity of itself", withDeclarations(entity("e", "&f;") + entity("f", "&e;"), "<a>&e;</a>"),
+        false);
+    row("entities that each refer to the one before", withDeclarations(entityChain(1000), "<a>&e999;</a>"),
+        true);
+    row("an entity that is declared behind its use",
+        withDeclarations(entity("f", "&e;") + entity("e", "x"), "<a>&f;</a>"), false);
+    row("a comment that a parameter entity repeats",
+        withDeclarations(entity("% p", "<!-- -->") + QString("%p;").repeated(1000), "<a/>"), true);
+    row("a parameter entity that grows to 10,000,000 characters",
+        withDeclarations(entity("% p", "<!--" + QString(100000, 'x') + "-->") + QString("%p;").repeated(100),
+                         "<a/>"),
+        false);
+    row("a parameter entity in another that grows to 10,000,000",
+        withDeclarations(entity("% p", "<!--" + QString(10000, 'x') + "-->")
+                             + entity("% q", QString("&#37;p;").repeated(10)) + QString("%q;").repeated(100),
+                         "<a/>"),
+        false);
+    row("entities in default values that grow to 10,000,000",
+        withDeclarations(large + QString("<!ATTLIST a b CDATA '&e;'>").repeated(100), "<a/>"), false);
 }
 
 void tst_XMLParser::limits()

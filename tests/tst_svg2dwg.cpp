@@ -153,21 +153,20 @@ void tst_svg2dwg::commandLine_data()
     QTest::addColumn<int>("exitCode");
     QTest::addColumn<QString>("says");
 
-    QTest::newRow("no arguments") << QStringList() << int(UsageError) << "no SVG file is named";
-    QTest::newRow("no output folder") << QStringList{"a.svg"} << int(UsageError) << "-o FOLDER is missing";
-    QTest::newRow("unknown option") << QStringList{"a.svg", "--scale"} << int(UsageError)
-                                    << "Unknown option 'scale'";
-    QTest::newRow("unknown format") << QStringList{"a.svg", "-o", ".", "--format", "pdf"} << int(UsageError)
-                                    << "unknown format: pdf";
-    QTest::newRow("help") << QStringList{"--help"} << int(AllConverted) << "Examples:";
-    QTest::newRow("version") << QStringList{"--version"} << int(AllConverted) << "svg2dwg " PRODUCT_VERSION;
-    QTest::newRow("a folder without SVG files")
-        << QStringList{".", "--dry-run"} << int(SomeFailed) << "the folder holds no SVG files";
-    QTest::newRow("a journal that cannot be written")
-        << QStringList{"a.svg", "--dry-run", "--journal", "missing/j.jsonl"} << int(SomeFailed)
-        << "missing/j.jsonl: the journal cannot be written";
-    QTest::newRow("an output folder that is a file")
-        << QStringList{"a.svg", "-o", SVG2DWG "/out"} << int(SomeFailed) << "the folder cannot be made";
+    const auto row = [](const char *name, const QStringList &arguments, int exitCode, const QString &says) {
+        QTest::newRow(name) << arguments << exitCode << says;
+    };
+    row("no arguments", QStringList(), UsageError, "no SVG file is named");
+    row("no output folder", {"a.svg"}, UsageError, "-o FOLDER is missing");
+    row("unknown option", {"a.svg", "--scale"}, UsageError, "Unknown option 'scale'");
+    row("unknown format", {"a.svg", "-o", ".", "--format", "pdf"}, UsageError, "unknown format: pdf");
+    row("help", {"--help"}, AllConverted, "Examples:");
+    row("version", {"--version"}, AllConverted, "svg2dwg " PRODUCT_VERSION);
+    row("a folder without SVG files", {".", "--dry-run"}, SomeFailed, "the folder holds no SVG files");
+    row("a journal that cannot be written", {"a.svg", "--dry-run", "--journal", "missing/j.jsonl"},
+        SomeFailed, "missing/j.jsonl: the journal cannot be written");
+    row("an output folder that is a file", {"a.svg", "-o", SVG2DWG "/out"}, SomeFailed,
+        "the folder cannot be made");
 }
 
 void tst_svg2dwg::commandLine()
@@ -300,14 +299,14 @@ void tst_svg2dwg::savedFormats_data()
     QTest::addColumn<QStringList>("blocks");
     QTest::addColumn<QStringList>("modelSpace");
 
-    QTest::newRow("DWG with a block")
-        << QStringList{} << "a.b.dwg" << QStringList{"blockName0"} << QStringList{"insert"};
-    QTest::newRow("DWG exploded") << QStringList{"--explode"} << "a.b.dwg" << QStringList{}
-                                  << QStringList{"line", "circle"};
-    QTest::newRow("DXF with a block")
-        << QStringList{"--format", "dxf"} << "a.b.dxf" << QStringList{"blockName0"} << QStringList{"insert"};
-    QTest::newRow("DXF exploded") << QStringList{"--format", "dxf", "--explode"} << "a.b.dxf" << QStringList{}
-                                  << QStringList{"line", "circle"};
+    const auto row = [](const char *name, const QStringList &options, const QString &output,
+                        const QStringList &blocks, const QStringList &modelSpace) {
+        QTest::newRow(name) << options << output << blocks << modelSpace;
+    };
+    row("DWG with a block", {}, "a.b.dwg", {"blockName0"}, {"insert"});
+    row("DWG exploded", {"--explode"}, "a.b.dwg", {}, {"line", "circle"});
+    row("DXF with a block", {"--format", "dxf"}, "a.b.dxf", {"blockName0"}, {"insert"});
+    row("DXF exploded", {"--format", "dxf", "--explode"}, "a.b.dxf", {}, {"line", "circle"});
 }
 
 void tst_svg2dwg::savedFormats()
@@ -469,15 +468,11 @@ void tst_svg2dwg::failingSaves_data()
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("error");
 
-    QTest::newRow("node is missing") << "KORVANE_NODE"
-                                     << "no-such-node"
-                                     << "could not be started";
-    QTest::newRow("the encoder is killed while it works") << "KORVANE_ENCODER"
-                                                          << "killed.mjs"
-                                                          << "stopped unexpectedly";
-    QTest::newRow("the encoder is missing") << "KORVANE_ENCODER"
-                                            << "no-such-file.mjs"
-                                            << "no-such-file.mjs is missing";
+    const auto row = [](const char *name, const QString &variable, const QString &value,
+                        const QString &error) { QTest::newRow(name) << variable << value << error; };
+    row("node is missing", "KORVANE_NODE", "no-such-node", "could not be started");
+    row("the encoder is killed while it works", "KORVANE_ENCODER", "killed.mjs", "stopped unexpectedly");
+    row("the encoder is missing", "KORVANE_ENCODER", "no-such-file.mjs", "no-such-file.mjs is missing");
 }
 
 void tst_svg2dwg::failingSaves()
