@@ -442,7 +442,18 @@ void tst_HostWindow::tabsFollowTheDrawings()
     QCOMPARE(tabs->currentIndex(), 1);
 
     QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(0).center());
-    QCOMPARE(m_window->session().activeDocument(), m_window->session().documents().front());
+    const HostDocumentPtr first = m_window->session().activeDocument();
+    QCOMPARE(first, m_window->session().documents().front());
+
+    // What is drawn first is seen, wherever it lies, also in a drawing the user had left before.
+    first->drawing.add(Line{{9000, 9000, 0}, {9900, 9100, 0}});
+    m_window->session().notifyDocumentsChanged();
+    QTRY_COMPARE(tabs->tabText(0), QStringLiteral("Drawing1*"));
+    QVERIFY(
+        m_window->canvas().rect().contains(m_window->canvas().view().toPixels({9900, 9100, 0}).toPoint()));
+    first->drawing.erase(first->drawing.modelSpace().front());
+    first->savedChanges = first->drawing.changes();
+    m_window->session().notifyDocumentsChanged();
 
     QTest::mouseClick(tabs->tabButton(1, QTabBar::RightSide), Qt::LeftButton);
     QTRY_COMPARE(tabs->count(), 1);

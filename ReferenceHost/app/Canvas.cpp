@@ -49,7 +49,7 @@ void Canvas::setDocument(const HostDocumentPtr &document)
 {
     if (document == m_document)
         return;
-    if (m_document)
+    if (m_document && !m_showsNothingYet)
         m_earlierViews[m_document.get()] = m_view;
     m_document = document;
 

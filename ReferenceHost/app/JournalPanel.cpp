@@ -27,6 +27,7 @@ JournalPanel::JournalPanel(CallJournal &journal, QWidget *parent)
     setObjectName(QStringLiteral("journalPanel"));
     m_lines->setObjectName(QStringLiteral("journalLines"));
     m_lines->setReadOnly(true);
+    m_lines->setMinimumWidth(340);
     m_lines->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_lines->setMaximumBlockCount(mostLines);
     m_lines->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
