@@ -1,0 +1,75 @@
+// How long the import dialog takes to list a folder for batch processing, from the chosen folder to the
+// filled tree. The time for one file must not depend on how many there are.
+
+#include "mainWindow.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QLoggingCategory>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+void addFiles(const QTemporaryDir &folder, std::int64_t count)
+{
+    for (std::int64_t i = 0; i < count; ++i) {
+        QFile file(folder.filePath(QStringLiteral("drawing%1.svg").arg(i)));
+        if (!file.open(QIODevice::WriteOnly))
+            qFatal("The benchmark's files cannot be made.");
+    }
+}
+
+/// Lists the files of `folder` in `dialog` and answers with the seconds after the choice of the folder.
+double secondsToList(mainWindow &dialog, const QString &folder)
+{
+    Clock::time_point chosen;
+    QTimer::singleShot(0, &dialog, [&] {
+        auto *choice = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        if (!choice)
+            qFatal("The dialog does not ask for a folder.");
+        QObject::connect(choice, &QObject::destroyed, [&chosen] { chosen = Clock::now(); });
+        choice->setDirectory(folder);
+        static_cast<QDialog *>(choice)->done(QDialog::Accepted);
+    });
+    dialog.On_source_path_browse_pushButton();
+    return std::chrono::duration<double>(Clock::now() - chosen).count();
+}
+
+void listing(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    addFiles(folder, state.range(0));
+    for (auto _ : state) {
+        mainWindow dialog;
+        dialog.show();
+        state.SetIterationTime(secondsToList(dialog, folder.path()));
+    }
+    state.SetComplexityN(state.range(0));
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+} // namespace
+
+BENCHMARK(listing)
+    ->RangeMultiplier(10)
+    ->Range(100, 10'000)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->Complexity();
+
+int main(int argc, char **argv)
+{
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    const QApplication application(argc, argv);
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false")); // the dialog names each chosen folder
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
