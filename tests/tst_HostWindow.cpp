@@ -1,9 +1,9 @@
 // The host's window, used the way a user does: by typing and by clicking.
 
+#include "HostWindowDriver.h"
+
 #include "app/Canvas.h"
-#include "app/CommandLine.h"
 #include "app/HostSettingsStore.h"
-#include "app/HostWindow.h"
 #include "app/SettingsDialog.h"
 
 #include <QApplication>
@@ -15,10 +15,6 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-#include <QToolBar>
-#include <QToolButton>
 #include <QtMath>
 
 using namespace refhost;
@@ -27,74 +23,11 @@ namespace {
 
 const QString testAddin = QStringLiteral(TEST_ADDIN_LIBRARY);
 
-CommandEdit &edit(HostWindow &window)
-{
-    return *window.commandLine().findChild<CommandEdit *>();
-}
-
-void type(HostWindow &window, const QString &line)
-{
-    QTest::keyClicks(&edit(window), line);
-    QTest::keyClick(&edit(window), Qt::Key_Return);
-}
-
-bool hasSaid(HostWindow &window, const QString &text)
-{
-    return window.commandLine().history().contains(text);
-}
-
-/// Does one of `steps` after the other, one each time the window handles events; also while a prompt waits.
-class Later {
-public:
-    explicit Later(std::vector<std::function<void()>> steps)
-        : m_steps(std::move(steps))
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] {
-            if (m_next == m_steps.size())
-                return m_timer.stop();
-            m_steps[m_next++]();
-        });
-        m_timer.start(0);
-    }
-
-private:
-    QTimer m_timer;
-    std::vector<std::function<void()>> m_steps;
-    std::size_t m_next = 0;
-};
-
 /// Moves the mouse over the canvas; QTest::mouseMove() holds no button down.
 void moveMouse(Canvas &canvas, const QPoint &pixel, Qt::MouseButtons buttons = Qt::NoButton)
 {
     QMouseEvent event(QEvent::MouseMove, pixel, Qt::NoButton, buttons, Qt::NoModifier);
     QApplication::sendEvent(&canvas, &event);
-}
-
-/// What the user can click for an item of that text; null when nothing shows it.
-QAction *actionOf(HostWindow &window, const QString &text)
-{
-    for (QAction *action : window.findChildren<QAction *>()) {
-        if (action->text() == text)
-            return action;
-    }
-    return nullptr;
-}
-
-/// Clicks the button that shows `action`, or activates its menu item.
-void click(QAction &action)
-{
-    for (QWidget *widget : action.associatedWidgets()) {
-        auto *button = qobject_cast<QToolButton *>(widget);
-        if (auto *toolbar = qobject_cast<QToolBar *>(widget))
-            button = qobject_cast<QToolButton *>(toolbar->widgetForAction(&action));
-        if (button)
-            return QTest::mouseClick(button, Qt::LeftButton);
-        if (auto *menu = qobject_cast<QMenu *>(widget)) {
-            menu->popup(QPoint());
-            return QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(&action).center());
-        }
-    }
-    QFAIL("nothing shows the action");
 }
 
 void collectCommands(const UserInterfaceNode &node, QStringList &commands)

@@ -1,6 +1,7 @@
 // The converter as its users start it: a process with arguments, files and an exit code.
 
 #include "JournalDifference.h"
+#include "ReadBack.h"
 
 #include <QImage>
 #include <QJsonArray>
@@ -50,14 +51,6 @@ QProcessEnvironment with(const QString &name, const QString &value)
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(name, value);
     return environment;
-}
-
-QJsonObject readBack(const QString &path)
-{
-    const Run node = run(QStringLiteral("node"), {QStringLiteral(KORVANE_READBACK), path}, QDir::tempPath());
-    if (node.exitCode != 0)
-        qWarning().noquote() << node.err;
-    return QJsonDocument::fromJson(node.out.toUtf8()).object();
 }
 
 QStringList kindsOf(const QJsonArray &entities)

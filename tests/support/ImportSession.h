@@ -3,19 +3,16 @@
 
 #pragma once
 
-#include "DialogDriver.h"
-#include "LoadedAddin.h"
-#include "ModalAnswers.h"
+#include "ImportDriver.h"
 #include "RecordingHost.h"
 
-#include <QDir>
 #include <QRegularExpression>
 #include <QtTest>
 
 #include <functional>
 #include <stdexcept>
 
-class ImportSession : public DialogDriver {
+class ImportSession : public ImportDriver {
 public:
     ImportSession()
     {
@@ -27,36 +24,9 @@ public:
     /// Runs IMPORTSVG. `act` works in the dialog, which is closed afterwards if it did not do that itself.
     void import(const std::function<void()> &act)
     {
-        whenDialogOpens([this, &act](QWidget *opened) {
-            dialog = opened;
-            act();
-            if (dialog->isVisible())
-                dialog->close();
-        });
+        workInDialog(act);
         if (host.session.commands.runForUser(QStringLiteral("IMPORTSVG")) != kvRunCommand_Succeeded)
             QTest::qFail("IMPORTSVG failed", __FILE__, __LINE__);
-    }
-
-    /// Chooses `path` in the dialog that the button `browse` opens.
-    void choose(const QString &browse, const QString &path)
-    {
-        answers.choose(path);
-        click(browse);
-    }
-
-    QString path(const QString &name = {}) const
-    {
-        return name.isEmpty() ? m_folder.path() : m_folder.filePath(name);
-    }
-    /// Writes a file, its folders too, and answers with its path.
-    QString write(const QString &name, const QByteArray &content) const
-    {
-        QString path = this->path(name);
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("cannot write %s", qPrintable(path));
-        return path;
     }
 
     /// What the host was asked for, without what counts for the whole process or depends on the machine:
@@ -86,10 +56,8 @@ public:
     }
 
     RecordingHost host;
-    ModalAnswers answers;
 
 private:
-    QTemporaryDir m_folder;
     LoadedAddin m_addin;
 };
 

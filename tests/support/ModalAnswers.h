@@ -39,11 +39,13 @@ public:
             if (!name || !buttons)
                 return closeUnexpected(dialog);
             name->setText(path);
-            // Once the dialog has read the folder, it lets the file be opened.
-            QPushButton *open = buttons->button(QDialogButtonBox::Open);
-            if (!open || !open->isEnabled())
+            // Once the dialog has read the folder, it lets the file be opened or saved.
+            QPushButton *accept = buttons->button(QDialogButtonBox::Open);
+            if (!accept)
+                accept = buttons->button(QDialogButtonBox::Save);
+            if (!accept || !accept->isEnabled())
                 return false;
-            QTest::mouseClick(open, Qt::LeftButton);
+            QTest::mouseClick(accept, Qt::LeftButton);
             return true;
         });
     }
