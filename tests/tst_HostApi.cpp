@@ -162,6 +162,7 @@ private slots:
     void saving();
     void closingByName_data();
     void closingByName();
+    void closingTheActiveOneOfTwo();
     void closingSavesFirst();
 };
 
@@ -647,6 +648,18 @@ void tst_HostApi::closingByName()
     QCOMPARE(sketch.session.documents().size(), std::size_t(result == kvResult_Success ? 1 : 2));
     QCOMPARE(sketch.session.activeDocument(), unsaved);
     QCOMPARE(sketch.session.activate(saved), result != kvResult_Success);
+}
+
+void tst_HostApi::closingTheActiveOneOfTwo()
+{
+    RecordingHost host;
+    const HostDocumentPtr first = host.session.activeDocument();
+    first->fileName = "gate.dwg";
+    const HostDocumentPtr second = host.session.newDocument();
+    second->fileName = "gate.dwg";
+
+    QCOMPARE(host.application()->CloseDocument(L"gate.dwg", false), kvResult_Success);
+    QCOMPARE(host.session.documents(), std::vector{first});
 }
 
 void tst_HostApi::closingSavesFirst()

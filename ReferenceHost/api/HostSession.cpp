@@ -44,11 +44,13 @@ void HostSession::close(const HostDocumentPtr &document)
 
 HostDocumentPtr HostSession::findDocument(const QString &fileName) const
 {
-    for (const HostDocumentPtr &document : m_documents) {
-        if (!document->fileName.isEmpty() && isSameFileName(document->fileName, fileName))
-            return document;
-    }
-    return {};
+    const auto hasName = [&fileName](const HostDocumentPtr &document) {
+        return document && !document->fileName.isEmpty() && isSameFileName(document->fileName, fileName);
+    };
+    if (hasName(m_active))
+        return m_active;
+    const auto found = std::find_if(m_documents.begin(), m_documents.end(), hasName);
+    return found != m_documents.end() ? *found : nullptr;
 }
 
 bool HostSession::activate(const HostDocumentPtr &document)

@@ -82,7 +82,8 @@ public:
     /// Null when no drawing is open.
     HostDocumentPtr activeDocument() const { return m_active; }
     const std::vector<HostDocumentPtr> &documents() const { return m_documents; }
-    /// The open drawing saved under `fileName`, written with "\" or "/"; null when there is none.
+    /// The open drawing saved under `fileName`, written with "\" or "/"; null when there is none. Of several
+    /// the active one is meant.
     HostDocumentPtr findDocument(const QString &fileName) const;
 
     void report(const QString &message) const;
