@@ -5,6 +5,8 @@
 #include "kvAddinGuard.h"
 #include "mainWindow.h"
 
+#include <QScopedValueRollback>
+
 #include <utility>
 
 namespace {
@@ -122,9 +124,14 @@ bool KVImportSVGAddinApplication::ExecuteNotifyHook(void *data)
 
 void KVImportSVGAddinApplication::showDialog()
 {
-    if (!m_dialog || !m_dialog->m_dialogActive) {
+    const bool isClosed = !m_dialog || !m_dialog->m_dialogActive;
+    // A closed dialog whose import waits for an answer, or whose run goes on, must live until that has ended.
+    if (m_isShowing && isClosed)
+        return;
+    if (isClosed) {
         delete std::exchange(m_dialog, nullptr);
         m_dialog = new mainWindow;
     }
+    const QScopedValueRollback<bool> showing(m_isShowing, true);
     m_dialog->exec();
 }

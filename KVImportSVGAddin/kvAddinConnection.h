@@ -61,8 +61,8 @@ public:
     void RemoveRibbonRowItem(const kvString &itemName);
 
     /// The user started IMPORTSVG: shows the dialog and returns when it has closed. A dialog that the user
-    /// closed is replaced by a fresh one; one that was only hidden comes back as it was. False when the
-    /// dialog could not be shown.
+    /// closed is replaced by a fresh one, unless its import or run has not ended yet: then nothing happens.
+    /// One that was only hidden comes back as it was. False when the dialog could not be shown.
     bool ExecuteNotify() override;
     /// The callback that the host calls for the command; `data` is the add-in object.
     static bool ExecuteNotifyHook(void *data);
@@ -78,6 +78,7 @@ private:
     kvInterfacePtr<kvApplication_c> m_app;
     kvCommand_c *m_command = nullptr; // the host's, never deleted here
     mainWindow *m_dialog = nullptr;   // ours
+    bool m_isShowing = false;         // true until the dialog's event loop and all its slots have ended
     kvInterfacePtr<kvUserCommand_c> m_userCommand;
     QTranslator *m_translator = nullptr; // ours, deleted by unLoadTranslator
 };

@@ -34,7 +34,10 @@ mainWindow::mainWindow(QWidget *parent)
     applyTheme();
 }
 
-mainWindow::~mainWindow() = default;
+mainWindow::~mainWindow()
+{
+    ui.reset(); // before the members that hold what belongs to the host
+}
 
 void mainWindow::initializeControls()
 {

@@ -159,13 +159,13 @@ void mainWindow::On_start_pushButton_clicked()
 /// Converts the files `names` in a new drawing and comes back to the drawing that was active.
 void mainWindow::runBatch(const QStringList &names)
 {
-    m_continueBatch = true;
     if (!hostApplication())
         return;
 
     kvInterfacePtr<kvDocument_c> startingDrawing;
     hostApplication()->GetActiveDocument(startingDrawing.out());
     const kvInterfacePtr<kvDocument_c> newDrawing = openNewDrawing();
+    m_continueBatch = true;
     // Clicks on files enable Start in a run as well: a run inside this one gives the drawing back.
     kvDocument_c *const outerDrawing = std::exchange(m_batchDocument, newDrawing.get());
 

@@ -26,10 +26,8 @@ struct Insertion {
 };
 
 /// Asks the user for what is to be specified later; false when he cancelled.
-bool askForTheRest(const kvString &blockName, Insertion &at)
+bool askForTheRest(kvCommandMessage_c *commandMessage, const kvString &blockName, Insertion &at)
 {
-    kvInterfacePtr<kvCommandMessage_c> commandMessage;
-    hostApplication()->GetCommandMessage(commandMessage.out());
     if (!at.positionLater && !at.scaleLater && !at.rotationLater)
         return true;
     if (!commandMessage)
@@ -52,7 +50,9 @@ void insertBlock(const QByteArray &svgText, Insertion at, kvInterfacePtr<kvBlock
     SVGBlockBuilder builder(hostApplication(), svgText);
     const kvString name = createBlock(builder);
     const kvInterfacePtr<kvSketchManager_c> sketchManager = sketchManagerOf(document.get());
-    if (!askForTheRest(name, at) || !sketchManager)
+    kvInterfacePtr<kvCommandMessage_c> commandMessage;
+    hostApplication()->GetCommandMessage(commandMessage.out());
+    if (!askForTheRest(commandMessage.get(), name, at) || !sketchManager)
         return;
     sketchManager->InsertBlock2(name, at.x, at.y, at.z, at.scaleX, at.scaleY, at.scaleZ, at.rotationRadians,
                                 instance.out());

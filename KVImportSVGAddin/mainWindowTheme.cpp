@@ -4,16 +4,20 @@
 
 #include "DarkWindowFrame.h"
 #include "kvAddinConnection.h"
+#include "kvAddinGuard.h"
 #include "ui_mainWindow.h"
 
 #include <QFile>
 
 namespace {
 
-/// Asked at each use: the host's option may become known only later.
+/// Asked at each use: the host's option may become known only later. Light when the host cannot tell.
 bool isDark()
 {
-    return g_addinApplication && g_addinApplication->isDarkMode();
+    bool dark = false;
+    runForHost("reading the theme",
+               [&dark] { dark = g_addinApplication && g_addinApplication->isDarkMode(); });
+    return dark;
 }
 
 /// What Qt's own styles leave to be wished for: the read-only fields are transparent and would have no

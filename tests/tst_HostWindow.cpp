@@ -71,6 +71,7 @@ private slots:
     void selectionByClick();
     void fileDialogNamesThePicture();
     void tabsFollowTheDrawings();
+    void drawingInFrontStaysDuringACommand();
     void unsavedDrawing_data();
     void unsavedDrawing();
     void settingsAreStored();
@@ -396,6 +397,25 @@ void tst_HostWindow::tabsFollowTheDrawings()
     QTRY_COMPARE(tabs->count(), 0);
     type(*m_window, QStringLiteral("_SAVEAS"));
     QVERIFY(hasSaid(*m_window, QStringLiteral("No drawing is open.")));
+}
+
+void tst_HostWindow::drawingInFrontStaysDuringACommand()
+{
+    auto *tabs = m_window->findChild<QTabBar *>(QStringLiteral("documentTabs"));
+    HostSession &session = m_window->session();
+    type(*m_window, QStringLiteral("_SMARTNEW"));
+    QTRY_COMPARE(tabs->count(), 2);
+    const HostDocumentPtr inFront = session.activeDocument();
+    session.commands.add(QStringLiteral("WORK"), {}, [tabs] {
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(0).center());
+        QTest::mouseClick(tabs->tabButton(1, QTabBar::RightSide), Qt::LeftButton);
+        return true;
+    });
+
+    type(*m_window, QStringLiteral("WORK"));
+    QCOMPARE(session.activeDocument(), inFront);
+    QCOMPARE(session.documents().size(), std::size_t(2));
+    QCOMPARE(tabs->currentIndex(), 1);
 }
 
 void tst_HostWindow::unsavedDrawing_data()

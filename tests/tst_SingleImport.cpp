@@ -78,6 +78,7 @@ private slots:
     void textIsReadWhenTheFileIsChosen();
     void oneCallFails_data() { addFaultRows(); }
     void oneCallFails();
+    void commandDuringThePrompt();
 };
 
 void tst_SingleImport::wholeJournal()
@@ -371,6 +372,19 @@ void tst_SingleImport::oneCallFails()
     session.import([] {});
     QVERIFY2(session.host.session.handles().size() == handles, "no import keeps handles");
     QCOMPARE(refhost::HandleRegister::doubleDeletions(), 0);
+}
+
+void tst_SingleImport::commandDuringThePrompt()
+{
+    // The dialog is closed by now, and its OK still runs: a second dialog must not take its place.
+    ImportSession session;
+    session.host.session.services.promptForInsertion = [&session](const refhost::InsertionPrompt &) {
+        session.host.session.commands.find(QStringLiteral("IMPORTSVG"))->execute();
+        return picked;
+    };
+    importLine(session, {position, explode});
+    QCOMPARE(session.calls({"InsertBlock2", "Explode"}),
+             (QStringList{"InsertBlock2 \"blockNameN\",1,2,3,4,5,6,7", "Explode"}));
 }
 
 int main(int argc, char *argv[])

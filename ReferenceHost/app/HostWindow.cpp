@@ -167,12 +167,7 @@ void HostWindow::build()
 void HostWindow::provideServices()
 {
     HostServices &services = m_session.services;
-    services.promptForInsertion = [this](const InsertionPrompt &prompt) {
-        m_tabs->setEnabled(false); // the preview belongs to the drawing that is shown
-        const std::optional<Placement> answer = m_prompter->ask(prompt);
-        m_tabs->setEnabled(true);
-        return answer;
-    };
+    services.promptForInsertion = [this](const InsertionPrompt &prompt) { return m_prompter->ask(prompt); };
     services.saveDrawing = [this](const Drawing &drawing, const QString &fileName, bool usedBlocksOnly) {
         return refhost::saveDrawing(m_encoder, drawing, fileName,
                                     usedBlocksOnly ? BlocksToSave::UsedOnly : BlocksToSave::All);
@@ -246,7 +241,7 @@ void HostWindow::cancel()
 
 void HostWindow::connectAddin(const QString &path)
 {
-    if (!mayChangeAddin())
+    if (!isBetweenCommands())
         return;
     const QString error = m_addin.connect(path, m_session.application());
     if (!error.isEmpty()) {
@@ -260,7 +255,7 @@ void HostWindow::connectAddin(const QString &path)
 
 void HostWindow::chooseAddin()
 {
-    if (!mayChangeAddin())
+    if (!isBetweenCommands())
         return;
     const QString file =
         QFileDialog::getOpenFileName(this, QStringLiteral("Connect add-in"), standardAddinPath(),
@@ -271,7 +266,7 @@ void HostWindow::chooseAddin()
 
 void HostWindow::disconnectAddin()
 {
-    if (!mayChangeAddin())
+    if (!isBetweenCommands())
         return;
     const QString error = m_addin.disconnect();
     say(error.isEmpty() ? QStringLiteral("Disconnected the add-in.") : error);
@@ -289,7 +284,7 @@ void HostWindow::disconnectAddin()
 }
 
 /// Says so when not.
-bool HostWindow::mayChangeAddin()
+bool HostWindow::isBetweenCommands()
 {
     const QString running = m_session.commands.running();
     if (!running.isEmpty())
@@ -431,8 +426,13 @@ void HostWindow::addTab()
     });
 }
 
+/// A running command draws into the drawing in front, so that one stays there.
 void HostWindow::activateTab(int index)
 {
+    if (!isBetweenCommands()) {
+        showDocuments();
+        return;
+    }
     const auto &documents = m_session.documents();
     if (index >= 0 && index < static_cast<int>(documents.size()))
         m_session.activate(documents[static_cast<std::size_t>(index)]);
@@ -441,7 +441,7 @@ void HostWindow::activateTab(int index)
 void HostWindow::closeTab(int index)
 {
     const auto &documents = m_session.documents();
-    if (index < 0 || index >= static_cast<int>(documents.size()))
+    if (index < 0 || index >= static_cast<int>(documents.size()) || !isBetweenCommands())
         return;
     const HostDocumentPtr document = documents[static_cast<std::size_t>(index)];
     if (mayClose(*this, document))

@@ -64,7 +64,7 @@ private:
     void build();
     void provideServices();
     void runCommand(const QString &commandLine);
-    bool mayChangeAddin();
+    bool isBetweenCommands();
 
     // What changed in the session is shown when the host has time for it: one command changes a lot.
     void showUserInterfaceSoon();
