@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>&amp;Specify later</source>
-        <translation>&amp;Spécifier après</translation>
+        <translation>&amp;Spécifier plus tard</translation>
     </message>
     <message>
         <source>Scale</source>
@@ -73,7 +73,7 @@
     </message>
     <message>
         <source>Specify &amp;later</source>
-        <translation>Spé&amp;cifier après</translation>
+        <translation>Spé&amp;cifier plus tard</translation>
     </message>
     <message>
         <source>Rotation</source>
@@ -85,7 +85,7 @@
     </message>
     <message>
         <source>Sp&amp;ecify later</source>
-        <translation>Spécifie&amp;r après</translation>
+        <translation>Spécifie&amp;r plus tard</translation>
     </message>
     <message>
         <source>SVG file units</source>
@@ -261,7 +261,7 @@
     </message>
     <message>
         <source>This Drawing cannot be loaded because it is not a SVG file.</source>
-        <translation>Impossible de charger ce dessin, car ce n&apos;est pas un fichier SVG.</translation>
+        <translation>Impossible de charger ce dessin, car ce n’est pas un fichier SVG.</translation>
     </message>
     <message>
         <source>Batch Processing</source>
@@ -289,7 +289,7 @@
     </message>
     <message>
         <source>Unit Value</source>
-        <translation>Valeur d&apos;unité</translation>
+        <translation>Valeur d’unité</translation>
     </message>
     <message>
         <source>Default</source>
@@ -332,7 +332,7 @@
     </message>
     <message>
         <source>Cannot open xml file: %1</source>
-        <translation>Impossible d&apos;ouvrir le fichier XML&#xa0;: %1</translation>
+        <translation>Impossible d’ouvrir le fichier XML&#xa0;: %1</translation>
     </message>
 </context>
 </TS>

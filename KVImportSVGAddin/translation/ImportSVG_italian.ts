@@ -273,7 +273,7 @@
     </message>
     <message>
         <source>Do you want to stop Batch Processing?</source>
-        <translation>Interrompere l&apos;elaborazione batch?</translation>
+        <translation>Interrompere l’elaborazione batch?</translation>
     </message>
     <message>
         <source>Batch Processing finished.</source>

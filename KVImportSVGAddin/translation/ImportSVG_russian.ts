@@ -97,7 +97,7 @@
     </message>
     <message>
         <source>S&amp;ub units</source>
-        <translation>Субъ&amp;единицы</translation>
+        <translation>Подъ&amp;единицы</translation>
     </message>
     <message>
         <source>Convert drawing to</source>
