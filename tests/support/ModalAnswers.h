@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -33,7 +34,7 @@ public:
     /// Chooses a file or a folder in a file dialog, as if its path were typed.
     void choose(const QString &path)
     {
-        m_answers.append([path](QDialog &dialog) {
+        m_answers.append([path, waiting = QElapsedTimer()](QDialog &dialog) mutable {
             auto *name = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
             auto *buttons = dialog.findChild<QDialogButtonBox *>();
             if (!name || !buttons)
@@ -43,8 +44,12 @@ public:
             QPushButton *accept = buttons->button(QDialogButtonBox::Open);
             if (!accept)
                 accept = buttons->button(QDialogButtonBox::Save);
-            if (!accept || !accept->isEnabled())
-                return false;
+            if (!accept || !accept->isEnabled()) {
+                if (!waiting.isValid())
+                    waiting.start();
+                constexpr int longest = 10'000; // ms; a path that is not there is never let through
+                return waiting.hasExpired(longest) && closeUnexpected(dialog);
+            }
             QTest::mouseClick(accept, Qt::LeftButton);
             return true;
         });
@@ -89,8 +94,11 @@ private:
             return;
         if (m_answers.isEmpty()) {
             closeUnexpected(*dialog);
-        } else if (m_answers.first()(*dialog)) {
-            m_answers.removeFirst();
+        } else {
+            // Off the queue first: what it clicks may bring up another dialog before it returns.
+            const auto first = m_answers.takeFirst();
+            if (!first(*dialog))
+                m_answers.prepend(first);
         }
     }
 
