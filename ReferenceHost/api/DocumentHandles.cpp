@@ -39,8 +39,11 @@ kvResult DocumentHandle::CreateBlockDefinition(const kvString &name, const kvStr
             return kvResult_Failed;
         const QString blockName = toQString(name);
         HostDocument &document = *state();
-        if (!document.drawing.createBlock(blockName, base,
-                                          entitiesOf(document, session().handles(), entities)))
+        const bool isCreated = document.drawing.createBlock(
+            blockName, base, entitiesOf(document, session().handles(), entities));
+        // Also when it was refused: what was drawn for it is in model space.
+        session().notifyDocumentsChanged();
+        if (!isCreated)
             return kvResult_Failed;
         return handOutNew<BlockDefinitionHandle>(definition, BlockDefinitionRef{blockName});
     };
