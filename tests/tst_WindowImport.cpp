@@ -1,0 +1,381 @@
+// The whole way of an import in the host's window: from the command to the canvas and to drawings that a
+// reader other than their writer opens.
+
+#include "ImportWindow.h"
+#include "JournalDrawing.h"
+#include "ReadBack.h"
+
+#include <QCloseEvent>
+#include <QJsonDocument>
+#include <QLabel>
+#include <QWindow>
+#include <QtMath>
+
+using namespace refhost;
+
+namespace {
+
+const Point middleOfLine = {20, 15, 0};                      // of `shapes`, which have no transform
+const QString position = QStringLiteral("specify_checkBox"); // ticked at the start
+const QString scale = QStringLiteral("scale_specify_checkBox");
+const QString rotation = QStringLiteral("rotation_specify_checkBox");
+const QString pick = QStringLiteral("pick");
+const QString escape = QStringLiteral("Esc");
+const QString finished = QStringLiteral("Batch Processing: Batch Processing finished.");
+
+/// Notes what a widget shows each time it is painted differently.
+class Watch : public QObject {
+public:
+    Watch(QWidget *widget, std::function<QString()> look)
+        : m_look(std::move(look))
+    {
+        widget->installEventFilter(this);
+    }
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint && (seen.isEmpty() || seen.last() != m_look()))
+            seen.append(m_look());
+        return false;
+    }
+
+    QStringList seen;
+
+private:
+    std::function<QString()> m_look;
+};
+
+/// What the user does, or what happens to him.
+using Action = std::function<void(ImportWindow &)>;
+
+} // namespace
+
+Q_DECLARE_METATYPE(Action)
+
+class tst_WindowImport : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
+    }
+    void insertion_data();
+    void insertion();
+    void explodedFromAClick_data();
+    void explodedFromAClick();
+    void savedByTheFileMenu_data();
+    void savedByTheFileMenu();
+    void batch();
+    void failedSave_data();
+    void failedSave();
+    void closedDuringTheRun();
+
+private:
+    QTemporaryDir m_settings;
+};
+
+void tst_WindowImport::insertion_data()
+{
+    QTest::addColumn<QStringList>("later");
+    QTest::addColumn<QStringList>("answers");
+    QTest::addColumn<QStringList>("asked");
+    QTest::addColumn<QVector<double>>("inserted"); // x, y, z, scale, degrees
+
+    using Numbers = QVector<double>;
+    const Numbers offered = {10, -20.5, 3, 2, 90};
+    QTest::newRow("nothing later") << QStringList() << QStringList() << QStringList() << offered;
+    for (int bits = 1; bits < 8; ++bits) {
+        QStringList later, typed, asked;
+        Numbers placement = offered;
+        const auto ask = [&](int bit, const QString &box, const QString &question, const QString &answer,
+                             int index, const Numbers &numbers) {
+            if (!(bits & bit))
+                return;
+            later.append(box);
+            asked.append(question);
+            typed.append(answer);
+            std::copy(numbers.begin(), numbers.end(), placement.begin() + index);
+        };
+        ask(1, position, "Insertion point <10,-20.5,3>:", "5,-6.5", 0, {5, -6.5, 0});
+        ask(2, scale, "Scale factor <2>:", "0.5", 3, {0.5});
+        ask(4, rotation, "Rotation in degrees <90>:", "-45", 4, {-45});
+        const QByteArray name = later.join(" and ").toUtf8();
+        const QStringList empty = QVector<QString>(typed.size(), QLatin1String("")).toList();
+
+        QTest::newRow(name + ": typed") << later << typed << asked << placement;
+        QTest::newRow(name + ": Enter takes what the dialog said") << later << empty << asked << offered;
+        QTest::newRow(name + ": Esc at the last question")
+            << later << typed.mid(0, typed.size() - 1) + QStringList{escape} << asked << Numbers();
+        if (bits & 1) {
+            QTest::newRow(name + ": the point picked")
+                << later << QStringList{pick} + typed.mid(1) << asked << placement;
+        }
+    }
+}
+
+void tst_WindowImport::insertion()
+{
+    QFETCH(QStringList, later);
+    QFETCH(QStringList, answers);
+    QFETCH(QStringList, asked);
+    QFETCH(QVector<double>, inserted);
+
+    ImportWindow host;
+    Canvas &canvas = host.window.canvas();
+    QStringList questions;
+    std::vector<std::function<void()>> steps;
+    for (const QString &answer : answers) {
+        steps.emplace_back([&, answer] {
+            questions.append(host.window.findChild<QLabel *>("commandPrompt")->text());
+            const QPoint pixel(canvas.width() / 3, canvas.height() / 4);
+            if (answer == pick) {
+                const Point picked = canvas.view().toDrawing(pixel);
+                std::copy_n(std::begin({picked.x, picked.y, 0.0}), 3, inserted.begin());
+                QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixel);
+            } else if (answer == escape) {
+                QTest::keyClick(&edit(host.window), Qt::Key_Escape);
+            } else {
+                ::type(host.window, answer);
+            }
+        });
+    }
+    steps.emplace_back([&] { QTest::keyClick(&edit(host.window), Qt::Key_Escape); }); // asked too much
+    host.typeCommand([&] {
+        host.fillIn(later);
+        const Later user(std::move(steps));
+        host.click("OK_pushButton");
+        QVERIFY(!host.dialog->isVisible());
+    });
+
+    QCOMPARE(questions, asked);
+    QVERIFY(host.window.session().commands.running().isEmpty());
+    QTRY_COMPARE(host.tabs(), QString("Drawing1*"));
+    const std::vector<EntityId> entities = host.document().drawing.modelSpace();
+    QCOMPARE(entities.size(), std::size_t(inserted.isEmpty() ? 0 : 1));
+    if (inserted.isEmpty()) {
+        QVERIFY(hasSaid(host.window, "*Cancel*"));
+        return;
+    }
+    const Placement at = std::get<BlockInstance>(*host.document().drawing.find(entities[0])).placement;
+    const double actual[] = {at.position.x, at.position.y, at.position.z, at.scale.x,
+                             qRadiansToDegrees(at.rotation)};
+    for (int i = 0; i < 5; ++i)
+        QCOMPARE(actual[i], inserted[i]);
+
+    const Point seen = Affine::fromPlacement(at, {}).mapPoint(middleOfLine);
+    QTRY_VERIFY(host.isDrawnAt(seen));
+    QCOMPARE(host.clickAt(seen), entities);
+}
+
+void tst_WindowImport::explodedFromAClick_data()
+{
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("on the toolbar's button") << "ImportSVG";
+    QTest::newRow("on the menu's item") << "&SVG";
+    QTest::newRow("on the ribbon's button") << "SVG";
+}
+
+void tst_WindowImport::explodedFromAClick()
+{
+    QFETCH(QString, shown);
+
+    ImportWindow host;
+    QTRY_VERIFY(actionOf(host.window, shown));
+    auto *ribbon = host.window.findChild<QTabBar *>("ribbonTabs");
+    QTest::mouseClick(ribbon, Qt::LeftButton, {}, ribbon->tabRect(1).center());
+    const std::function<void()> inDialog = [&] {
+        host.click("explode_checkBox");
+        host.fillInAndConfirm();
+    };
+    host.workInDialog(inDialog);
+    click(*actionOf(host.window, shown));
+
+    QTRY_COMPARE(host.tabs(), QString("Drawing1*"));
+    const Drawing &drawing = host.document().drawing;
+    QCOMPARE(drawing.modelSpace().size(), std::size_t(5));
+    const Placement at = {{10, -20.5, 3}, {2, 2, 2}, qDegreesToRadians(90.0)};
+    const Point middle = Affine::fromPlacement(at, {}).mapPoint(middleOfLine);
+    QTRY_VERIFY(host.isDrawnAt(middle));
+    const std::vector<EntityId> selected = host.clickAt(middle);
+    QCOMPARE(selected.size(), std::size_t(1));
+    QVERIFY(std::holds_alternative<Line>(*drawing.find(selected[0])));
+
+    type(host.window, "_DELETE");
+    QCOMPARE(drawing.modelSpace().size(), std::size_t(4));
+    QVERIFY(host.clickAt(middle).empty());
+}
+
+void tst_WindowImport::savedByTheFileMenu_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("as DWG") << "plan.dwg";
+    QTest::newRow("as DXF") << "plan.dxf";
+}
+
+void tst_WindowImport::savedByTheFileMenu()
+{
+    QFETCH(QString, file);
+
+    ImportWindow host;
+    host.typeCommand([&] { host.fillInAndConfirm(); });
+    host.answers.choose(host.path(file));
+    click(*actionOf(host.window, "Save &As..."));
+
+    QVERIFY(hasSaid(host.window, "Saved " + QDir::toNativeSeparators(host.path(file))));
+    QTRY_COMPARE(host.tabs(), file);
+    const JournalDrawing drawn(host.calls);
+    QCOMPARE(drawn.blocks[0].toObject().value("entities").toArray().size(), 5);
+    const QJsonObject read = readBack(host.path(file));
+    QVERIFY2(isClose(read, drawn.drawing()), QJsonDocument(read).toJson(QJsonDocument::Compact));
+}
+
+void tst_WindowImport::batch()
+{
+    ImportWindow host;
+    for (const char *name : {"in/a.svg", "in/b.svg", "in/c.svg", "in/d.svg"})
+        host.write(name, QByteArray(shapes).replace("110", QByteArray::number(100 + name[3])));
+    QDir().mkpath(host.path("out"));
+    const auto outputs = [&host] { return QDir(host.path("out")).entryList(QDir::Files).join(' '); };
+    const EntityId line = host.document().drawing.add(Line{{0, 0, 0}, {10, 5, 0}});
+    const HostDocumentPtr users = host.window.session().activeDocument();
+
+    host.typeCommand([&] {
+        host.chooseFolders();
+        auto *bar = host.widget<QProgressBar>("progressBar");
+        const Watch progress(bar, [bar] { return QString::number(bar->value()); });
+        const Watch tabs(host.window.findChild<QTabBar *>("documentTabs"), [&host] { return host.tabs(); });
+        const auto run = [&host](const std::vector<QMessageBox::StandardButton> &boxes) {
+            for (const QMessageBox::StandardButton button : boxes)
+                host.answers.press(button);
+            host.click("start_pushButton");
+            QVERIFY(!host.isEnabled("abort_button"));
+        };
+        const auto abort = [&host] { host.click("abort_button"); };
+        host.whenProgressIs(50, abort);
+        host.whenProgressIs(90, abort);
+        run({QMessageBox::No, QMessageBox::Yes});
+        const QString question = "Batch Processing: Do you want to stop Batch Processing?";
+        QCOMPARE(host.answers.messages, (QStringList{question, question}));
+        QCOMPARE(outputs(), QString("a.dwg b.dwg"));
+        QVERIFY2(progress.seen.join(' ').contains("10 50 90"), qPrintable(progress.seen.join(' ')));
+        QVERIFY2(tabs.seen.contains("Drawing1*|a.dwg*"), qPrintable(tabs.seen.join(' ')));
+        QTRY_COMPARE(host.tabs(), QString("Drawing1*"));
+
+        QObject::disconnect(bar, &QProgressBar::valueChanged, host.dialog, nullptr);
+        run({QMessageBox::Ok});
+        QCOMPARE(host.answers.messages.last(), finished);
+    });
+
+    QTRY_COMPARE(host.tabs(), QString("Drawing1*"));
+    QCOMPARE(outputs(), QString("a.dwg a_Default_ft.dwg b.dwg b_Default_ft.dwg c.dwg d.dwg"));
+    const JournalDrawing drawn(host.calls);
+    QCOMPARE(drawn.saved.size(), 6);
+    for (const QString &file : drawn.saved.keys()) {
+        const QJsonObject read = readBack(host.path("out/" + file));
+        QVERIFY2(isClose(read, drawn.saved[file]),
+                 file.toUtf8() + QJsonDocument(read).toJson(QJsonDocument::Compact));
+    }
+    QCOMPARE(host.window.session().activeDocument(), users);
+    QCOMPARE(users->drawing.modelSpace(), std::vector<EntityId>{line});
+}
+
+void tst_WindowImport::failedSave_data()
+{
+    QTest::addColumn<Action>("trouble");
+    QTest::addColumn<QStringList>("notSaved"); // what the window says of each drawing that it could not save
+    QTest::addColumn<QString>("files");
+    QTest::addColumn<QString>("tabs");
+
+    QTest::newRow("the destination is gone")
+        << Action([](ImportWindow &host) { QDir(host.path("out")).removeRecursively(); })
+        << QStringList{"a.dwg: not saved: ", "b.dwg: not saved: "} << ""
+        << "Drawing1*|Drawing2*";
+    QTest::newRow("folders stand where the first drawing would") << Action([](ImportWindow &host) {
+        QDir(host.path("out")).mkpath("a.dwg");
+        QDir(host.path("out")).mkpath("a_Default_ft.dwg");
+    }) << QStringList{"a_Default_ft.dwg: not saved: "} << "b.dwg"
+                                                                 << "Drawing1*";
+    QTest::newRow("the encoder cannot be started")
+        << Action([](ImportWindow & /*host*/) { qputenv("KORVANE_NODE", "/no/such/node"); })
+        << QStringList{"a.dwg: not saved: the DWG encoder (node) could not be started",
+                       "b.dwg: not saved: the DWG encoder (node) could not be started"}
+        << ""
+        << "Drawing1*|Drawing2*";
+}
+
+void tst_WindowImport::failedSave()
+{
+    QFETCH(Action, trouble);
+    QFETCH(QStringList, notSaved);
+    QFETCH(QString, files);
+    QFETCH(QString, tabs);
+
+    ImportWindow host;
+    host.write("in/a.svg", shapes);
+    host.write("in/b.svg", shapes);
+    QDir().mkpath(host.path("out"));
+    const HostDocumentPtr users = host.window.session().activeDocument();
+    users->drawing.add(Line{{0, 0, 0}, {10, 5, 0}});
+    const std::uint64_t changes = users->drawing.changes();
+    host.typeCommand([&] {
+        host.chooseFolders();
+        trouble(host);
+        host.answers.press(QMessageBox::Ok);
+        host.click("start_pushButton");
+    });
+    qunsetenv("KORVANE_NODE");
+
+    QCOMPARE(host.answers.messages, QStringList{finished});
+    const QString said = host.window.commandLine().history();
+    QCOMPARE(said.count("not saved"), notSaved.size());
+    for (const QString &message : notSaved)
+        QVERIFY2(said.contains(host.path("out/") + message), qPrintable(said));
+    QCOMPARE(QDir(host.path("out")).entryList(QDir::Files).join(' '), files);
+    QTRY_COMPARE(host.tabs(), tabs);
+    QCOMPARE(host.window.session().activeDocument(), users);
+    QCOMPARE(users->drawing.changes(), changes);
+}
+
+void tst_WindowImport::closedDuringTheRun()
+{
+    ImportWindow host;
+    host.write("in/a.svg", shapes);
+    host.write("in/b.svg", shapes);
+    QDir().mkpath(host.path("out"));
+    host.typeCommand([&] {
+        host.chooseFolders();
+        host.whenProgressIs(50, [&host] {
+            // The folders are forgotten: what follows would be saved at the root of the disk.
+            host.window.session().faults.failEvery("kvDocument_c::SaveAs2");
+            QCloseEvent byItsButton;
+            QApplication::sendEvent(host.dialog->windowHandle(), &byItsButton);
+        });
+        for (int i = 0; i < 3; ++i)
+            host.answers.press(QMessageBox::Ok);
+        host.click("start_pushButton");
+        QVERIFY(!host.dialog->isVisible());
+    });
+
+    const QString unreadable = "Error: Cannot open xml file: /b.svg";
+    QCOMPARE(host.answers.messages, (QStringList{unreadable, unreadable, finished}));
+    QCOMPARE(QDir(host.path("out")).entryList(QDir::Files), QStringList{"a.dwg"});
+    QTRY_COMPARE(host.tabs(), QString("Drawing1|a.dwg*"));
+    QCOMPARE(host.document().title, QString("Drawing1"));
+
+    const QPointer<QWidget> closed = host.dialog;
+    host.typeCommand([&] { host.fillInAndConfirm(); });
+    QVERIFY(!closed);
+    QTRY_COMPARE(host.tabs(), QString("Drawing1*|a.dwg*"));
+}
+
+int main(int argc, char *argv[])
+{
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Korvane"));
+    QApplication::setApplicationName(QStringLiteral("ReferenceHost"));
+    tst_WindowImport test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_WindowImport.moc"
