@@ -5,6 +5,7 @@
 #include "app/Canvas.h"
 #include "app/CommandActions.h"
 #include "app/CommandLine.h"
+#include "app/DocumentTabs.h"
 #include "app/DrawingFiles.h"
 #include "app/Guarded.h"
 #include "app/HostSettingsStore.h"
@@ -27,10 +28,8 @@
 #include <QProcess>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QTabBar>
 #include <QTimer>
 #include <QToolBar>
-#include <QToolButton>
 #include <QUrl>
 
 #include <algorithm>
@@ -53,11 +52,6 @@ QKeySequence shortcutOf(const QString &command)
         {QStringLiteral("_JOURNAL"), QKeySequence(QStringLiteral("Ctrl+J"))},
     };
     return shortcuts.value(command);
-}
-
-QString tabText(const HostDocument &document)
-{
-    return document.isModified() ? document.shownName() + QLatin1Char('*') : document.shownName();
 }
 
 /// Calls `show` when the host has time, once however often it is asked for until then.
@@ -110,11 +104,7 @@ void HostWindow::build()
     topLayout->addWidget(m_ribbon);
     setMenuWidget(top);
 
-    m_tabs = new QTabBar;
-    m_tabs->setObjectName(QStringLiteral("documentTabs"));
-    m_tabs->setDrawBase(false);
-    m_tabs->setExpanding(false);
-    m_tabs->setFocusPolicy(Qt::NoFocus);
+    m_tabs = new DocumentTabs;
     m_canvas = new Canvas(drawingColours(m_theme));
     auto *workArea = new QWidget;
     workArea->setObjectName(QStringLiteral("workArea"));
@@ -161,7 +151,8 @@ void HostWindow::build()
                                    .arg(point.y, 0, 'f', 4)
                                    .arg(point.z, 0, 'f', 4));
     });
-    connect(m_tabs, &QTabBar::currentChanged, this, &HostWindow::activateTab);
+    connect(m_tabs, &DocumentTabs::activationRequested, this, &HostWindow::activateDocument);
+    connect(m_tabs, &DocumentTabs::closeRequested, this, &HostWindow::closeDocument);
 }
 
 void HostWindow::provideServices()
@@ -386,21 +377,8 @@ void HostWindow::showDocuments()
     m_documentsAreDue = false;
     const auto &documents = m_session.documents();
     const HostDocumentPtr active = m_session.activeDocument();
-    {
-        const QSignalBlocker blocker(m_tabs);
-        while (m_tabs->count() > static_cast<int>(documents.size()))
-            m_tabs->removeTab(m_tabs->count() - 1);
-        for (int i = 0; i < static_cast<int>(documents.size()); ++i) {
-            const HostDocumentPtr &document = documents[static_cast<std::size_t>(i)];
-            if (i == m_tabs->count())
-                addTab();
-            m_tabs->setTabText(i, tabText(*document));
-            m_tabs->setTabToolTip(i, document->fileName);
-            if (document == active)
-                m_tabs->setCurrentIndex(i);
-        }
-    }
-    setWindowTitle(active ? QStringLiteral("%1 - Reference Host").arg(tabText(*active))
+    m_tabs->showDocuments(documents, active);
+    setWindowTitle(active ? QStringLiteral("%1 - Reference Host").arg(documentLabel(*active))
                           : QStringLiteral("Reference Host"));
     const std::size_t selected = active ? active->selection.size() : 0;
     m_selectionNote->setText(selected == 0 ? QString() : QStringLiteral("%1 selected").arg(selected));
@@ -409,25 +387,8 @@ void HostWindow::showDocuments()
     m_canvas->drawingChanged();
 }
 
-void HostWindow::addTab()
-{
-    const int index = m_tabs->addTab(QString());
-    auto *button = new QToolButton(m_tabs);
-    button->setObjectName(QStringLiteral("closeTab"));
-    button->setText(QStringLiteral("\u00d7"));
-    button->setToolTip(QStringLiteral("Close this drawing"));
-    button->setFocusPolicy(Qt::NoFocus);
-    m_tabs->setTabButton(index, QTabBar::RightSide, button);
-    connect(button, &QToolButton::clicked, this, [this, button] {
-        for (int i = 0; i < m_tabs->count(); ++i) {
-            if (m_tabs->tabButton(i, QTabBar::RightSide) == button)
-                return closeTab(i);
-        }
-    });
-}
-
 /// A running command draws into the drawing in front, so that one stays there.
-void HostWindow::activateTab(int index)
+void HostWindow::activateDocument(int index)
 {
     if (!isBetweenCommands()) {
         showDocuments();
@@ -438,7 +399,7 @@ void HostWindow::activateTab(int index)
         m_session.activate(documents[static_cast<std::size_t>(index)]);
 }
 
-void HostWindow::closeTab(int index)
+void HostWindow::closeDocument(int index)
 {
     const auto &documents = m_session.documents();
     if (index < 0 || index >= static_cast<int>(documents.size()) || !isBetweenCommands())

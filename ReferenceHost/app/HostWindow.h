@@ -11,13 +11,13 @@
 #include <QPointer>
 
 class QLabel;
-class QTabBar;
 
 namespace refhost {
 
 class Canvas;
 class CommandActions;
 class CommandLine;
+class DocumentTabs;
 class InsertionPrompter;
 class JournalPanel;
 class Ribbon;
@@ -74,9 +74,8 @@ private:
     void showDocumentsSoon();
     void showDocuments();
 
-    void addTab();
-    void activateTab(int index);
-    void closeTab(int index);
+    void activateDocument(int index);
+    void closeDocument(int index);
     void select(EntityId id, bool removes);
     void cancel();
     bool openHelp(const QUrl &address);
@@ -87,7 +86,7 @@ private:
     AddinLoader m_addin;
 
     Ribbon *m_ribbon = nullptr;
-    QTabBar *m_tabs = nullptr;
+    DocumentTabs *m_tabs = nullptr;
     Canvas *m_canvas = nullptr;
     CommandLine *m_commandLine = nullptr;
     JournalPanel *m_journal = nullptr;
