@@ -79,7 +79,7 @@ void tst_WindowImport::insertion_data()
     QTest::addColumn<QStringList>("later");
     QTest::addColumn<QStringList>("answers");
     QTest::addColumn<QStringList>("asked");
-    QTest::addColumn<QVector<double>>("inserted"); // x, y, z, scale, degrees
+    QTest::addColumn<QVector<double>>("inserted"); // x, y, z, scale, degrees; a picked x, y is known later
 
     using Numbers = QVector<double>;
     const Numbers offered = {10, -20.5, 3, 2, 90};
@@ -130,7 +130,8 @@ void tst_WindowImport::insertion()
             const QPoint pixel(canvas.width() / 3, canvas.height() / 4);
             if (answer == pick) {
                 const Point picked = canvas.view().toDrawing(pixel);
-                std::copy_n(std::begin({picked.x, picked.y, 0.0}), 3, inserted.begin());
+                inserted[0] = picked.x;
+                inserted[1] = picked.y;
                 QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixel);
             } else if (answer == escape) {
                 QTest::keyClick(&edit(host.window), Qt::Key_Escape);
@@ -286,21 +287,22 @@ void tst_WindowImport::failedSave_data()
     QTest::addColumn<QString>("files");
     QTest::addColumn<QString>("tabs");
 
-    QTest::newRow("the destination is gone")
-        << Action([](ImportWindow &host) { QDir(host.path("out")).removeRecursively(); })
-        << QStringList{"a.dwg: not saved: ", "b.dwg: not saved: "} << ""
-        << "Drawing1*|Drawing2*";
-    QTest::newRow("folders stand where the first drawing would") << Action([](ImportWindow &host) {
+    const auto row = [](const char *name, const Action &trouble, const QStringList &notSaved,
+                        const QString &files,
+                        const QString &tabs) { QTest::newRow(name) << trouble << notSaved << files << tabs; };
+    const Action removeFolder = [](ImportWindow &host) { QDir(host.path("out")).removeRecursively(); };
+    const Action putFolders = [](ImportWindow &host) {
         QDir(host.path("out")).mkpath("a.dwg");
         QDir(host.path("out")).mkpath("a_Default_ft.dwg");
-    }) << QStringList{"a_Default_ft.dwg: not saved: "} << "b.dwg"
-                                                                 << "Drawing1*";
-    QTest::newRow("the encoder cannot be started")
-        << Action([](ImportWindow & /*host*/) { qputenv("KORVANE_NODE", "/no/such/node"); })
-        << QStringList{"a.dwg: not saved: the DWG encoder (node) could not be started",
-                       "b.dwg: not saved: the DWG encoder (node) could not be started"}
-        << ""
-        << "Drawing1*|Drawing2*";
+    };
+    const Action hideEncoder = [](ImportWindow & /*host*/) { qputenv("KORVANE_NODE", "/no/such/node"); };
+    const QString noEncoder = "not saved: the DWG encoder (node) could not be started";
+    row("the destination is gone", removeFolder, {"a.dwg: not saved: ", "b.dwg: not saved: "}, "",
+        "Drawing1*|Drawing2*");
+    row("folders stand where the first drawing would", putFolders, {"a_Default_ft.dwg: not saved: "}, "b.dwg",
+        "Drawing1*");
+    row("the encoder cannot be started", hideEncoder, {"a.dwg: " + noEncoder, "b.dwg: " + noEncoder}, "",
+        "Drawing1*|Drawing2*");
 }
 
 void tst_WindowImport::failedSave()
@@ -347,7 +349,7 @@ void tst_WindowImport::closedDuringTheRun()
         host.whenProgressIs(50, [&host] {
             // The folders are forgotten: what follows would be saved at the root of the disk.
             host.window.session().faults.failEvery("kvDocument_c::SaveAs2");
-            QCloseEvent byItsButton;
+            QCloseEvent byItsButton; // what the window system sends
             QApplication::sendEvent(host.dialog->windowHandle(), &byItsButton);
         });
         for (int i = 0; i < 3; ++i)
