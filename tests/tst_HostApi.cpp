@@ -163,6 +163,7 @@ private slots:
     void closingByName_data();
     void closingByName();
     void closingTheActiveOneOfTwo();
+    void closingAfterAFailedSave();
     void closingSavesFirst();
 };
 
@@ -660,6 +661,19 @@ void tst_HostApi::closingTheActiveOneOfTwo()
 
     QCOMPARE(host.application()->CloseDocument(L"gate.dwg", false), kvResult_Success);
     QCOMPARE(host.session.documents(), std::vector{first});
+}
+
+void tst_HostApi::closingAfterAFailedSave()
+{
+    RecordingHost host;
+    host.session.activeDocument()->fileName = "gate.dwg";
+    const HostDocumentPtr second = host.session.newDocument();
+    host.session.services.saveDrawing = [](const Drawing &, const QString &, bool) { return "full"; };
+    host.session.services.report = [](const QString &) {};
+    QVERIFY(!host.session.save(second, "gate.dwg", true));
+
+    QCOMPARE(host.application()->CloseDocument(L"gate.dwg", false), kvResult_NotFound);
+    QCOMPARE(host.session.documents().size(), std::size_t(2));
 }
 
 void tst_HostApi::closingSavesFirst()

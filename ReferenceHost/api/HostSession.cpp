@@ -49,6 +49,9 @@ HostDocumentPtr HostSession::findDocument(const QString &fileName) const
     };
     if (hasName(m_active))
         return m_active;
+    // Who could not save the active drawing under the name of another one does not mean that one by it.
+    if (m_active && isSameFileName(m_active->refusedFileName, fileName))
+        return nullptr;
     const auto found = std::find_if(m_documents.begin(), m_documents.end(), hasName);
     return found != m_documents.end() ? *found : nullptr;
 }
@@ -67,6 +70,7 @@ bool HostSession::save(const HostDocumentPtr &document, const QString &fileName,
     const QString error = services.saveDrawing
         ? services.saveDrawing(document->drawing, fileName, usedBlocksOnly)
         : QStringLiteral("this host cannot save drawings");
+    document->refusedFileName = error.isEmpty() ? QString() : fileName;
     if (!error.isEmpty()) {
         report(QStringLiteral("%1: not saved: %2").arg(fileName, error));
         return false;

@@ -83,7 +83,7 @@ public:
     HostDocumentPtr activeDocument() const { return m_active; }
     const std::vector<HostDocumentPtr> &documents() const { return m_documents; }
     /// The open drawing saved under `fileName`, written with "\" or "/"; null when there is none. Of several
-    /// the active one is meant.
+    /// the active one is meant, and none when that one could not be saved under this name.
     HostDocumentPtr findDocument(const QString &fileName) const;
 
     void report(const QString &message) const;
