@@ -19,6 +19,7 @@ public:
         if (!m_addin.connect(host.application()))
             qFatal("The add-in does not connect");
         host.begin();
+        answers.boxSeen = [](const QMessageBox &box) { checkLook(box); };
     }
 
     /// Runs IMPORTSVG. `act` works in the dialog, which is closed afterwards if it did not do that itself.
@@ -53,6 +54,17 @@ public:
                 result.append((match.captured(1) + ' ' + match.captured(2)).trimmed());
         }
         return result;
+    }
+
+    /// What all boxes of the dialog have in common; the one for a file that cannot be read is the reader's.
+    static void checkLook(const QMessageBox &box)
+    {
+        if (box.windowTitle() == "Error")
+            return;
+        const bool asks = box.text().endsWith('?');
+        QCOMPARE(box.icon(), asks ? QMessageBox::Question : QMessageBox::Warning);
+        QVERIFY(box.windowFlags() & Qt::MSWindowsFixedSizeDialogHint);
+        QVERIFY(!box.parentWidget() && !box.testAttribute(Qt::WA_QuitOnClose));
     }
 
     RecordingHost host;

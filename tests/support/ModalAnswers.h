@@ -34,7 +34,7 @@ public:
     /// Chooses a file or a folder in a file dialog, as if its path were typed.
     void choose(const QString &path)
     {
-        m_answers.append([path, waiting = QElapsedTimer()](QDialog &dialog) mutable {
+        m_answers.append([this, path, waiting = QElapsedTimer()](QDialog &dialog) mutable {
             auto *name = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
             auto *buttons = dialog.findChild<QDialogButtonBox *>();
             if (!name || !buttons)
@@ -50,6 +50,9 @@ public:
                 constexpr int longest = 10'000; // ms; a path that is not there is never let through
                 return waiting.hasExpired(longest) && closeUnexpected(dialog);
             }
+            const auto &files = static_cast<const QFileDialog &>(dialog);
+            lastAsked = files.windowTitle() + ": " + files.nameFilters().join(';')
+                + (files.testOption(QFileDialog::ShowDirsOnly) ? ", folders only" : "");
             QTest::mouseClick(accept, Qt::LeftButton);
             return true;
         });
@@ -75,6 +78,7 @@ public:
         });
     }
 
+    QString lastAsked; ///< by a file dialog, as "caption: filters"
     QStringList messages;
     std::function<void(QMessageBox &)> boxSeen = [](QMessageBox &) {};
 
