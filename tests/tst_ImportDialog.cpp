@@ -1,11 +1,14 @@
 // The import dialog through its own widgets: what it shows at the start and what each control does.
 
+#include "ModalAnswers.h"
 #include "ShownDialog.h"
 
 #include "DarkWindowFrame.h"
 
 #include <QtTest>
 #include <QtWidgets>
+
+#include <stdexcept>
 
 namespace {
 
@@ -38,6 +41,7 @@ private slots:
     void modesKeepTheirValues();
     void specifyLater_data();
     void specifyLater();
+    void hostThrowsWhenAskedForTheTheme();
     void globalSettings();
     void closing_data();
     void closing();
@@ -119,8 +123,8 @@ void tst_ImportDialog::initialState_data()
          {"sortingEnabled", true},
          {"currentRow", -1},
          {"count", 0}});
-    for (const char *name : {"x_label", "y_label", "z_label"})
-        add(name, off);
+    for (const auto &[name, text] : {std::pair("x_label", "&X :"), {"y_label", "&Y :"}, {"z_label", "&Z :"}})
+        add(name, with(off, "text", text));
     for (const char *name : {"x_lineEdit", "y_lineEdit", "z_lineEdit"})
         add(name, xyz);
     add("specify_checkBox", {{"text", "&Specify later"}, {"checked", true}});
@@ -130,25 +134,45 @@ void tst_ImportDialog::initialState_data()
     add("angel_label", with(on, "text", "&Angle :"));
     add("angle_lineEdit", with(on, "text", "0.0000"));
     add("rotation_specify_checkBox", {{"text", "Sp&ecify later"}, {"checked", false}});
-    add("master_unit_radioButton", with(off, "checked", false));
-    add("sub_units_radioButton", with(off, "checked", false));
-    add("file_unit_line", {{"minimumHeight", 3}, {"maximumHeight", 3}});
+    for (const char *name : {"master_unit_radioButton", "radioButton_3"})
+        add(name, with(with(off, "text", "&Master units"), "checked", name == QString("radioButton_3")));
+    for (const char *name : {"sub_units_radioButton", "radioButton_4"})
+        add(name, with(with(off, "text", "S&ub units"), "checked", false));
     add("units_comboBox", {{"currentText", "Inches"}, {"currentIndex", 1}, {"count", 19}});
     add("convert_factor_lineEdit", with(off, "text", "1"));
-    add("OK_pushButton", with(off, "default", true));
+    add("OK_pushButton", with(off, "text", "OK"));
     add("cancel_button", with(on, "text", "Cancel"));
     add("help_button_2", with(on, "text", "Help"));
+    add("source_path_browse_pushButton", with(on, "text", "Bro&wse..."));
     add("dest_path_browse_pushButton", with(on, "text", "Brow&se..."));
     add("treeWidget", {{"columnCount", 1}});
-    add("checkBox_2", with(off, "checked", false));
+    add("checkBox_2", with(with(off, "text", "Select &all"), "checked", false));
     add("global_set_checkBox", {{"text", "&Use global settings"}, {"checked", false}});
-    add("radioButton_3", with(off, "checked", true));
-    add("radioButton_4", with(off, "checked", false));
     add("abort_button", with(off, "text", "Abort"));
     add("start_pushButton", with(off, "text", "Start"));
     add("help_button", with(on, "text", "Help"));
     add("cancel_button_2", with(on, "text", "Close"));
     add("progressBar", {{"visible", false}, {"value", 0}, {"alignment", int(Qt::AlignCenter)}});
+
+    for (const char *caption :
+         {"mode_label=Mode", "svg_label=SVG file", "name_label=Name :", "path_label=Path :",
+          "select_model_label=Select a design model", "position_label=Position", "scale_label=Scale",
+          "rotation_label=Rotation", "file_unit_label=SVG file units", "convert_label=Convert drawing to",
+          "units_label=Uni&ts :", "convert_factor_label=Factor :", "svg_label_2=SVG files",
+          "name_label_2=Source Path :", "path_label_2=Destination Path :", "label=SVG file units"})
+        add(qPrintable(QString(caption).section('=', 0, 0)),
+            with(on, "text", QString(caption).section('=', 1)));
+    const QVariantMap horizontal = {{"frameShape", int(QFrame::HLine)}};
+    for (const char *name : {"line", "line_2", "line_3", "line_4", "desing_model_line", "position_line",
+                             "scale_line", "rotation_line", "convert_line"})
+        add(name, horizontal);
+    add("file_unit_line", with(with(horizontal, "minimumHeight", 3), "maximumHeight", 3));
+    for (const char *name :
+         {"main_window_gridLayout", "widget_gridLayout", "mode_gridLayout", "mode_gridLayout_2",
+          "mode_gridLayout_3", "gridLayout", "gridLayout_2", "gridLayout_3", "select_design_gridLayout",
+          "position_gridLayout", "scale_gridLayout", "rotation_gridLayout", "unit_gridLayout",
+          "convert_dwg_gridLayout", "button_gridLayout", "file_unit_gridLayout_2", "button_gridLayout_2"})
+        add(name, {}); // it is there
 }
 
 void tst_ImportDialog::initialState()
@@ -157,42 +181,52 @@ void tst_ImportDialog::initialState()
     QFETCH(QVariantMap, properties);
 
     const ShownDialog shown;
+    const auto *object = shown.dialog->findChild<QObject *>(name); // a layout is no widget
+    QVERIFY(object);
     for (auto property = properties.cbegin(); property != properties.cend(); ++property)
-        QCOMPARE(shown.value(name, property.key().toLatin1()).toString(), property.value().toString());
+        QCOMPARE(object->property(property.key().toLatin1()).toString(), property.value().toString());
 }
 
 void tst_ImportDialog::theme_data()
 {
     QTest::addColumn<int>("theme");
-    QTest::addColumn<QStringList>("withIcon");
+    QTest::addColumn<QString>("iconFile");
     QTest::addColumn<QString>("positionColor");
 
-    const QStringList buttons = {"OK_pushButton", "abort_button", "cancel_button", "cancel_button_2",
-                                 "help_button"};
-    QTest::newRow("light") << int(Theme::Light) << buttons << laterColor;
-    QTest::newRow("dark") << int(Theme::Dark) << buttons << QString();
+    QTest::newRow("light") << int(Theme::Light) << "%1_32x-32.svg" << laterColor;
+    QTest::newRow("dark") << int(Theme::Dark) << "DarkMode/%1-32.svg" << QString();
 }
 
 void tst_ImportDialog::theme()
 {
     QFETCH(int, theme);
-    QFETCH(QStringList, withIcon);
+    QFETCH(QString, iconFile);
     QFETCH(QString, positionColor);
 
     const ShownDialog shown{static_cast<Theme>(theme)};
-    QStringList actual;
+    const QHash<QString, QString> icons = {{"OK_pushButton", "OK"},
+                                           {"cancel_button", "cancel"},
+                                           {"cancel_button_2", "cancel"},
+                                           {"help_button", "help"},
+                                           {"abort_button", "Delete"}};
     for (const QPushButton *button : shown.dialog->findChildren<QPushButton *>()) {
-        if (!button->icon().isNull())
-            actual.append(button->objectName());
+        const QString name = button->objectName();
+        const QImage icon = button->icon().pixmap(32).toImage();
+        const QIcon file(":/KVImportSVGAddin/Resource/" + iconFile.arg(icons.value(name)));
+        QVERIFY2(icon.isNull() != icons.contains(name) && icon == file.pixmap(32).toImage(),
+                 qPrintable(name));
     }
-    actual.sort();
-    QCOMPARE(actual, withIcon);
     QCOMPARE(shown.value("y_lineEdit", "styleSheet").toString(), positionColor);
     QCOMPARE(shown.dialog->styleSheet().isEmpty(), static_cast<Theme>(theme) == Theme::Light);
 
+    ModalAnswers answers;
+    answers.boxSeen = [&](const QMessageBox &box) { QCOMPARE(box.styleSheet(), shown.dialog->styleSheet()); };
+    answers.press(QMessageBox::Yes);
+    shown.window->On_Abort_Button_clicked();
+
     QCOMPARE(shown.dialog->windowTitle(), QString("SVG Import"));
     QVERIFY(shown.dialog->isModal());
-    QCOMPARE(shown.dialog->size(), QSize(550, 400));
+    QCOMPARE(shown.dialog->geometry(), QRect(100, 250, 550, 400));
     QVERIFY(!shown.dialog->testAttribute(Qt::WA_QuitOnClose));
     QVERIFY(!(shown.dialog->windowFlags() & Qt::WindowContextHelpButtonHint));
     QVERIFY(shown.dialog->windowFlags() & Qt::WindowCloseButtonHint);
@@ -347,6 +381,24 @@ void tst_ImportDialog::specifyLater()
     }
 }
 
+void tst_ImportDialog::hostThrowsWhenAskedForTheTheme()
+{
+    ShownDialog shown;
+    KVImportSVGAddinApplication::m_bDarkMode = -1; // asked for at each use
+    shown.host.session.journal().begin([](const QByteArray & /*line*/) { throw std::runtime_error("no"); });
+    shown.click("specify_checkBox");
+    QVERIFY(shown.isEnabled("x_lineEdit"));
+
+    ModalAnswers answers;
+    answers.press(QMessageBox::No);
+    shown.window->On_Abort_Button_clicked();
+    answers.press(QMessageBox::Ok);
+    shown.window->On_start_pushButton_clicked();
+    QCOMPARE(answers.messages,
+             (QStringList{"Batch Processing: Do you want to stop Batch Processing?",
+                          "Batch Processing: Batch Processing finished."}));
+}
+
 void tst_ImportDialog::globalSettings()
 {
     const ShownDialog shown;
@@ -462,12 +514,15 @@ void tst_ImportDialog::factors()
     QFETCH(QString, fromFeet);
     QFETCH(QString, fromInches);
 
-    for (const char *language : {"", "ImportSVG_english.qm", "ImportSVG_russian.qm"}) {
+    // Names that differ from the table's match no row: the field keeps what it showed.
+    const QStringList asInFrench = {"Miles", "Mils", "Yards", "Microns", "Parsecs"};
+    for (const auto &[language, known] : {std::pair("", true),
+                                          {"ImportSVG_english.qm", true},
+                                          {"ImportSVG_french.qm", asInFrench.contains(name)},
+                                          {"ImportSVG_russian.qm", false}}) {
         const ShownDialog shown(Theme::Light, language);
         shown.widget("master_unit_radioButton")->setEnabled(true);
         shown.widget("sub_units_radioButton")->setEnabled(true);
-        // Names that differ from the table's match no row: the field keeps what it showed.
-        const bool known = shown.text("units_label") == "Uni&ts :";
         auto *units = shown.widget<QComboBox>("units_comboBox");
         units->setCurrentIndex(unit == 0 ? 1 : 0);
         shown.click("master_unit_radioButton");
