@@ -259,6 +259,8 @@ void tst_ImportDialog::everyLanguage()
         QVERIFY2(least.width() <= 550 && least.height() <= 400,
                  qPrintable(QStringLiteral("needs %1 x %2").arg(least.width()).arg(least.height())));
     }
+    const auto *tree = shown.widget<QTreeWidget>("treeWidget");
+    QVERIFY2(tree->viewport()->height() >= 3 * tree->fontMetrics().height(), "three files are seen");
 }
 
 void tst_ImportDialog::tabGoesThroughThePanel_data()
