@@ -44,6 +44,7 @@ QWidget *makeFileTable()
     table->setMaximumSize(400, 63);
     table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table->horizontalHeader()->setDefaultSectionSize(125); // texts in three columns, the fourth stays empty
     table->horizontalHeader()->hide();
     table->verticalHeader()->hide();
     for (int row = 0; row < 2; ++row) {

@@ -293,7 +293,7 @@
     </message>
     <message>
         <source>Default</source>
-        <translation>Predet.</translation>
+        <translation>Predeterminado</translation>
     </message>
     <message>
         <source>Master units</source>
