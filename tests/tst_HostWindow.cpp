@@ -69,6 +69,7 @@ private slots:
     void typedLines();
     void zoomKeepsThePointUnderTheCursor();
     void selectionByClick();
+    void fileDialogNamesThePicture_data();
     void fileDialogNamesThePicture();
     void tabsFollowTheDrawings();
     void drawingInFrontStaysDuringACommand();
@@ -270,12 +271,14 @@ void tst_HostWindow::oneCommandAtATime()
     QTRY_VERIFY(actionOf(*m_window, QStringLiteral("Select All")));
     bool isClosed = true;
     Later later({[&] { click(*actionOf(*m_window, QStringLiteral("New"))); },
+                 [&] { click(*actionOf(*m_window, QStringLiteral("Zoom to Extents"))); },
                  [&] { m_window->disconnectAddin(); }, [&] { isClosed = m_window->close(); },
                  [&] { QTest::keyClick(&edit(*m_window), Qt::Key_Escape); }});
     type(*m_window, QStringLiteral("TESTADDIN"));
 
     QCOMPARE(m_window->session().documents().size(), std::size_t(1));
     QVERIFY(hasSaid(*m_window, QStringLiteral("_SMARTNEW: not run: TESTADDIN still runs")));
+    QVERIFY(!hasSaid(*m_window, QStringLiteral("_ZOOMEXTENTS: not run")));
     QVERIFY(hasSaid(*m_window, QStringLiteral("Not possible while TESTADDIN runs.")));
     QVERIFY(hasSaid(*m_window, QStringLiteral("Cannot close while TESTADDIN runs.")));
     QVERIFY(m_window->hasAddin());
@@ -286,10 +289,16 @@ void tst_HostWindow::oneCommandAtATime()
 void tst_HostWindow::typedLines()
 {
     CommandEdit &line = edit(*m_window);
-    QTest::keyClicks(&m_window->canvas(), QStringLiteral("_smart")); // the canvas hands keys on
-    QTest::keyClick(&line, Qt::Key_Tab);
-    QCOMPARE(line.text(), QStringLiteral("_SMARTNEW"));
-    QTest::keyClick(&line, Qt::Key_Return);
+    for (const char *place : {"canvas", "commandHistory", "journalLines"}) {
+        auto *focused = m_window->findChild<QWidget *>(QLatin1String(place));
+        focused->setFocus();
+        QTest::keyClick(focused, Qt::Key_S); // is handed on, and with it the focus
+        QTest::keyClicks(m_window->focusWidget(), QStringLiteral("martn"));
+        QTest::keyClick(&line, Qt::Key_Tab);
+        QCOMPARE(line.text(), QStringLiteral("_SMARTNEW"));
+        QTest::keyClick(&line, Qt::Key_Escape);
+    }
+    type(*m_window, QStringLiteral("smartnew"));
     QCOMPARE(m_window->session().documents().size(), std::size_t(2));
 
     type(*m_window, QStringLiteral("^C^C_SMARTNEW"));
@@ -305,6 +314,18 @@ void tst_HostWindow::typedLines()
     QCOMPARE(line.text(), QStringLiteral("nonsense"));
     QTest::keyClick(&line, Qt::Key_Escape);
     QCOMPARE(line.text(), QString());
+
+    // No key of a menu means something to the line, where the focus nearly always is.
+    for (const QAction *action : m_window->findChildren<QAction *>()) {
+        if (action->shortcut().isEmpty())
+            continue;
+        const int key = action->shortcut()[0];
+        QKeyEvent event(QEvent::ShortcutOverride, key & ~Qt::KeyboardModifierMask,
+                        Qt::KeyboardModifiers(key & Qt::KeyboardModifierMask));
+        event.ignore();
+        QApplication::sendEvent(&line, &event);
+        QVERIFY2(!event.isAccepted(), qPrintable(action->shortcut().toString()));
+    }
 }
 
 void tst_HostWindow::zoomKeepsThePointUnderTheCursor()
@@ -326,6 +347,15 @@ void tst_HostWindow::zoomKeepsThePointUnderTheCursor()
     QTest::mouseRelease(&canvas, Qt::MiddleButton, {}, pixel.toPoint() + QPoint(30, 20));
     QCOMPARE(canvas.view().toDrawing(pixel + QPointF(30, 20)).x, before.x);
     QCOMPARE(canvas.view().toDrawing(pixel + QPointF(30, 20)).y, before.y);
+
+    // A button let go elsewhere drags no more.
+    QTest::mousePress(&canvas, Qt::MiddleButton, {}, pixel.toPoint());
+    moveMouse(canvas, pixel.toPoint() + QPoint(99, 99));
+    QCOMPARE(canvas.view().toDrawing(pixel + QPointF(30, 20)).x, before.x);
+
+    ViewTransform huge = canvas.view();
+    huge.pixelsPerUnit = 1e-20;
+    QVERIFY(magnified(huge, pixel, 0.8).pixelsPerUnit <= huge.pixelsPerUnit);
 }
 
 void tst_HostWindow::selectionByClick()
@@ -354,18 +384,35 @@ void tst_HostWindow::selectionByClick()
     QVERIFY(document.selection.empty());
 }
 
+void tst_HostWindow::fileDialogNamesThePicture_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("written");
+
+    QTest::newRow("a name gets the suffix") << "sheet"
+                                            << "sheet.png";
+    QTest::newRow("a name keeps the suffix") << "other.PNG"
+                                             << "other.PNG";
+    QTest::newRow("another suffix would lie") << "sheet.jpg"
+                                              << "";
+}
+
 void tst_HostWindow::fileDialogNamesThePicture()
 {
-    const QString file = m_folder.filePath(QStringLiteral("sheet"));
+    QFETCH(QString, typed);
+    QFETCH(QString, written);
+
+    const QTemporaryDir folder;
     Later later({[] {},
-                 [&file] {
+                 [path = folder.filePath(typed)] {
                      auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
                      QVERIFY(dialog);
-                     dialog->findChild<QLineEdit *>()->setText(file);
+                     dialog->findChild<QLineEdit *>()->setText(path);
                      dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Save)->click();
                  }});
     click(*actionOf(*m_window, QStringLiteral("Export Picture")));
-    QVERIFY(QFileInfo::exists(file + QStringLiteral(".png")));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(' '), written);
+    QCOMPARE(hasSaid(*m_window, QStringLiteral("must end in .png")), written.isEmpty());
 }
 
 void tst_HostWindow::tabsFollowTheDrawings()
@@ -395,7 +442,8 @@ void tst_HostWindow::tabsFollowTheDrawings()
 
     type(*m_window, QStringLiteral("_CLOSE"));
     QTRY_COMPARE(tabs->count(), 0);
-    type(*m_window, QStringLiteral("_SAVEAS"));
+    QVERIFY(
+        !m_window->session().services.promptForInsertion({QStringLiteral("SQUARE"), {}, true, true, true}));
     QVERIFY(hasSaid(*m_window, QStringLiteral("No drawing is open.")));
 }
 

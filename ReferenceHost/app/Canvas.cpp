@@ -6,12 +6,13 @@
 #include "app/CanvasGrid.h"
 #include "app/EntityPicker.h"
 
-#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QtMath>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace refhost {
 
@@ -115,9 +116,9 @@ void Canvas::paintSheet()
     m_sheet.setDevicePixelRatio(ratio);
     m_sheet.fill(m_painter.colours().paper);
     QPainter painter(&m_sheet);
-    paintGrid(painter, m_view, m_painter.colours());
     if (!m_document)
         return;
+    paintGrid(painter, m_view, m_painter.colours());
     painter.setRenderHint(QPainter::Antialiasing);
     const std::vector<EntityId> &selection = m_document->selection;
     m_painter.paint(m_document->drawing, painter, m_view, {selection.begin(), selection.end()});
@@ -166,6 +167,7 @@ void Canvas::wheelEvent(QWheelEvent *event)
 {
     constexpr double factorPerNotch = 1.25;
     constexpr double unitsPerNotch = 120.0;
+    m_cursor = event->position();
     const double factor = std::pow(factorPerNotch, event->angleDelta().y() / unitsPerNotch);
     setView(magnified(m_view, event->position(), factor));
 }
@@ -179,8 +181,9 @@ void Canvas::mousePressEvent(QMouseEvent *event)
     }
     if (event->button() != Qt::LeftButton || !m_document)
         return;
+    m_cursor = event->localPos();
     if (m_isPickingPoint) {
-        emit pointPicked(m_view.toDrawing(event->localPos()));
+        m_isPressed = true;
         return;
     }
     const auto hit = entityAt(m_document->drawing, m_painter, m_view, event->localPos());
@@ -190,6 +193,8 @@ void Canvas::mousePressEvent(QMouseEvent *event)
 void Canvas::mouseMoveEvent(QMouseEvent *event)
 {
     m_cursor = event->localPos();
+    if (m_panFrom && !event->buttons().testFlag(Qt::MiddleButton))
+        endPanning(); // it was let go over a dialog
     if (m_panFrom) {
         const Point from = m_view.toDrawing(*m_panFrom);
         const Point to = m_view.toDrawing(event->localPos());
@@ -206,8 +211,16 @@ void Canvas::mouseMoveEvent(QMouseEvent *event)
 
 void Canvas::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (event->button() != Qt::MiddleButton)
+    if (event->button() == Qt::MiddleButton)
+        endPanning();
+    if (event->button() != Qt::LeftButton || !std::exchange(m_isPressed, false) || !m_isPickingPoint)
         return;
+    // Not at the press: what answers it must find the canvas done with its mouse button.
+    emit pointPicked(m_view.toDrawing(event->localPos()));
+}
+
+void Canvas::endPanning()
+{
     m_panFrom.reset();
     setCursor(Qt::BlankCursor);
     update();
@@ -221,9 +234,11 @@ void Canvas::mouseDoubleClickEvent(QMouseEvent *event)
         mousePressEvent(event);
 }
 
-void Canvas::keyPressEvent(QKeyEvent *event)
+/// The cursor may come in without moving: a dialog that lay over it was closed.
+void Canvas::enterEvent(QEvent *event)
 {
-    emit keyPressed(event);
+    m_cursor = static_cast<QEnterEvent *>(event)->localPos();
+    update();
 }
 
 void Canvas::leaveEvent(QEvent * /*event*/)
@@ -238,7 +253,9 @@ ViewTransform magnified(const ViewTransform &view, const QPointF &pixel, double 
     constexpr double largest = 1e12;
     const Point fixed = view.toDrawing(pixel);
     ViewTransform result = view;
-    result.pixelsPerUnit = std::clamp(view.pixelsPerUnit * factor, smallest, largest);
+    // Drawings beyond all measure are shown beyond these, and stay so.
+    result.pixelsPerUnit = std::clamp(view.pixelsPerUnit * factor, std::min(smallest, view.pixelsPerUnit),
+                                      std::max(largest, view.pixelsPerUnit));
     const Point moved = result.toDrawing(pixel);
     result.center.x += fixed.x - moved.x;
     result.center.y += fixed.y - moved.y;

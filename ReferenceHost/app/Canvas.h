@@ -45,8 +45,6 @@ signals:
     void pointPicked(const refhost::Point &point);
     /// The user clicked at entity `id`, or at none (0); `removes` when he held the shift key.
     void entityPicked(refhost::EntityId id, bool removes);
-    /// A key was pressed that the command line may want.
-    void keyPressed(QKeyEvent *event);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -56,11 +54,12 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
+    void enterEvent(QEvent *event) override;
     void leaveEvent(QEvent *event) override;
 
 private:
     void setView(const ViewTransform &view);
+    void endPanning();
     void paintSheet();
     void paintPreview(QPainter &painter);
     void paintCrosshair(QPainter &painter) const;
@@ -75,6 +74,7 @@ private:
     std::optional<QPointF> m_panFrom;
     bool m_showsNothingYet = true;
     bool m_isPickingPoint = false;
+    bool m_isPressed = false; // for a point to be picked at the release
 };
 
 /// `view` magnified by `factor`; the point under `pixel` stays there.

@@ -87,9 +87,10 @@ void CommandLine::appendAnswer(const QString &answer)
 
 void CommandLine::setPrompt(const QString &prompt)
 {
-    m_prompt->setText(prompt.isEmpty() ? anyCommand() : prompt);
-    m_edit->setPlaceholderText(prompt.isEmpty() ? QStringLiteral("Type a command") : QString());
-    m_names->setStringList(prompt.isEmpty() ? m_commands : QStringList());
+    m_isPrompting = !prompt.isEmpty();
+    m_prompt->setText(m_isPrompting ? prompt : anyCommand());
+    m_edit->setPlaceholderText(m_isPrompting ? QString() : QStringLiteral("Type a command"));
+    m_names->setStringList(m_isPrompting ? QStringList() : m_commands);
     m_edit->clear();
     m_edit->setFocus();
 }
@@ -98,12 +99,17 @@ void CommandLine::setCommands(QStringList names)
 {
     names.sort(Qt::CaseInsensitive);
     m_commands = std::move(names);
-    if (m_prompt->text() == anyCommand())
+    if (!m_isPrompting)
         m_names->setStringList(m_commands);
 }
 
 void CommandLine::takeKey(QKeyEvent *event)
 {
+    // What the line itself has left alone comes here as well.
+    const bool isToType = !event->text().isEmpty() && !event->modifiers().testFlag(Qt::ControlModifier);
+    const bool recalls = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    if (window()->focusWidget() == m_edit || !(isToType || recalls))
+        return;
     m_edit->setFocus();
     QApplication::sendEvent(m_edit, event);
 }

@@ -56,7 +56,7 @@ public:
     /// The names that are completed while no prompt waits.
     void setCommands(QStringList names);
 
-    /// Gives a key pressed elsewhere in the window to the line.
+    /// Gives a key pressed elsewhere in the window to the line, if it is one to type with.
     void takeKey(QKeyEvent *event);
 
     /// All that was said, a line each.
@@ -76,6 +76,7 @@ private:
     CommandEdit *m_edit;
     QStringListModel *m_names;
     QStringList m_commands;
+    bool m_isPrompting = false;
 };
 
 } // namespace refhost

@@ -13,6 +13,7 @@ DocumentTabs::DocumentTabs(QWidget *parent)
     setDrawBase(false);
     setExpanding(false);
     setFocusPolicy(Qt::NoFocus);
+    setElideMode(Qt::ElideMiddle);
     connect(this, &QTabBar::currentChanged, this, &DocumentTabs::activationRequested);
 }
 

@@ -14,26 +14,47 @@ namespace refhost {
 
 namespace {
 
-constexpr auto drawingFilters = "DWG drawing (*.dwg);;DXF drawing (*.dxf)";
-
-/// Asks for a file to write; empty when the user cancels. A name without a suffix gets that of the filter.
-QString askFileName(HostWindow &window, const QString &title, const HostDocumentPtr &document,
-                    const QString &filters)
+QStringList drawingFilters()
 {
+    return {QStringLiteral("DWG drawing (*.dwg)"), QStringLiteral("DXF drawing (*.dxf)")};
+}
+
+/// The suffix of a name filter such as "DWG drawing (*.dwg)".
+QString suffixOf(const QString &filter)
+{
+    return filter.mid(filter.indexOf(QLatin1String("*.")) + 2).remove(QLatin1Char(')'));
+}
+
+/// Asks for a file to write; empty when the user cancels. A name without a suffix gets that of the filter,
+/// one with another suffix than the filters' is refused, which the user is told.
+QString askFileName(HostWindow &window, const QString &title, const HostDocumentPtr &document,
+                    const QStringList &filters)
+{
+    const QFileInfo earlier(document->fileName);
     const QString suggested = document->fileName.isEmpty()
         ? document->title
-        : QDir(QFileInfo(document->fileName).path())
-              .filePath(QFileInfo(document->fileName).completeBaseName());
-    QFileDialog dialog(&window, title, suggested, filters);
+        : QDir(earlier.path()).filePath(earlier.completeBaseName());
+    QFileDialog dialog(&window, title, suggested);
+    dialog.setNameFilters(filters);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    const auto suffixOf = [](const QString &filter) {
-        return filter.mid(filter.indexOf(QLatin1String("*.")) + 2).remove(QLatin1Char(')'));
-    };
+    QStringList suffixes;
+    for (const QString &filter : filters) {
+        suffixes << suffixOf(filter);
+        if (suffixes.last().compare(earlier.suffix(), Qt::CaseInsensitive) == 0)
+            dialog.selectNameFilter(filter);
+    }
     dialog.setDefaultSuffix(suffixOf(dialog.selectedNameFilter()));
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
                      [&](const QString &filter) { dialog.setDefaultSuffix(suffixOf(filter)); });
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    const QString file = dialog.selectedFiles().value(0);
+    if (suffixes.contains(QFileInfo(file).suffix(), Qt::CaseInsensitive))
+        return file;
+    window.say(QStringLiteral("%1: not written: the name must end in .%2")
+                   .arg(QDir::toNativeSeparators(file), suffixes.join(QStringLiteral(" or ."))));
+    return {};
 }
 
 /// Saves under the name `file` and says so; the session reports a failure.
@@ -58,8 +79,7 @@ bool sayWritten(HostWindow &window, const QString &file, const QString &error)
 
 bool saveAs(HostWindow &window, const HostDocumentPtr &document)
 {
-    const QString file =
-        askFileName(window, QStringLiteral("Save drawing"), document, QLatin1String(drawingFilters));
+    const QString file = askFileName(window, QStringLiteral("Save drawing"), document, drawingFilters());
     return !file.isEmpty() && saveTo(window, document, file);
 }
 
@@ -79,8 +99,7 @@ bool mayClose(HostWindow &window, const HostDocumentPtr &document)
 
 bool exportDrawing(HostWindow &window, const HostDocumentPtr &document)
 {
-    const QString file =
-        askFileName(window, QStringLiteral("Export drawing"), document, QLatin1String(drawingFilters));
+    const QString file = askFileName(window, QStringLiteral("Export drawing"), document, drawingFilters());
     return !file.isEmpty()
         && sayWritten(window, file, window.session().services.saveDrawing(document->drawing, file, false));
 }
@@ -88,7 +107,7 @@ bool exportDrawing(HostWindow &window, const HostDocumentPtr &document)
 bool exportPicture(HostWindow &window, const HostDocumentPtr &document)
 {
     const QString file = askFileName(window, QStringLiteral("Export picture"), document,
-                                     QStringLiteral("PNG picture (*.png)"));
+                                     {QStringLiteral("PNG picture (*.png)")});
     return !file.isEmpty() && sayWritten(window, file, writePicture(document->drawing, file));
 }
 

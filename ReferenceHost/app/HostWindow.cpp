@@ -26,6 +26,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QProcess>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -33,6 +34,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <cmath>
 
 namespace refhost {
 
@@ -48,10 +50,25 @@ QKeySequence shortcutOf(const QString &command)
         {QStringLiteral("_QUIT"), QKeySequence(QStringLiteral("Ctrl+Q"))},
         {QStringLiteral("_SELECTALL"), QKeySequence::SelectAll},
         {QStringLiteral("_DELETE"), QKeySequence::Delete},
-        {QStringLiteral("_ZOOMEXTENTS"), QKeySequence(QStringLiteral("Ctrl+E"))},
+        {QStringLiteral("_ZOOMEXTENTS"), QKeySequence(QStringLiteral("Ctrl+0"))},
         {QStringLiteral("_JOURNAL"), QKeySequence(QStringLiteral("Ctrl+J"))},
     };
     return shortcuts.value(command);
+}
+
+/// Four decimals, or as many digits as a double has where the decimals would be none of its own.
+QString coordinateText(double coordinate)
+{
+    constexpr double mostWithDecimals = 1e12;
+    return std::abs(coordinate) < mostWithDecimals ? QString::number(coordinate, 'f', 4)
+                                                   : QString::number(coordinate, 'g', 15);
+}
+
+/// Whether a command may run while another one waits for an answer: those that only change what is seen.
+bool isTransparent(const QString &command)
+{
+    static const QStringList transparent = {QStringLiteral("_ZOOMEXTENTS"), QStringLiteral("_JOURNAL")};
+    return transparent.contains(command, Qt::CaseInsensitive);
 }
 
 /// Calls `show` when the host has time, once however often it is asked for until then.
@@ -93,7 +110,7 @@ void HostWindow::build()
     setWindowIcon(hostIcon(QStringLiteral("application"), m_theme));
     setPalette(windowPalette(m_theme));
     setStyleSheet(windowStyleSheet(m_theme));
-    resize(1200, 780);
+    resize(QSize(1200, 780).boundedTo(screen()->availableSize() * 0.95));
 
     auto *top = new QWidget(this);
     auto *topLayout = new QVBoxLayout(top);
@@ -143,13 +160,11 @@ void HostWindow::build()
 
     connect(m_commandLine, &CommandLine::entered, this, &HostWindow::enter);
     connect(m_commandLine, &CommandLine::cancelled, this, &HostWindow::cancel);
-    connect(m_canvas, &Canvas::keyPressed, m_commandLine, &CommandLine::takeKey);
     connect(m_canvas, &Canvas::entityPicked, this, &HostWindow::select);
     connect(m_canvas, &Canvas::cursorMoved, this, [this](const Point &point) {
-        m_coordinates->setText(QStringLiteral("%1, %2, %3")
-                                   .arg(point.x, 0, 'f', 4)
-                                   .arg(point.y, 0, 'f', 4)
-                                   .arg(point.z, 0, 'f', 4));
+        m_coordinates->setText(
+            QStringLiteral("%1, %2, %3")
+                .arg(coordinateText(point.x), coordinateText(point.y), coordinateText(point.z)));
     });
     connect(m_tabs, &DocumentTabs::activationRequested, this, &HostWindow::activateDocument);
     connect(m_tabs, &DocumentTabs::closeRequested, this, &HostWindow::closeDocument);
@@ -158,7 +173,12 @@ void HostWindow::build()
 void HostWindow::provideServices()
 {
     HostServices &services = m_session.services;
-    services.promptForInsertion = [this](const InsertionPrompt &prompt) { return m_prompter->ask(prompt); };
+    services.promptForInsertion = [this](const InsertionPrompt &prompt) -> std::optional<Placement> {
+        if (m_session.activeDocument())
+            return m_prompter->ask(prompt);
+        say(QStringLiteral("No drawing is open."));
+        return {};
+    };
     services.saveDrawing = [this](const Drawing &drawing, const QString &fileName, bool usedBlocksOnly) {
         return refhost::saveDrawing(m_encoder, drawing, fileName,
                                     usedBlocksOnly ? BlocksToSave::UsedOnly : BlocksToSave::All);
@@ -196,12 +216,19 @@ void HostWindow::enter(const QString &line)
 
 void HostWindow::runCommand(const QString &commandLine)
 {
-    const QString name = commandName(commandLine);
+    QString name = commandName(commandLine);
     if (name != commandLine.trimmed()) // it started with "^C"
         cancel();
     if (name.isEmpty())
         return;
+    const QString ownName = QLatin1Char('_') + name;
+    if (!m_session.commands.find(name) && m_session.commands.find(ownName))
+        name = ownName; // the host's own commands need no underscore when typed
     const QString running = m_session.commands.running();
+    if (m_prompter->isWaiting() && isTransparent(name)) {
+        m_session.commands.runForAddin(name);
+        return;
+    }
     if (!running.isEmpty()) {
         say(QStringLiteral("%1: not run: %2 still runs").arg(name, running));
         return;
@@ -292,14 +319,31 @@ void HostWindow::closeEvent(QCloseEvent *event)
         return;
     }
     const std::vector<HostDocumentPtr> documents = m_session.documents();
-    event->setAccepted(
-        std::all_of(documents.begin(), documents.end(),
-                    [this](const HostDocumentPtr &document) { return mayClose(*this, document); }));
+    event->setAccepted(std::all_of(documents.begin(), documents.end(),
+                                   [this](const HostDocumentPtr &document) { return mayClose(document); }));
+}
+
+/// Shows the drawing that the user is asked about.
+bool HostWindow::mayClose(const HostDocumentPtr &document)
+{
+    if (document->isModified()) {
+        m_session.activate(document);
+        showDocuments();
+    }
+    return refhost::mayClose(*this, document);
+}
+
+/// Keys that no part of the window wants are typed into the command line.
+void HostWindow::keyPressEvent(QKeyEvent *event)
+{
+    m_commandLine->takeKey(event);
 }
 
 void HostWindow::restart()
 {
-    if (close())
+    if (!close())
+        say(QStringLiteral("Not started again. The options take effect at the next start."));
+    else
         QProcess::startDetached(QCoreApplication::applicationFilePath(),
                                 QCoreApplication::arguments().mid(1));
 }
@@ -405,7 +449,7 @@ void HostWindow::closeDocument(int index)
     if (index < 0 || index >= static_cast<int>(documents.size()) || !isBetweenCommands())
         return;
     const HostDocumentPtr document = documents[static_cast<std::size_t>(index)];
-    if (mayClose(*this, document))
+    if (mayClose(document))
         m_session.close(document);
 }
 

@@ -59,6 +59,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void build();
@@ -78,6 +79,7 @@ private:
     void closeDocument(int index);
     void select(EntityId id, bool removes);
     void cancel();
+    bool mayClose(const HostDocumentPtr &document);
     bool openHelp(const QUrl &address);
 
     const Theme m_theme;

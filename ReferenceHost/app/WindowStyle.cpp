@@ -108,7 +108,7 @@ QToolBar QToolButton:hover { background: @hover; border-color: @accent; }
 QToolBar QToolButton:pressed, QToolBar QToolButton:checked { background: @pressed; }
 
 QTabBar#documentTabs { background: @window; }
-QTabBar#documentTabs::tab { background: @window; color: @faintText; padding: 5px 12px; border: 1px solid @line; border-bottom: none; margin-right: 2px; border-top-left-radius: 3px; border-top-right-radius: 3px; }
+QTabBar#documentTabs::tab { max-width: 240px; background: @window; color: @faintText; padding: 5px 12px; border: 1px solid @line; border-bottom: none; margin-right: 2px; border-top-left-radius: 3px; border-top-right-radius: 3px; }
 QTabBar#documentTabs::tab:selected { background: @strip; color: @text; border-top: 2px solid @accent; }
 QTabBar#documentTabs QToolButton#closeTab { border: none; border-radius: 2px; color: @faintText; padding: 0 3px; }
 QTabBar#documentTabs QToolButton#closeTab:hover { background: @pressed; color: @text; }
@@ -118,6 +118,12 @@ QPlainTextEdit#commandHistory { background: @field; color: @text; border: none; 
 QWidget#commandEntry { background: @strip; border-top: 1px solid @line; }
 QLabel#commandPrompt { color: @accent; font-weight: bold; background: transparent; }
 QLineEdit#commandEdit { background: transparent; border: none; }
+
+QDialog QLineEdit { background: @field; border: 1px solid @faintText; border-radius: 2px; padding: 3px; }
+QDialog QLineEdit:focus { border-color: @accent; }
+QDialog QLineEdit:disabled { border-color: @line; }
+QRadioButton::indicator { width: 12px; height: 12px; border: 1px solid @faintText; border-radius: 7px; background: @field; }
+QRadioButton::indicator:checked { background: qradialgradient(cx: 0.5, cy: 0.5, radius: 0.5, fx: 0.5, fy: 0.5, stop: 0 @accent, stop: 0.5 @accent, stop: 0.6 @field, stop: 1 @field); }
 
 QDockWidget { color: @text; }
 QDockWidget::title { background: @window; padding: 5px 8px; }
