@@ -66,6 +66,7 @@ private slots:
     void prompt();
     void pickedPoint();
     void oneCommandAtATime();
+    void clickThatCancelsACommand();
     void typedLines();
     void zoomKeepsThePointUnderTheCursor();
     void selectionByClick();
@@ -284,6 +285,19 @@ void tst_HostWindow::oneCommandAtATime()
     QVERIFY(m_window->hasAddin());
     QVERIFY(!isClosed);
     QVERIFY(m_window->close());
+}
+
+void tst_HostWindow::clickThatCancelsACommand()
+{
+    m_window->connectAddin(testAddin);
+    QTRY_VERIFY(actionOf(*m_window, QStringLiteral("Test tool")));
+    QString running;
+    Later later({[&] { click(*actionOf(*m_window, QStringLiteral("Test tool"))); },
+                 [&] { running = m_window->session().commands.running(); },
+                 [&] { QTest::keyClick(&edit(*m_window), Qt::Key_Escape); }});
+    type(*m_window, QStringLiteral("testaddin"));
+    QCOMPARE(running, QStringLiteral("TESTADDIN"));
+    QCOMPARE(m_window->commandLine().history().count(QStringLiteral("*Cancel*")), 2);
 }
 
 void tst_HostWindow::typedLines()

@@ -49,7 +49,7 @@ QString askFileName(HostWindow &window, const QString &title, const HostDocument
                      [&](const QString &filter) { dialog.setDefaultSuffix(suffixOf(filter)); });
     if (dialog.exec() != QDialog::Accepted)
         return {};
-    const QString file = dialog.selectedFiles().value(0);
+    QString file = dialog.selectedFiles().value(0);
     if (suffixes.contains(QFileInfo(file).suffix(), Qt::CaseInsensitive))
         return file;
     window.say(QStringLiteral("%1: not written: the name must end in .%2")

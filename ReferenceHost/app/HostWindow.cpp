@@ -35,6 +35,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace refhost {
 
@@ -217,7 +218,9 @@ void HostWindow::enter(const QString &line)
 void HostWindow::runCommand(const QString &commandLine)
 {
     QString name = commandName(commandLine);
-    if (name != commandLine.trimmed()) // it started with "^C"
+    const bool cancelsFirst = name != commandLine.trimmed(); // it started with "^C"
+    const bool cancelsCommand = cancelsFirst && m_prompter->isWaiting();
+    if (cancelsFirst)
         cancel();
     if (name.isEmpty())
         return;
@@ -227,6 +230,10 @@ void HostWindow::runCommand(const QString &commandLine)
     const QString running = m_session.commands.running();
     if (m_prompter->isWaiting() && isTransparent(name)) {
         m_session.commands.runForAddin(name);
+        return;
+    }
+    if (cancelsCommand) {
+        m_nextCommand = name; // once the one that was cancelled has ended
         return;
     }
     if (!running.isEmpty()) {
@@ -242,6 +249,8 @@ void HostWindow::runCommand(const QString &commandLine)
         say(QStringLiteral("%1: no such command").arg(name));
     else if (result == kvRunCommand_Refused)
         say(QStringLiteral("%1: not completed").arg(name));
+    if (!m_nextCommand.isEmpty())
+        runCommand(std::exchange(m_nextCommand, QString()));
 }
 
 void HostWindow::cancel()

@@ -96,6 +96,7 @@ private:
     QLabel *m_coordinates = nullptr;
     QLabel *m_selectionNote = nullptr;
     QLabel *m_addinNote = nullptr;
+    QString m_nextCommand; // waits for the end of one that was cancelled
     bool m_userInterfaceIsDue = false;
     bool m_documentsAreDue = false;
 };
