@@ -18,11 +18,16 @@ constexpr auto webLinkKey = "webLink";
 constexpr auto helpFileKey = "helpFile";
 constexpr auto importFolderKey = "default_dir2"; // read by the add-in, which never writes it
 
+QSettings openStore()
+{
+    return QSettings(QStringLiteral("Korvane"), QStringLiteral("ReferenceHost"));
+}
+
 } // namespace
 
 HostSettings loadHostSettings()
 {
-    const QSettings stored(QStringLiteral("Korvane"), QStringLiteral("ReferenceHost"));
+    const QSettings stored = openStore();
     HostSettings settings;
     settings.language = stored.value(QLatin1String(languageKey), settings.language).toInt();
     settings.theme = stored.value(QLatin1String(themeKey), static_cast<int>(settings.theme)).toInt();
@@ -35,7 +40,7 @@ HostSettings loadHostSettings()
 
 void saveHostSettings(const HostSettings &settings)
 {
-    QSettings stored(QStringLiteral("Korvane"), QStringLiteral("ReferenceHost"));
+    QSettings stored = openStore();
     stored.setValue(QLatin1String(languageKey), settings.language);
     stored.setValue(QLatin1String(themeKey), static_cast<int>(settings.theme));
     stored.setValue(QLatin1String(webHelpKey), settings.webHelp);
@@ -45,7 +50,7 @@ void saveHostSettings(const HostSettings &settings)
 
 void keepImportFolder(const QString &folder)
 {
-    QSettings stored(QStringLiteral("Korvane"), QStringLiteral("ReferenceHost"));
+    QSettings stored = openStore();
     const QString key = QLatin1String(importFolderKey);
     const QString earlier = stored.value(key).toString();
     if (earlier.isEmpty() || !QFileInfo(earlier).isDir())
