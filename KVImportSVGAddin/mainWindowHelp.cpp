@@ -4,54 +4,21 @@
 
 #include "kvAddinConnection.h"
 #include "kvAddinGuard.h"
+#include "kvAddinLanguages.h"
 #include "kvTextConversion.h"
-
-#include <algorithm>
 
 namespace {
 
 constexpr long helpTopic = 15010;
 
-struct HelpLanguage {
-    kvLanguage_e value;
-    const char *name;
-};
-
-/// The languages by the names that the web help knows them by.
-constexpr HelpLanguage helpLanguages[] = {
-    {kvLanguage_English, "English"},
-    {kvLanguage_German, "German"},
-    {kvLanguage_ChineseSimplified, "Chinese-simplified"},
-    {kvLanguage_Chinese, "Chinese"},
-    {kvLanguage_French, "French"},
-    {kvLanguage_Italian, "Italian"},
-    {kvLanguage_Japanese, "Japanese"},
-    {kvLanguage_Korean, "Korean"},
-    {kvLanguage_Polish, "Polish"},
-    {kvLanguage_PortugueseBrazilian, "Portuguese-brazilian"},
-    {kvLanguage_Russian, "Russian"},
-    {kvLanguage_Spanish, "Spanish"},
-    {kvLanguage_Turkish, "Turkish"},
-    {kvLanguage_Czech, "Czech"},
-};
-
-/// Empty for a language that the web help does not have.
-QString helpLanguageName(kvLanguage_e language)
-{
-    const auto *row =
-        std::find_if(std::begin(helpLanguages), std::end(helpLanguages),
-                     [language](const HelpLanguage &candidate) { return candidate.value == language; });
-    return row == std::end(helpLanguages) ? QString() : QString::fromLatin1(row->name);
-}
-
 void openWebHelp(kvApplication_c &host)
 {
     kvString link;
     host.GetWebLink(&link);
-    kvLanguage_e language{};
-    host.GetLanguage(&language);
+    const AddinLanguage *language = languageOf(&host);
 
-    const QString address = toQString(link) + QStringLiteral("?P=16&L=") + helpLanguageName(language)
+    const QString address = toQString(link) + QStringLiteral("?P=16&L=")
+        + QLatin1String(language ? language->webHelp : "")
         + QStringLiteral("&V=2019&C=KorvaneSW&I=%1").arg(helpTopic);
     bool opened = false;
     host.OpenWebHelp(toKvString(address), &opened);

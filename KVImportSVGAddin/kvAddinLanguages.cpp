@@ -1,0 +1,41 @@
+// One row for each language, with all that depends on it.
+
+#include "kvAddinLanguages.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+// The names are meant as they stand: "japnese" is what the file is called, and the Italian and Brazilian ones
+// name no file, so that these two get their locale and the source texts.
+// clang-format off
+constexpr AddinLanguage languages[] = {
+    {kvLanguage_English, QLocale::English, ":/translation/ImportSVG_english.qm", "English"},
+    {kvLanguage_German, QLocale::German, ":/translation/ImportSVG_german.qm", "German"},
+    {kvLanguage_ChineseSimplified, QLocale::Chinese, ":/translation/ImportSVG_chinese-simplified.qm", "Chinese-simplified"},
+    {kvLanguage_Chinese, QLocale::Chinese, ":/translation/ImportSVG_chinese.qm", "Chinese"},
+    {kvLanguage_French, QLocale::French, ":/translation/ImportSVG_french.qm", "French"},
+    {kvLanguage_Italian, QLocale::Italian, ":/translation/KVHestamo_italian.qm", "Italian"},
+    {kvLanguage_Japanese, QLocale::Japanese, ":/translation/ImportSVG_japnese.qm", "Japanese"},
+    {kvLanguage_Korean, QLocale::Korean, ":/translation/ImportSVG_korean.qm", "Korean"},
+    {kvLanguage_Polish, QLocale::Polish, ":/translation/ImportSVG_polish.qm", "Polish"},
+    {kvLanguage_PortugueseBrazilian, QLocale::Portuguese, ":/translation/ImportSVG_portugese-brazil.qm", "Portuguese-brazilian"},
+    {kvLanguage_Russian, QLocale::Russian, ":/translation/ImportSVG_russian.qm", "Russian"},
+    {kvLanguage_Spanish, QLocale::Spanish, ":/translation/ImportSVG_spanish.qm", "Spanish"},
+    {kvLanguage_Turkish, QLocale::Turkish, ":/translation/ImportSVG_turkish.qm", "Turkish"},
+    {kvLanguage_Czech, QLocale::Czech, ":/translation/ImportSVG_czech.qm", "Czech"},
+};
+// clang-format on
+
+} // namespace
+
+const AddinLanguage *languageOf(kvApplication_c *host)
+{
+    kvLanguage_e asked{}; // none of the table, should the host not answer
+    if (host)
+        host->GetLanguage(&asked);
+    const auto *row = std::find_if(std::begin(languages), std::end(languages),
+                                   [asked](const AddinLanguage &language) { return language.host == asked; });
+    return row == std::end(languages) ? nullptr : row;
+}
