@@ -30,3 +30,9 @@ kvInterfacePtr<kvSketchManager_c> sketchManagerOf(kvDocument_c *document)
         model->GetSketchManager(sketchManager.out());
     return sketchManager;
 }
+
+void insertAtOrigin(kvDocument_c *document, const kvString &name, kvInterfacePtr<kvBlockInstance_c> &instance)
+{
+    if (const auto sketchManager = sketchManagerOf(document))
+        sketchManager->InsertBlock2(name, 0.0, 0.0, 0.0, 1.0, 1.0, 1.0, 0.0, instance.out());
+}

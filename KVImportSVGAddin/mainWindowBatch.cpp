@@ -210,9 +210,7 @@ void mainWindow::convertFile(const QString &name, QString &lastOutput)
     if (!m_batchDocument)
         return;
 
-    if (const kvInterfacePtr<kvSketchManager_c> sketchManager = sketchManagerOf(m_batchDocument)) {
-        sketchManager->InsertBlock2(blockName, 0.0, 0.0, 0.0, 1.0, 1.0, 1.0, 0.0, m_blockInstance.out());
-    }
+    insertAtOrigin(m_batchDocument, blockName, m_blockInstance);
     On_explode_checkBox_checked(ui->explode_checkBox->isChecked());
     saveBatchDrawing(output + QStringLiteral(".dwg"), lastOutput);
     // Empty again for the next file.

@@ -98,18 +98,15 @@ void Converter::finishPending()
 void Converter::save(const Pending &pending)
 {
     const refhost::EncodedDrawing encoded = m_encoder.take(pending.ticket);
-    const QString error = refhost::writeDrawingFile(pending.drawingFile, encoded);
-    if (!error.isEmpty()) {
-        m_report.failed(QStringLiteral("%1: not saved: %2").arg(pending.drawingFile, error));
+    const auto isSaved = [this](const QString &file, const QString &error) {
+        if (!error.isEmpty())
+            m_report.failed(QStringLiteral("%1: not saved: %2").arg(file, error));
+        return error.isEmpty();
+    };
+    if (!isSaved(pending.drawingFile, refhost::writeDrawingFile(pending.drawingFile, encoded)))
         return;
-    }
-    if (m_options.preview) {
-        const QString picture = OutputPaths::pictureBeside(pending.drawingFile);
-        const QString pictureError = refhost::writePicture(pending.document->drawing, picture);
-        if (!pictureError.isEmpty()) {
-            m_report.failed(QStringLiteral("%1: not saved: %2").arg(picture, pictureError));
-            return;
-        }
-    }
+    const QString picture = OutputPaths::pictureBeside(pending.drawingFile);
+    if (m_options.preview && !isSaved(picture, refhost::writePicture(pending.document->drawing, picture)))
+        return;
     m_report.converted(pending.input, pending.drawingFile, pending.counts);
 }

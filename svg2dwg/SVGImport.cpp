@@ -47,8 +47,7 @@ void insertBlock(kvApplication_c &application, const kvString &name, bool explod
     kvInterfacePtr<kvDocument_c> document;
     kvInterfacePtr<kvBlockInstance_c> instance;
     application.GetActiveDocument(document.out());
-    if (const auto sketchManager = sketchManagerOf(document.get()))
-        sketchManager->InsertBlock2(name, 0.0, 0.0, 0.0, 1.0, 1.0, 1.0, 0.0, instance.out());
+    insertAtOrigin(document.get(), name, instance);
     if (instance && explode)
         instance->Explode();
 }
