@@ -4,11 +4,24 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace refhost {
 
 QString HostDocument::shownName() const
 {
     return fileName.isEmpty() ? title : QFileInfo(fileName).fileName();
+}
+
+void HostDocument::select(EntityId id)
+{
+    deselect(id);
+    selection.push_back(id);
+}
+
+void HostDocument::deselect(EntityId id)
+{
+    selection.erase(std::remove(selection.begin(), selection.end(), id), selection.end());
 }
 
 void HostDocument::selectAll()

@@ -33,6 +33,9 @@ struct HostDocument {
     /// The name of its file without the folder, or its title.
     QString shownName() const;
 
+    /// Adds an entity to the selection, or takes it out; nothing happens when that is so already.
+    void select(EntityId id);
+    void deselect(EntityId id);
     void selectAll();
     void eraseSelection();
 };

@@ -14,12 +14,16 @@ DocumentTabs::DocumentTabs(QWidget *parent)
     setExpanding(false);
     setFocusPolicy(Qt::NoFocus);
     setElideMode(Qt::ElideMiddle);
-    connect(this, &QTabBar::currentChanged, this, &DocumentTabs::activationRequested);
+    connect(this, &QTabBar::currentChanged, this, [this](int index) {
+        if (index >= 0)
+            emit activationRequested(m_documents[static_cast<std::size_t>(index)]);
+    });
 }
 
 void DocumentTabs::showDocuments(const std::vector<HostDocumentPtr> &documents, const HostDocumentPtr &active)
 {
     const QSignalBlocker blocker(this);
+    m_documents = documents;
     while (count() > static_cast<int>(documents.size()))
         removeTab(count() - 1);
     for (int i = 0; i < static_cast<int>(documents.size()); ++i) {
@@ -45,7 +49,7 @@ void DocumentTabs::addClosableTab()
     connect(button, &QToolButton::clicked, this, [this, button] {
         for (int i = 0; i < count(); ++i) {
             if (tabButton(i, QTabBar::RightSide) == button)
-                return emit closeRequested(i);
+                return emit closeRequested(m_documents[static_cast<std::size_t>(i)]);
         }
     });
 }

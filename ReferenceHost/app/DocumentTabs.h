@@ -18,13 +18,15 @@ public:
     void showDocuments(const std::vector<HostDocumentPtr> &documents, const HostDocumentPtr &active);
 
 signals:
-    /// The user wants the drawing number `index` in front.
-    void activationRequested(int index);
-    /// The user wants the drawing number `index` closed.
-    void closeRequested(int index);
+    /// The user wants the drawing in front.
+    void activationRequested(const refhost::HostDocumentPtr &document);
+    /// The user wants the drawing closed.
+    void closeRequested(const refhost::HostDocumentPtr &document);
 
 private:
     void addClosableTab();
+
+    std::vector<HostDocumentPtr> m_documents; // one for each tab
 };
 
 /// What a tab and the title call `document`: its name, with a star while it has unsaved changes.

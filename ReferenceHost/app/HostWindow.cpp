@@ -65,6 +65,13 @@ QString coordinateText(double coordinate)
                                                    : QString::number(coordinate, 'g', 15);
 }
 
+/// The command that is meant by what was typed: the host's own need no underscore.
+QString knownName(const CommandRegistry &commands, const QString &typed)
+{
+    const QString ownName = QLatin1Char('_') + typed;
+    return !commands.find(typed) && commands.find(ownName) ? ownName : typed;
+}
+
 /// Whether a command may run while another one waits for an answer: those that only change what is seen.
 bool isTransparent(const QString &command)
 {
@@ -72,12 +79,16 @@ bool isTransparent(const QString &command)
     return transparent.contains(command, Qt::CaseInsensitive);
 }
 
-/// Calls `show` when the host has time, once however often it is asked for until then.
+/// Calls `show`, which is no longer due afterwards, when the host has time: once however often it is asked
+/// for until then, and not when something else has shown it by then.
 void showSoon(HostWindow &window, bool &isDue, void (HostWindow::*show)())
 {
-    if (!isDue)
-        QTimer::singleShot(0, &window, show);
-    isDue = true;
+    if (std::exchange(isDue, true))
+        return;
+    QTimer::singleShot(0, &window, [&window, &isDue, show] {
+        if (isDue)
+            (window.*show)();
+    });
 }
 
 } // namespace
@@ -217,30 +228,27 @@ void HostWindow::enter(const QString &line)
 
 void HostWindow::runCommand(const QString &commandLine)
 {
-    QString name = commandName(commandLine);
-    const bool cancelsFirst = name != commandLine.trimmed(); // it started with "^C"
-    const bool cancelsCommand = cancelsFirst && m_prompter->isWaiting();
-    if (cancelsFirst)
+    const QString typed = commandName(commandLine);
+    const bool wasWaiting = m_prompter->isWaiting();
+    if (typed != commandLine.trimmed()) // it started with "^C"
         cancel();
-    if (name.isEmpty())
+    if (typed.isEmpty())
         return;
-    const QString ownName = QLatin1Char('_') + name;
-    if (!m_session.commands.find(name) && m_session.commands.find(ownName))
-        name = ownName; // the host's own commands need no underscore when typed
-    const QString running = m_session.commands.running();
-    if (m_prompter->isWaiting() && isTransparent(name)) {
-        m_session.commands.runForAddin(name);
-        return;
-    }
-    if (cancelsCommand) {
-        m_nextCommand = name; // once the one that was cancelled has ended
-        return;
-    }
-    if (!running.isEmpty()) {
-        say(QStringLiteral("%1: not run: %2 still runs").arg(name, running));
-        return;
-    }
 
+    const QString name = knownName(m_session.commands, typed);
+    const QString running = m_session.commands.running();
+    if (running.isEmpty())
+        runAndReport(name);
+    else if (wasWaiting && !m_prompter->isWaiting())
+        m_nextCommand = name; // once the one that was cancelled has ended
+    else if (wasWaiting && isTransparent(name))
+        m_session.commands.runForAddin(name);
+    else
+        say(QStringLiteral("%1: not run: %2 still runs").arg(name, running));
+}
+
+void HostWindow::runAndReport(const QString &name)
+{
     kvRunCommandError_e result = kvRunCommand_Succeeded;
     const QString thrown = guarded([&] { result = m_session.commands.runForUser(name); });
     if (!thrown.isEmpty())
@@ -250,7 +258,7 @@ void HostWindow::runCommand(const QString &commandLine)
     else if (result == kvRunCommand_Refused)
         say(QStringLiteral("%1: not completed").arg(name));
     if (!m_nextCommand.isEmpty())
-        runCommand(std::exchange(m_nextCommand, QString()));
+        runAndReport(std::exchange(m_nextCommand, QString()));
 }
 
 void HostWindow::cancel()
@@ -441,24 +449,18 @@ void HostWindow::showDocuments()
 }
 
 /// A running command draws into the drawing in front, so that one stays there.
-void HostWindow::activateDocument(int index)
+void HostWindow::activateDocument(const HostDocumentPtr &document)
 {
     if (!isBetweenCommands()) {
         showDocuments();
         return;
     }
-    const auto &documents = m_session.documents();
-    if (index >= 0 && index < static_cast<int>(documents.size()))
-        m_session.activate(documents[static_cast<std::size_t>(index)]);
+    m_session.activate(document);
 }
 
-void HostWindow::closeDocument(int index)
+void HostWindow::closeDocument(const HostDocumentPtr &document)
 {
-    const auto &documents = m_session.documents();
-    if (index < 0 || index >= static_cast<int>(documents.size()) || !isBetweenCommands())
-        return;
-    const HostDocumentPtr document = documents[static_cast<std::size_t>(index)];
-    if (mayClose(document))
+    if (isBetweenCommands() && mayClose(document))
         m_session.close(document);
 }
 
@@ -467,15 +469,12 @@ void HostWindow::select(EntityId id, bool removes)
     const HostDocumentPtr document = m_session.activeDocument();
     if (!document)
         return;
-    std::vector<EntityId> &selection = document->selection;
-    if (id == 0) {
-        if (!removes)
-            selection.clear();
-    } else {
-        selection.erase(std::remove(selection.begin(), selection.end(), id), selection.end());
-        if (!removes)
-            selection.push_back(id);
-    }
+    if (removes)
+        document->deselect(id);
+    else if (id == 0)
+        document->selection.clear();
+    else
+        document->select(id);
     m_session.notifyDocumentsChanged();
 }
 

@@ -65,6 +65,7 @@ private:
     void build();
     void provideServices();
     void runCommand(const QString &commandLine);
+    void runAndReport(const QString &name);
     bool isBetweenCommands();
 
     // What changed in the session is shown when the host has time for it: one command changes a lot.
@@ -75,8 +76,8 @@ private:
     void showDocumentsSoon();
     void showDocuments();
 
-    void activateDocument(int index);
-    void closeDocument(int index);
+    void activateDocument(const HostDocumentPtr &document);
+    void closeDocument(const HostDocumentPtr &document);
     void select(EntityId id, bool removes);
     void cancel();
     bool mayClose(const HostDocumentPtr &document);

@@ -142,14 +142,15 @@ UserInterfaceNodePtr makeNode(const char *id, const char *name, const char *comm
     return node;
 }
 
-UserInterfaceNode &menuOf(UserInterfaceModel &model, const char *id)
+void addMenuEntries(UserInterfaceNode &menuBar)
 {
-    for (const UserInterfaceNodePtr &menu : model.menuBar.children) {
-        if (menu->id == QLatin1String(id))
-            return *menu;
+    menuBar.children.push_back(makeNode("ID_Tools", "&Tools", ""));
+    for (const UserInterfaceNodePtr &menu : menuBar.children) {
+        for (const MenuEntry &entry : menuEntries) {
+            if (menu->id == QLatin1String(entry.menuId))
+                menu->children.push_back(makeNode(entry.id, entry.name, entry.command));
+        }
     }
-    model.menuBar.children.push_back(makeNode(id, "&Tools", ""));
-    return *model.menuBar.children.back();
 }
 
 } // namespace
@@ -167,10 +168,7 @@ void addWindowCommands(HostWindow &window)
             return command.body(window, document);
         });
     }
-    for (const MenuEntry &entry : menuEntries) {
-        menuOf(session.userInterface, entry.menuId)
-            .children.push_back(makeNode(entry.id, entry.name, entry.command));
-    }
+    addMenuEntries(session.userInterface.menuBar);
 }
 
 } // namespace refhost
