@@ -1,6 +1,7 @@
 // The host's window, used the way a user does: by typing and by clicking.
 
 #include "HostWindowDriver.h"
+#include "ModalAnswers.h"
 
 #include "app/Canvas.h"
 #include "app/HostSettingsStore.h"
@@ -8,10 +9,7 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -417,13 +415,8 @@ void tst_HostWindow::fileDialogNamesThePicture()
     QFETCH(QString, written);
 
     const QTemporaryDir folder;
-    Later later({[] {},
-                 [path = folder.filePath(typed)] {
-                     auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-                     QVERIFY(dialog);
-                     dialog->findChild<QLineEdit *>()->setText(path);
-                     dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Save)->click();
-                 }});
+    ModalAnswers answers;
+    answers.choose(folder.filePath(typed));
     click(*actionOf(*m_window, QStringLiteral("Export Picture")));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(' '), written);
     QCOMPARE(hasSaid(*m_window, QStringLiteral("must end in .png")), written.isEmpty());
@@ -504,26 +497,20 @@ void tst_HostWindow::unsavedDrawing()
     document->fileName = fileName;
     document->drawing.add(Line{{0, 0, 0}, {10, 5, 0}});
 
-    int asked = 0;
-    const auto answerBox = [&] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        QVERIFY(box);
-        ++asked;
-        QTest::mouseClick(box->button(static_cast<QMessageBox::StandardButton>(answer)), Qt::LeftButton);
-    };
-    {
-        Later later({[] {}, answerBox});
-        QCOMPARE(m_window->close(), closes);
-    }
-    QCOMPARE(asked, 1);
+    ModalAnswers answers;
+    const auto button = static_cast<QMessageBox::StandardButton>(answer);
+    answers.press(button);
+    QCOMPARE(m_window->close(), closes);
+    QCOMPARE(answers.messages.size(), 1);
     QCOMPARE(QFileInfo::exists(fileName), closes && answer == QMessageBox::Save);
     QCOMPARE(document->isModified(), answer != QMessageBox::Save || !closes);
 
     // Closing the tab asks as the window does, unless there is nothing left to save.
     const bool asksAgain = document->isModified();
-    Later later({[] {}, asksAgain ? std::function<void()>(answerBox) : [] {}});
+    if (asksAgain)
+        answers.press(button);
     type(*m_window, QStringLiteral("_CLOSE"));
-    QCOMPARE(asked, asksAgain ? 2 : 1);
+    QCOMPARE(answers.messages.size(), asksAgain ? 2 : 1);
     QCOMPARE(m_window->session().documents().empty(), closes);
 }
 
