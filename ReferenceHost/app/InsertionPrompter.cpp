@@ -28,6 +28,31 @@ std::optional<double> numberFromText(const QString &text)
     return ok && std::isfinite(number) ? std::make_optional(number) : std::nullopt;
 }
 
+/// A point typed as "x,y" or "x,y,z"; blanks around the numbers are allowed.
+std::optional<Point> pointFromText(const QString &text)
+{
+    const QStringList parts = text.split(QLatin1Char(','));
+    if (parts.size() != 2 && parts.size() != 3)
+        return {};
+    double numbers[3] = {0.0, 0.0, 0.0};
+    for (int i = 0; i < parts.size(); ++i) {
+        const std::optional<double> number = numberFromText(parts[i]);
+        if (!number)
+            return {};
+        numbers[i] = *number;
+    }
+    return Point{numbers[0], numbers[1], numbers[2]};
+}
+
+/// A point as it is typed; z is left out when it is 0.
+QString textFromPoint(const Point &point)
+{
+    QString text = textFromNumber(point.x) + QLatin1Char(',') + textFromNumber(point.y);
+    if (point.z != 0.0)
+        text += QLatin1Char(',') + textFromNumber(point.z);
+    return text;
+}
+
 std::optional<Point> scaleFromText(const QString &text)
 {
     const std::optional<double> factor = numberFromText(text);
@@ -153,29 +178,6 @@ void InsertionPrompter::cancel()
         return;
     m_answer.reset();
     std::exchange(m_loop, nullptr)->quit();
-}
-
-std::optional<Point> pointFromText(const QString &text)
-{
-    const QStringList parts = text.split(QLatin1Char(','));
-    if (parts.size() != 2 && parts.size() != 3)
-        return {};
-    double numbers[3] = {0.0, 0.0, 0.0};
-    for (int i = 0; i < parts.size(); ++i) {
-        const std::optional<double> number = numberFromText(parts[i]);
-        if (!number)
-            return {};
-        numbers[i] = *number;
-    }
-    return Point{numbers[0], numbers[1], numbers[2]};
-}
-
-QString textFromPoint(const Point &point)
-{
-    QString text = textFromNumber(point.x) + QLatin1Char(',') + textFromNumber(point.y);
-    if (point.z != 0.0)
-        text += QLatin1Char(',') + textFromNumber(point.z);
-    return text;
 }
 
 } // namespace refhost

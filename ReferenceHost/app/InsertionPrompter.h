@@ -42,10 +42,4 @@ private:
     std::optional<QString> m_answer;
 };
 
-/// A point typed as "x,y" or "x,y,z"; blanks around the numbers are allowed.
-std::optional<Point> pointFromText(const QString &text);
-
-/// A point as it is typed; z is left out when it is 0.
-QString textFromPoint(const Point &point);
-
 } // namespace refhost

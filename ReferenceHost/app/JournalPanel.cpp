@@ -51,11 +51,6 @@ JournalPanel::~JournalPanel()
     m_journal.end();
 }
 
-QString JournalPanel::text() const
-{
-    return m_lines->toPlainText();
-}
-
 void JournalPanel::record(bool shown)
 {
     if (!shown)

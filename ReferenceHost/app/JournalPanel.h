@@ -19,8 +19,6 @@ public:
     explicit JournalPanel(CallJournal &journal, QWidget *parent = nullptr);
     ~JournalPanel() override;
 
-    QString text() const;
-
 private:
     void record(bool shown);
     void take(const QByteArray &line);
