@@ -4,43 +4,26 @@
 
 #include "SVGBlockBuilder.h"
 #include "SVGImportSteps.h"
-#include "XMLDiagnosis.h"
 
+#include "SVGPreparation/SVGFile.h"
 #include "XMLParser/CannotOpenMessage.h"
-
-#include <QFile>
-#include <QFileInfo>
 
 namespace {
 
-/// Notes that the reader could not open a file, where the dialog would show a message box (twice, since it
-/// loads the file twice).
-class CannotOpenWatch {
+/// Keeps the reader from showing its message box, which would wait for a click.
+class SilentCannotOpen {
 public:
-    CannotOpenWatch()
-        : m_earlier(setCannotOpenMessage([this](const QString &) { m_seen = true; }))
+    SilentCannotOpen()
+        : m_earlier(setCannotOpenMessage([](const QString &) {}))
     {
     }
-    ~CannotOpenWatch() { setCannotOpenMessage(m_earlier); }
-    CannotOpenWatch(const CannotOpenWatch &) = delete;
-    CannotOpenWatch &operator=(const CannotOpenWatch &) = delete;
-
-    bool seen() const { return m_seen; }
+    ~SilentCannotOpen() { setCannotOpenMessage(m_earlier); }
+    SilentCannotOpen(const SilentCannotOpen &) = delete;
+    SilentCannotOpen &operator=(const SilentCannotOpen &) = delete;
 
 private:
-    bool m_seen = false;
     CannotOpenMessage m_earlier;
 };
-
-QString whyNotOpened(const QString &path)
-{
-    const QFileInfo info(path);
-    if (info.exists() && !info.isFile())
-        return QStringLiteral("%1: cannot be read: not a regular file").arg(path);
-    QFile file(path);
-    file.open(QIODevice::ReadOnly);
-    return QStringLiteral("%1: cannot be read: %2").arg(path, file.errorString());
-}
 
 void insertBlock(kvApplication_c &application, const kvString &name, bool explode)
 {
@@ -56,11 +39,14 @@ void insertBlock(kvApplication_c &application, const kvString &name, bool explod
 
 std::optional<QByteArray> loadedSvgText(const QString &path, ImportError &error)
 {
-    const CannotOpenWatch cannotOpen;
+    const SilentCannotOpen silent;
     const QByteArray svgText = loadSvgText(path);
     if (!svgText.isEmpty())
         return svgText;
-    error.text = cannotOpen.seen() || path.isEmpty() ? whyNotOpened(path) : xmlProblem(path);
+    error.text = svgprep::loadedSvg(path).error;
+    if (error.text.isEmpty())
+        error.text = QStringLiteral("%1: not converted: compressed files are read without --no-prepare only")
+                         .arg(path);
     return {};
 }
 

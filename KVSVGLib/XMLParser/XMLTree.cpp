@@ -52,21 +52,6 @@ private:
     XMLGuard m_guard;
 };
 
-/// All that `device` still holds, decoded as QDomDocument would: the input source looks for a byte order mark
-/// and an encoding declaration.
-QString decodedText(QIODevice &device)
-{
-    QXmlInputSource source(&device);
-    QString text;
-    text.reserve(static_cast<int>(qMin<qint64>(device.bytesAvailable(), largestXmlFile)));
-    for (QString part = source.data(); !part.isEmpty() && text.size() <= largestXmlFile;
-         part = source.data()) {
-        text += part;
-        source.fetchData();
-    }
-    return text;
-}
-
 } // namespace
 
 QDomDocument documentFromText(const QString &text)
@@ -90,6 +75,19 @@ QDomDocument documentFromText(const QString &text)
     return unguarded;
 }
 
+QString textFromDevice(QIODevice &device)
+{
+    QXmlInputSource source(&device);
+    QString text;
+    text.reserve(static_cast<int>(qMin<qint64>(device.bytesAvailable(), largestXmlFile)));
+    for (QString part = source.data(); !part.isEmpty() && text.size() <= largestXmlFile;
+         part = source.data()) {
+        text += part;
+        source.fetchData();
+    }
+    return text;
+}
+
 QDomDocument documentFromDevice(QIODevice &device)
 {
     QXmlInputSource source(&device);
@@ -100,6 +98,6 @@ QDomDocument documentFromDevice(QIODevice &device)
     // The few texts that declare something, or refer to undeclared entities, are parsed again from memory;
     // keeping every text there would make loading a path of 200,000 numbers take a quarter longer.
     if (reader.guard().lacksText() && device.seek(0))
-        return documentFromText(decodedText(device));
+        return documentFromText(textFromDevice(device));
     return QDomDocument();
 }

@@ -1,12 +1,14 @@
 // Parses a refused file once more, with a reader that keeps its stack on the heap and knows where it is. The
 // load itself asks for no error message.
 
-#include "XMLDiagnosis.h"
+#include "SVGPreparation/XMLDiagnosis.h"
 
 #include "XMLParser/XMLLimits.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QXmlStreamReader>
+
+namespace svgprep {
 
 namespace {
 
@@ -39,20 +41,18 @@ QString problemInText(QIODevice &file)
 
 } // namespace
 
-QString xmlProblem(const QString &path)
+QString xmlProblem(const QByteArray &bytes, const QString &name)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        return QStringLiteral("%1: cannot be read: %2").arg(path, file.errorString());
-    if (file.size() == 0)
-        return QStringLiteral("%1:1:1: not well-formed XML: the file is empty").arg(path);
-    if (file.size() > largestXmlFile)
-        return QStringLiteral("%1: not converted: larger than %2 MiB")
-            .arg(path)
-            .arg(largestXmlFile / (1024 * 1024));
+    if (bytes.isEmpty())
+        return QStringLiteral("%1:1:1: not well-formed XML: the file is empty").arg(name);
 
-    const QString problem = problemInText(file);
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly | QIODevice::Text);
+    const QString problem = problemInText(buffer);
     if (problem.isEmpty())
-        return QStringLiteral("%1: not converted: refused as XML").arg(path);
-    return path + QLatin1Char(':') + problem;
+        return QStringLiteral("%1: not converted: refused as XML").arg(name);
+    return name + QLatin1Char(':') + problem;
 }
+
+} // namespace svgprep
