@@ -22,6 +22,7 @@ struct KindName {
 constexpr KindName kindNames[] = {
     {Omission::Picture, Shown::NotAtAll, "picture", "pictures"},
     {Omission::TextOnPath, Shown::NotAtAll, "text on a path", "texts on paths"},
+    {Omission::OtherFile, Shown::NotAtAll, "use of another file", "uses of other files"},
     {Omission::ForeignObject, Shown::NotAtAll, "foreign object", "foreign objects"},
     {Omission::Animation, Shown::NotAtAll, "animation", "animations"},
     {Omission::Script, Shown::NotAtAll, "script", "scripts"},

@@ -12,6 +12,7 @@ namespace svgprep {
 enum class Omission {
     Picture,
     TextOnPath,
+    OtherFile,
     ForeignObject,
     Animation,
     Script,

@@ -1,10 +1,30 @@
-// Draws nothing yet.
+// The way of one file: read its sheet, walk its tree, write the plain SVG.
 
 #include "SVGPreparation/SVGPreparation.h"
 
-#include <QStringList>
+#include "SVGPreparation/TreeWalk.h"
 
 namespace svgprep {
+
+namespace {
+
+double fontSizeOf(SourceTree &source)
+{
+    Declared declared;
+    declare(source.root(), source.styleSheet(), declared);
+    return styleOf(declared, {}, {}).inherited.font.size;
+}
+
+/// The page of a file that states no size, found by drawing it once.
+Page drawnPage(SourceTree &source, const PageSetup &setup, const PreparationOptions &options)
+{
+    Omissions counted;
+    PlainSVG trial(setup.page, options.flattenTolerance);
+    TreeWalk(source, options.text, counted).draw(setup, trial);
+    return pageAround(trial.extents());
+}
+
+} // namespace
 
 QStringList PreparedSvg::notes() const
 {
@@ -16,10 +36,23 @@ QStringList PreparedSvg::notes() const
     return lines;
 }
 
-PreparedSvg prepared(const QDomDocument &document, const PreparationOptions & /*options*/)
+PreparedSvg prepared(const QDomDocument &document, const PreparationOptions &options)
 {
     PreparedSvg result;
-    result.plainText = document.toString(1).toUtf8();
+    SourceTree source(document, result.omissions);
+    if (source.root().tagName() != QLatin1String("svg")) {
+        result.error = QStringLiteral("it holds no SVG drawing");
+        return result;
+    }
+    PageSetup setup = pageSetup(source.root(), fontSizeOf(source), options.unit);
+    if (!setup.hasSize)
+        setup.page = drawnPage(source, setup, options);
+    PlainSVG plain(setup.page, options.flattenTolerance);
+    result.error = TreeWalk(source, options.text, result.omissions).draw(setup, plain);
+    if (result.error.isEmpty())
+        result.plainText = plain.text();
+    result.lacksPhysicalSize = options.unit != DrawingUnit::UserUnit && !setup.hasPhysicalSize;
+    result.shapes = plain.shapeCount();
     return result;
 }
 

@@ -1,0 +1,30 @@
+// The grid that all coordinates of a plain SVG lie on: decimal fractions fine enough for the drawing's size.
+
+#pragma once
+
+#include <QByteArray>
+#include <QPointF>
+
+namespace svgprep {
+
+/// Rounds numbers so that what is written is what was computed with: a plain SVG read again gives the same
+/// numbers.
+class DrawingGrid {
+public:
+    /// A grid for a drawing of this size (its larger side), some ten digits finer.
+    explicit DrawingGrid(double size);
+
+    /// The number of the grid nearest to `value`.
+    double snapped(double value) const;
+    QPointF snapped(QPointF point) const { return {snapped(point.x()), snapped(point.y())}; }
+
+    /// Appends `value` as a decimal number without exponent and without needless zeros.
+    void append(QByteArray &text, double value) const;
+    QByteArray text(double value) const;
+
+private:
+    int m_decimals;
+    double m_power; // ten to the number of decimals
+};
+
+} // namespace svgprep

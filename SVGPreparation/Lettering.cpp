@@ -1,0 +1,106 @@
+// Finds fonts by the names that a file lists, and scales what they say.
+
+#include "SVGPreparation/Lettering.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace svgprep {
+
+namespace {
+
+constexpr int facePixels = 256;
+/// Qt's font engine counts 26 bits of pixels, and its time grows faster than a very long text.
+constexpr int longestPiece = 4096;
+constexpr int mostFamilies = 16;
+
+/// The names in `families`, which are separated by commas and may be quoted. Browsers take a serif font where
+/// none is named or known.
+QStringList familyNames(const QString &families)
+{
+    QStringList names;
+    for (const QString &part : families.split(QLatin1Char(','))) {
+        QString name = part.trimmed();
+        if (name.size() > 1 && (name.startsWith(QLatin1Char('"')) || name.startsWith(QLatin1Char('\''))))
+            name = name.mid(1, name.size() - 2);
+        if (!name.isEmpty() && names.size() < mostFamilies)
+            names << name;
+    }
+    return names << QStringLiteral("serif");
+}
+
+/// Qt's weights for those of CSS, 100 to 900 in steps of 100.
+int qtWeight(int weight)
+{
+    constexpr int weights[] = {QFont::Thin,   QFont::ExtraLight, QFont::Light,
+                               QFont::Normal, QFont::Medium,     QFont::DemiBold,
+                               QFont::Bold,   QFont::ExtraBold,  QFont::Black};
+    return weights[std::clamp((weight + 50) / 100, 1, 9) - 1];
+}
+
+/// What spacing adds to the advance of `text`.
+double spacing(const QString &text, const TextFont &font)
+{
+    if (font.letterSpacing == 0.0 && font.wordSpacing == 0.0)
+        return 0.0;
+    return text.size() * font.letterSpacing + text.count(QLatin1Char(' ')) * font.wordSpacing;
+}
+
+} // namespace
+
+double Lettering::advance(const QString &text, const TextFont &font)
+{
+    const Face &face = this->face(font);
+    double pixels = 0.0;
+    for (int i = 0; i < text.size(); i += longestPiece)
+        pixels += face.metrics.horizontalAdvance(text.mid(i, longestPiece));
+    return pixels * font.size / facePixels + spacing(text, font);
+}
+
+FontReach Lettering::reach(const TextFont &font)
+{
+    const QFontMetricsF &metrics = face(font).metrics;
+    const double scale = font.size / facePixels;
+    return {metrics.ascent() * scale, metrics.descent() * scale, metrics.xHeight() * scale};
+}
+
+QPainterPath Lettering::outlines(const QString &text, const TextFont &font)
+{
+    const Face &face = this->face(font);
+    const double scale = font.size / facePixels;
+    QPainterPath path;
+    double left = 0.0;
+    for (int i = 0; i < text.size(); i += longestPiece) {
+        const QString piece = text.mid(i, longestPiece);
+        QFont spaced = face.font;
+        if (font.letterSpacing != 0.0 && scale > 0.0)
+            spaced.setLetterSpacing(QFont::AbsoluteSpacing, font.letterSpacing / scale);
+        if (font.wordSpacing != 0.0 && scale > 0.0)
+            spaced.setWordSpacing(font.wordSpacing / scale);
+        path.addText(left, 0.0, spaced, piece);
+        left += advance(piece, font) / scale;
+    }
+    return QTransform::fromScale(scale, scale).map(path);
+}
+
+const Lettering::Face &Lettering::face(const TextFont &font)
+{
+    const QString key =
+        QStringLiteral("%1 %2 %3").arg(font.weight).arg(int(font.isItalic)).arg(font.families);
+    const auto known = m_faces.constFind(key);
+    if (known != m_faces.constEnd())
+        return *known;
+
+    QFont face;
+    const QStringList names = familyNames(font.families);
+    face.setFamily(names.first());
+    face.setFamilies(names);
+    face.setPixelSize(facePixels);
+    face.setWeight(qtWeight(font.weight));
+    face.setItalic(font.isItalic);
+    face.setHintingPreference(QFont::PreferNoHinting);
+    return *m_faces.insert(key, {face, QFontMetricsF(face)});
+}
+
+} // namespace svgprep

@@ -1,0 +1,69 @@
+// The plain SVG as it grows: shapes come in their own coordinates with a transform and leave as the elements
+// that the import draws completely.
+
+#pragma once
+
+#include "SVGPreparation/DrawingGrid.h"
+#include "SVGPreparation/Outline.h"
+#include "SVGPreparation/RoundShapes.h"
+
+#include <QByteArray>
+#include <QRectF>
+#include <QString>
+
+namespace svgprep {
+
+/// The sheet that a drawing is on.
+struct Page {
+    QRectF viewBox;   ///< drawing units
+    QByteArray width; ///< with its unit, as an attribute
+    QByteArray height;
+    QByteArray aspectRatio; ///< preserveAspectRatio, empty for the usual one
+};
+
+class PlainSVG {
+public:
+    /// An empty drawing. With a `flattenTolerance`, in drawing units, curves become straight runs.
+    PlainSVG(const Page &page, double flattenTolerance);
+
+    /// Each adds a shape; what has no extent, or numbers too large for a drawing, is left out.
+    void addOutline(const Outline &outline, const QTransform &transform);
+    void addRectangle(const QRectF &rectangle, const QTransform &transform);
+    void addEllipse(const UprightEllipse &ellipse, const QTransform &transform);
+    /// Adds one line of text, its left end and its size in drawing units.
+    void addText(const QString &text, QPointF leftEnd, double size);
+
+    /// How many lines, curves and other entities the import will draw.
+    int shapeCount() const { return m_shapeCount; }
+    /// Whether no more shapes are taken, since no drawing of that size would be any use.
+    bool isFull() const { return m_isFull; }
+    /// The room of all points so far; not valid when there is none.
+    QRectF extents() const;
+
+    /// The whole text, as UTF-8.
+    QByteArray text() const;
+
+private:
+    bool place(Subpath &subpath, const QTransform &transform);
+    void addSubpath(const Subpath &subpath, QByteArray &curves);
+    void addRun(QPointF start, const Segment *first, const Segment *last, QByteArray &curves);
+    void addStraight(const std::vector<QPointF> &points, bool isClosed);
+    void addAsOneRun(const Subpath &subpath);
+    void addCircle(const Circle &circle);
+    void appendPoint(QByteArray &text, QPointF point) const;
+    void appendAttribute(const char *name, double value);
+    void endElement();
+    void extend(QPointF point);
+
+    Page m_page;
+    DrawingGrid m_grid;
+    double m_flattenTolerance;
+    QByteArray m_body;
+    int m_shapeCount = 0;
+    bool m_isFull = false;
+    QPointF m_least;
+    QPointF m_most;
+    bool m_hasExtents = false;
+};
+
+} // namespace svgprep
