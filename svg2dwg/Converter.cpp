@@ -2,8 +2,7 @@
 
 #include "Converter.h"
 
-#include "SVGImport.h"
-
+#include "SVGPreparation/PlainFile.h"
 #include "export/DrawingFile.h"
 #include "view/Picture.h"
 
@@ -13,26 +12,26 @@
 
 namespace {
 
-QString suffixOf(refhost::DrawingFormat format)
+refhost::DrawingFormat drawingFormat(OutputFormat format)
 {
-    return format == refhost::DrawingFormat::Dxf ? QStringLiteral("dxf") : QStringLiteral("dwg");
+    return format == OutputFormat::Dxf ? refhost::DrawingFormat::Dxf : refhost::DrawingFormat::Dwg;
 }
 
 } // namespace
 
 Converter::Converter(refhost::HostSession &session, JournalFile &journal, const Options &options,
-                     Report &report)
+                     OutputPaths &outputs, Report &report)
     : m_session(session)
     , m_journal(journal)
     , m_options(options)
+    , m_outputs(outputs)
     , m_report(report)
-    , m_outputs(options.outputFolder, suffixOf(options.format))
 {
 }
 
 void Converter::convert(const QStringList &files)
 {
-    if (!m_options.dryRun)
+    if (!m_options.dryRun && m_options.format != OutputFormat::PlainSvg)
         m_encoder.prepare();
     for (const QString &file : files)
         convertFile(file);
@@ -41,72 +40,102 @@ void Converter::convert(const QStringList &files)
 
 void Converter::convertFile(const QString &input)
 {
-    const QString drawingFile = m_options.dryRun ? QString() : m_outputs.drawingFor(input);
-    if (!m_options.dryRun && !mayWrite(input, drawingFile))
+    const QString output = m_options.dryRun ? QString() : m_outputs.outputFor(input);
+    if (!m_options.dryRun && !mayWrite(input, output))
         return;
 
     m_journal.announce(input);
-    ImportError error;
-    const std::optional<QByteArray> svgText = loadedSvgText(input, error);
-    if (!svgText) {
+    const SVGText svg = textOf(input);
+    if (!svg.error.isEmpty()) {
         finishPending();
-        m_report.failed(error.text);
+        m_report.failed(svg.error);
         return;
     }
 
-    const refhost::HostDocumentPtr document = drawingFrom(m_session, *svgText, m_options.explode);
-    const EntityCounts counts = countBlockEntities(document->drawing);
+    const refhost::HostDocumentPtr document = drawingFrom(m_session, svg.text, m_options.explode);
+    const ConvertedFile file = {input, output, countBlockEntities(document->drawing), svg.notes, svg.gaps};
     m_session.close(document);
     finishPending();
     if (m_options.dryRun) {
-        m_report.converted(input, {}, counts);
-        return;
+        m_report.converted(file);
+    } else if (m_options.format == OutputFormat::PlainSvg) {
+        savePlainSvg(file, svg.text);
+    } else {
+        m_pending = Pending{file, document,
+                            m_encoder.submit(document->drawing, drawingFormat(m_options.format),
+                                             refhost::BlocksToSave::UsedOnly)};
     }
-    m_pending =
-        Pending{input, drawingFile, document, counts,
-                m_encoder.submit(document->drawing, m_options.format, refhost::BlocksToSave::UsedOnly)};
 }
 
-bool Converter::mayWrite(const QString &input, const QString &drawingFile)
+SVGText Converter::textOf(const QString &input) const
 {
-    const QString earlier = m_outputs.take(drawingFile, input);
-    if (!earlier.isEmpty()) {
+    return m_options.prepare ? preparedText(input, m_options.preparation) : unpreparedText(input);
+}
+
+bool Converter::mayWrite(const QString &input, const QString &output)
+{
+    // Whether names that differ in upper and lower case mean one file can be told once that file exists.
+    if (m_pending && m_pending->file.output.compare(output, Qt::CaseInsensitive) == 0)
         finishPending();
-        m_report.failed(
-            QStringLiteral("%1: not converted: %2 was already made of %3").arg(input, drawingFile, earlier));
+
+    QStringList outputs = {output};
+    if (m_options.preview)
+        outputs << OutputPaths::pictureBeside(output);
+    if (const QString conflict = conflictOf(input, outputs); !conflict.isEmpty()) {
+        finishPending();
+        m_report.failed(QStringLiteral("%1: not converted: %2").arg(input, conflict));
         return false;
     }
-    QStringList outputs = {drawingFile};
-    if (m_options.preview)
-        outputs << OutputPaths::pictureBeside(drawingFile);
-    for (const QString &output : outputs) {
-        if (m_options.force || !QFileInfo::exists(output))
+    for (const QString &file : outputs) {
+        if (m_options.force || !QFileInfo::exists(file))
             continue;
         finishPending();
-        m_report.kept(output);
+        m_report.kept(file);
         return false;
     }
     return true;
 }
 
+QString Converter::conflictOf(const QString &input, const QStringList &outputs)
+{
+    for (const QString &file : outputs) {
+        if (const QString overwritten = m_outputs.inputAt(file); !overwritten.isEmpty())
+            return QStringLiteral("%1 would overwrite the input %2. Choose another folder with -o.")
+                .arg(file, overwritten);
+    }
+    const QString earlier = m_outputs.take(outputs.first(), input);
+    if (!earlier.isEmpty())
+        return QStringLiteral("%1 was already made of %2").arg(outputs.first(), earlier);
+    return {};
+}
+
 void Converter::finishPending()
 {
     if (m_pending)
-        save(*std::exchange(m_pending, std::nullopt));
+        saveDrawing(*std::exchange(m_pending, std::nullopt));
 }
 
-void Converter::save(const Pending &pending)
+void Converter::saveDrawing(const Pending &pending)
 {
+    const QString &output = pending.file.output;
     const refhost::EncodedDrawing encoded = m_encoder.take(pending.ticket);
-    const auto isSaved = [this](const QString &file, const QString &error) {
-        if (!error.isEmpty())
-            m_report.failed(QStringLiteral("%1: not saved: %2").arg(file, error));
-        return error.isEmpty();
-    };
-    if (!isSaved(pending.drawingFile, refhost::writeDrawingFile(pending.drawingFile, encoded)))
+    if (!isSaved(output, refhost::writeDrawingFile(output, encoded)))
         return;
-    const QString picture = OutputPaths::pictureBeside(pending.drawingFile);
+    const QString picture = OutputPaths::pictureBeside(output);
     if (m_options.preview && !isSaved(picture, refhost::writePicture(pending.document->drawing, picture)))
         return;
-    m_report.converted(pending.input, pending.drawingFile, pending.counts);
+    m_report.converted(pending.file);
+}
+
+void Converter::savePlainSvg(const ConvertedFile &file, const QByteArray &plainText)
+{
+    if (isSaved(file.output, svgprep::writePlainFile(file.output, plainText)))
+        m_report.converted(file);
+}
+
+bool Converter::isSaved(const QString &file, const QString &error)
+{
+    if (!error.isEmpty())
+        m_report.failed(QStringLiteral("%1: not saved: %2").arg(file, error));
+    return error.isEmpty();
 }

@@ -6,6 +6,7 @@
 #include "Options.h"
 #include "OutputPaths.h"
 #include "Report.h"
+#include "SVGImport.h"
 
 #include "api/HostSession.h"
 #include "export/EncoderProcess.h"
@@ -14,7 +15,8 @@
 
 class Converter {
 public:
-    Converter(refhost::HostSession &session, JournalFile &journal, const Options &options, Report &report);
+    Converter(refhost::HostSession &session, JournalFile &journal, const Options &options,
+              OutputPaths &outputs, Report &report);
 
     /// Converts `files` in order. Whatever goes wrong with one is reported, and the others go on.
     void convert(const QStringList &files);
@@ -22,24 +24,27 @@ public:
 private:
     /// A drawing that waits for its encoder.
     struct Pending {
-        QString input;
-        QString drawingFile;
+        ConvertedFile file;
         refhost::HostDocumentPtr document;
-        EntityCounts counts;
         refhost::EncoderProcess::Ticket ticket;
     };
 
     void convertFile(const QString &input);
+    SVGText textOf(const QString &input) const;
     /// Whether the outputs of `input` may be written; reports why not.
-    bool mayWrite(const QString &input, const QString &drawingFile);
+    bool mayWrite(const QString &input, const QString &output);
+    /// Why what `input` would overwrite may not be, even by force; empty when all may.
+    QString conflictOf(const QString &input, const QStringList &outputs);
     void finishPending();
-    void save(const Pending &pending);
+    void saveDrawing(const Pending &pending);
+    void savePlainSvg(const ConvertedFile &file, const QByteArray &plainText);
+    bool isSaved(const QString &file, const QString &error);
 
     refhost::HostSession &m_session;
     JournalFile &m_journal;
     const Options &m_options;
+    OutputPaths &m_outputs;
     Report &m_report;
-    OutputPaths m_outputs;
     refhost::EncoderProcess m_encoder;
     std::optional<Pending> m_pending;
 };

@@ -7,7 +7,7 @@
 
 namespace {
 
-void addFolder(const QString &folder, InputFiles &input)
+void addFolder(const QString &folder, const QStringList &nameFilters, InputFiles &input)
 {
     const QDir directory(folder);
     if (!directory.isReadable()) {
@@ -15,8 +15,7 @@ void addFolder(const QString &folder, InputFiles &input)
         return;
     }
     // Qt: name filters match without regard to case unless QDir::CaseSensitive is given.
-    const QStringList names =
-        directory.entryList({QStringLiteral("*.svg")}, QDir::Files | QDir::Hidden, QDir::Name);
+    const QStringList names = directory.entryList(nameFilters, QDir::Files | QDir::Hidden, QDir::Name);
     if (names.isEmpty())
         input.errors << QStringLiteral("%1: the folder holds no SVG files").arg(folder);
     for (const QString &name : names)
@@ -25,12 +24,12 @@ void addFolder(const QString &folder, InputFiles &input)
 
 } // namespace
 
-InputFiles inputFilesFrom(const QStringList &inputs)
+InputFiles inputFilesFrom(const QStringList &inputs, const QStringList &nameFilters)
 {
     InputFiles input;
     for (const QString &path : inputs) {
         if (QFileInfo(path).isDir())
-            addFolder(path, input);
+            addFolder(path, nameFilters, input);
         else
             input.files << path;
     }

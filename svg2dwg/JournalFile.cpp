@@ -19,7 +19,7 @@ QString JournalFile::open(refhost::CallJournal &journal)
 {
     if (m_fileName.isEmpty())
         return {};
-    if (m_fileName != standardOutput()) {
+    if (isFile()) {
         m_file = std::make_unique<QSaveFile>(m_fileName);
         if (!m_file->open(QIODevice::WriteOnly | QIODevice::Unbuffered))
             return error();

@@ -17,6 +17,9 @@ public:
     /// An empty `fileName` means no journal.
     explicit JournalFile(const QString &fileName);
 
+    /// Whether the journal goes into a file of its own.
+    bool isFile() const { return !m_fileName.isEmpty() && m_fileName != standardOutput(); }
+
     /// Has `journal` write into the file. Returns an error text, empty when it went well.
     QString open(refhost::CallJournal &journal);
 

@@ -4,7 +4,8 @@
 
 #include <QCommandLineParser>
 
-#include <optional>
+#include <cmath>
+#include <initializer_list>
 
 namespace {
 
@@ -12,24 +13,81 @@ const auto synopsis = QStringLiteral("FILE|FOLDER... -o FOLDER");
 
 const auto description = QStringLiteral(
     "Converts SVG files to drawings. Each file becomes one block at the origin of a drawing of its own;\n"
-    "a folder stands for the SVG files in it, its subfolders left out.\n"
+    "a folder stands for the SVG files in it (.svg and .svgz), its subfolders left out. Files are prepared\n"
+    "first: what IMPORTSVG would not read is rewritten, so that drawings look like their files.\n"
     "\n"
     "Examples:\n"
     "  svg2dwg plan.svg -o drawings             drawings/plan.dwg\n"
     "  svg2dwg plans -o drawings --preview      a .dwg and a .png for every SVG file in plans\n"
     "  svg2dwg plans -o drawings --explode      single entities instead of a block\n"
+    "  svg2dwg plan.svg -o drawings --unit mm   a sheet of 210 mm is 210 units wide\n"
+    "  svg2dwg plans -o plain --format svg      plain SVG files for IMPORTSVG\n"
     "  svg2dwg plan.svg --dry-run --journal -   what the host is asked to draw, and no file\n"
     "\n"
     "Exit codes: 0 all files converted, 1 some not, 2 the command line makes no sense.");
 
-std::optional<refhost::DrawingFormat> formatNamed(const QString &name)
-{
-    if (name == QLatin1String("dwg"))
-        return refhost::DrawingFormat::Dwg;
-    if (name == QLatin1String("dxf"))
-        return refhost::DrawingFormat::Dxf;
-    return {};
-}
+template <class Value>
+struct Choice {
+    const char *name;
+    Value value;
+};
+
+constexpr Choice<OutputFormat> formats[] = {
+    {"dwg", OutputFormat::Dwg},
+    {"dxf", OutputFormat::Dxf},
+    {"svg", OutputFormat::PlainSvg},
+};
+
+constexpr Choice<svgprep::DrawingUnit> units[] = {
+    {"mm", svgprep::DrawingUnit::Millimetre}, {"cm", svgprep::DrawingUnit::Centimetre},
+    {"m", svgprep::DrawingUnit::Metre},       {"in", svgprep::DrawingUnit::Inch},
+    {"ft", svgprep::DrawingUnit::Foot},
+};
+
+constexpr Choice<svgprep::TextOutput> textOutputs[] = {
+    {"notes", svgprep::TextOutput::Notes},
+    {"outlines", svgprep::TextOutput::Outlines},
+};
+
+/// The options that there are, and what was given of them.
+struct CommandLine {
+    const QCommandLineOption output{
+        {"o", "output"}, "Puts the drawings into FOLDER, which is made when missing.", "FOLDER"};
+    const QCommandLineOption format{"format",
+                                    "Writes dwg (the default), dxf, or svg: plain SVG files that IMPORTSVG "
+                                    "draws completely, and no drawings.",
+                                    "dwg|dxf|svg"};
+    const QCommandLineOption unit{
+        "unit", "Draws in this unit, by the file's physical size. Otherwise one user unit is one unit.",
+        "mm|cm|m|in|ft"};
+    const QCommandLineOption text{
+        "text", "Draws upright text as notes (the default), or all text as outlines.", "notes|outlines"};
+    const QCommandLineOption flatten{
+        "flatten", "Draws curves as polylines that stay within TOLERANCE drawing units.", "TOLERANCE"};
+    const QCommandLineOption noPrepare{"no-prepare", "Reads files as they are, as IMPORTSVG does."};
+    const QCommandLineOption explode{"explode", "Draws single entities into model space instead of a block."};
+    const QCommandLineOption preview{"preview", "Writes a picture (PNG) beside each drawing."};
+    const QCommandLineOption journal{
+        "journal", "Writes every call of the host API to FILE (- prints them in the place of the table).",
+        "FILE"};
+    const QCommandLineOption dryRun{"dry-run", "Draws, but saves nothing; -o may be left out."};
+    const QCommandLineOption force{"force", "Overwrites files that exist already, but never an input."};
+    const QCommandLineOption quiet{{"q", "quiet"}, "Prints errors only."};
+    const QCommandLineOption version{{"v", "version"}, "Prints the version."};
+    const QCommandLineOption help{{"h", "help"}, "Prints this help."};
+
+    QCommandLineParser parser;
+
+    CommandLine()
+    {
+        parser.setApplicationDescription(description);
+        parser.addOptions({output, format, unit, text, flatten, noPrepare, explode, preview, journal, dryRun,
+                           force, quiet, version, help});
+        parser.addPositionalArgument("FILE|FOLDER...", "SVG files, or folders with SVG files.", synopsis);
+    }
+    bool isSet(const QCommandLineOption &option) const { return parser.isSet(option); }
+    QString value(const QCommandLineOption &option) const { return parser.value(option); }
+};
 
 Answer usageError(const QString &problem)
 {
@@ -38,54 +96,118 @@ Answer usageError(const QString &problem)
             true};
 }
 
+QString dashed(const QCommandLineOption &option)
+{
+    return QStringLiteral("--") + option.names().last();
+}
+
+QString wrongValue(const CommandLine &line, const QCommandLineOption &option, const QString &expected)
+{
+    return QStringLiteral("%1 takes %2, not %3").arg(dashed(option), expected, line.value(option));
+}
+
+/// Sets `chosen` to what `choices` call the value of `option`, and leaves it where the option is not given.
+/// Returns what is wrong with the value; empty when nothing is.
+template <class Value, std::size_t count>
+QString readChoice(const CommandLine &line, const QCommandLineOption &option,
+                   const Choice<Value> (&choices)[count], Value &chosen)
+{
+    if (!line.isSet(option))
+        return {};
+    for (const Choice<Value> &choice : choices) {
+        if (line.value(option) == QLatin1String(choice.name)) {
+            chosen = choice.value;
+            return {};
+        }
+    }
+    return wrongValue(line, option, option.valueName());
+}
+
+/// The same for the number of --flatten.
+QString readTolerance(const CommandLine &line, double &tolerance)
+{
+    if (!line.isSet(line.flatten))
+        return {};
+    bool isNumber = false;
+    tolerance = line.value(line.flatten).toDouble(&isNumber);
+    if (isNumber && std::isfinite(tolerance) && tolerance > 0.0)
+        return {};
+    return wrongValue(line, line.flatten, QStringLiteral("a number above 0"));
+}
+
+/// Which options make no sense together; empty when all do.
+QString conflictIn(const CommandLine &line, const Options &options)
+{
+    const auto conflict = [&line](const QString &with,
+                                  std::initializer_list<const QCommandLineOption *> excluded) -> QString {
+        for (const QCommandLineOption *option : excluded) {
+            if (line.isSet(*option))
+                return QStringLiteral("%1 does not go with %2").arg(dashed(*option), with);
+        }
+        return {};
+    };
+    if (options.format == OutputFormat::PlainSvg) {
+        return conflict(QStringLiteral("--format svg"),
+                        {&line.noPrepare, &line.explode, &line.preview, &line.journal});
+    }
+    if (!options.prepare)
+        return conflict(dashed(line.noPrepare), {&line.unit, &line.text, &line.flatten});
+    return {};
+}
+
+QString missingIn(const Options &options)
+{
+    if (options.inputs.isEmpty())
+        return QStringLiteral("no SVG file is named");
+    if (options.outputFolder.isEmpty() && !options.dryRun)
+        return QStringLiteral("-o FOLDER is missing: where should the drawings go?");
+    return {};
+}
+
 } // namespace
+
+QString nameOf(OutputFormat format)
+{
+    for (const Choice<OutputFormat> &choice : formats) {
+        if (choice.value == format)
+            return QLatin1String(choice.name);
+    }
+    return {};
+}
 
 std::variant<Options, Answer> optionsFrom(const QStringList &arguments)
 {
-    const QCommandLineOption output({"o", "output"},
-                                    "Puts the drawings into FOLDER, which is made when missing.", "FOLDER");
-    const QCommandLineOption explode("explode", "Draws single entities into model space instead of a block.");
-    const QCommandLineOption format("format", "Writes dwg (the default) or dxf.", "dwg|dxf", "dwg");
-    const QCommandLineOption preview("preview", "Writes a picture (PNG) beside each drawing.");
-    const QCommandLineOption journal(
-        "journal", "Writes every call of the host API to FILE (- prints them in the place of the table).",
-        "FILE");
-    const QCommandLineOption dryRun("dry-run", "Draws, but saves nothing; -o may be left out.");
-    const QCommandLineOption force("force", "Overwrites drawings and pictures that exist already.");
-    const QCommandLineOption quiet({"q", "quiet"}, "Prints errors only.");
-    const QCommandLineOption version({"v", "version"}, "Prints the version.");
-    const QCommandLineOption help({"h", "help"}, "Prints this help.");
-
-    QCommandLineParser parser;
-    parser.setApplicationDescription(description);
-    parser.addOptions({output, explode, format, preview, journal, dryRun, force, quiet, version, help});
-    parser.addPositionalArgument("FILE|FOLDER...", "SVG files, or folders with SVG files.", synopsis);
-
-    if (!parser.parse(arguments))
-        return usageError(parser.errorText());
-    if (parser.isSet(help))
-        return Answer{parser.helpText().trimmed()};
-    if (parser.isSet(version))
+    CommandLine line;
+    if (!line.parser.parse(arguments))
+        return usageError(line.parser.errorText());
+    if (line.isSet(line.help))
+        return Answer{line.parser.helpText().trimmed()};
+    if (line.isSet(line.version))
         return Answer{QStringLiteral("svg2dwg " SVG2DWG_VERSION)};
 
-    const auto chosenFormat = formatNamed(parser.value(format));
-    if (!chosenFormat)
-        return usageError(QStringLiteral("unknown format: %1").arg(parser.value(format)));
-
     Options options;
-    options.inputs = parser.positionalArguments();
-    options.outputFolder = parser.value(output);
-    options.journalFile = parser.value(journal);
-    options.format = *chosenFormat;
-    options.explode = parser.isSet(explode);
-    options.preview = parser.isSet(preview);
-    options.dryRun = parser.isSet(dryRun);
-    options.force = parser.isSet(force);
-    options.quiet = parser.isSet(quiet);
+    options.inputs = line.parser.positionalArguments();
+    options.outputFolder = line.value(line.output);
+    options.journalFile = line.value(line.journal);
+    options.prepare = !line.isSet(line.noPrepare);
+    options.explode = line.isSet(line.explode);
+    options.preview = line.isSet(line.preview);
+    options.dryRun = line.isSet(line.dryRun);
+    options.force = line.isSet(line.force);
+    options.quiet = line.isSet(line.quiet);
 
-    if (options.inputs.isEmpty())
-        return usageError(QStringLiteral("no SVG file is named"));
-    if (options.outputFolder.isEmpty() && !options.dryRun)
-        return usageError(QStringLiteral("-o FOLDER is missing: where should the drawings go?"));
+    svgprep::PreparationOptions &preparation = options.preparation;
+    const QString problems[] = {
+        readChoice(line, line.format, formats, options.format),
+        readChoice(line, line.unit, units, preparation.unit),
+        readChoice(line, line.text, textOutputs, preparation.text),
+        readTolerance(line, preparation.flattenTolerance),
+        conflictIn(line, options),
+        missingIn(options),
+    };
+    for (const QString &problem : problems) {
+        if (!problem.isEmpty())
+            return usageError(problem);
+    }
     return options;
 }

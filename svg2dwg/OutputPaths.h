@@ -1,31 +1,33 @@
-// Where the drawing of each file goes, and which outputs this run has taken already.
+// Where the output of each file goes, and which files this run reads or has written already.
 
 #pragma once
 
-#include <QMultiHash>
+#include "SVGPreparation/FileNotes.h"
+
 #include <QString>
+#include <QStringList>
 
 class OutputPaths {
 public:
-    /// `suffix` is that of the drawings, "dwg" say.
-    OutputPaths(const QString &folder, const QString &suffix);
+    /// `suffix` is that of the outputs, "dwg" say; `inputs` are all files of the run.
+    OutputPaths(const QString &folder, const QString &suffix, const QStringList &inputs);
 
-    /// The drawing of `input`: its file name with the suffix in the place of its last one.
-    QString drawingFor(const QString &input) const;
+    /// The output of `input`: its file name with the suffix in the place of its last one.
+    QString outputFor(const QString &input) const;
     /// The picture beside a drawing.
     static QString pictureBeside(const QString &drawing);
 
+    /// The input of this run that is the file at `output`, whatever path leads there; empty when none is.
+    QString inputAt(const QString &output) const { return m_inputs.of(output); }
+
     /// Remembers `output` as written for `input`. Returns the input that it was written for before in this
-    /// run, empty when there is none. Names that mean the same file on this file system count as one.
+    /// run, empty when there is none. Names that mean the same file on this file system count as one, from
+    /// when that file exists.
     QString take(const QString &output, const QString &input);
 
 private:
-    struct Taken {
-        QString output;
-        QString input;
-    };
-
     QString m_folder;
     QString m_suffix;
-    QMultiHash<QString, Taken> m_taken; // by file name without regard to case
+    svgprep::FileNotes m_inputs;
+    svgprep::FileNotes m_taken;
 };

@@ -30,15 +30,15 @@ QString counted(int count, const char *what)
 Report::Report(const QStringList &files, Verbosity verbosity)
     : m_out(stdout)
     , m_err(stderr)
-    , m_quiet(verbosity == Verbosity::Quiet)
-    , m_hasBar(!m_quiet && files.size() > 1 && isTerminal())
+    , m_verbosity(verbosity)
+    , m_hasBar(verbosity == Verbosity::Normal && files.size() > 1 && isTerminal())
     , m_fileWidth(0)
     , m_expected(files.size())
 {
     for (const QString &file : files)
         m_fileWidth = std::max(m_fileWidth, file.size());
     m_fileWidth = std::min(m_fileWidth, widestFileColumn);
-    if (!m_quiet && !files.isEmpty())
+    if (m_verbosity == Verbosity::Normal && !files.isEmpty())
         printHeader();
     showBar();
 }
@@ -48,38 +48,41 @@ Report::~Report()
     hideBar();
 }
 
-void Report::converted(const QString &file, const QString &drawing, const EntityCounts &counts)
+void Report::converted(const ConvertedFile &file)
 {
     ++m_converted;
-    m_total.add(counts);
-    printRow(file, counts, drawing);
+    m_total.add(file.counts);
+    m_gaps.add(file.gaps);
+    printRow(file.input, file.counts, file.output);
+    if (!file.notes.isEmpty() && m_verbosity != Verbosity::ErrorsOnly)
+        printProblem(QStringLiteral("%1: %2").arg(file.input, file.notes));
     advance();
 }
 
 void Report::kept(const QString &output)
 {
     ++m_kept;
-    printError(QStringLiteral("%1: exists already and was kept. Use --force to overwrite it.").arg(output));
+    printProblem(QStringLiteral("%1: exists already and was kept. Use --force to overwrite it.").arg(output));
     advance();
 }
 
 void Report::failed(const QString &message)
 {
     ++m_failed;
-    printError(message);
+    printProblem(message);
     advance();
 }
 
 void Report::error(const QString &message)
 {
     ++m_failed;
-    printError(message);
+    printProblem(message);
 }
 
 void Report::printSummary()
 {
     hideBar();
-    if (m_quiet)
+    if (m_verbosity != Verbosity::Normal)
         return;
     if (m_converted > 1)
         printRow(QStringLiteral("all"), m_total, {});
@@ -91,6 +94,8 @@ void Report::printSummary()
         parts << counted(m_failed, "failed");
     m_out << "svg2dwg: " << counted(m_expected, m_expected == 1 ? "file" : "files") << ": "
           << parts.join(QStringLiteral(", ")) << '\n';
+    if (const QString gaps = m_gaps.text(); !gaps.isEmpty())
+        m_out << "svg2dwg: left out by the reading: " << gaps << "; without --no-prepare they are drawn\n";
     m_out.flush();
 }
 
@@ -99,25 +104,25 @@ void Report::printHeader()
     m_out << QStringLiteral("file").leftJustified(m_fileWidth);
     for (const char *kind : entityKindNames)
         m_out << QString::fromLatin1(kind).rightJustified(countWidth);
-    m_out << "  drawing\n";
+    m_out << "  output\n";
     m_out.flush();
 }
 
-void Report::printRow(const QString &name, const EntityCounts &counts, const QString &drawing)
+void Report::printRow(const QString &name, const EntityCounts &counts, const QString &output)
 {
-    if (m_quiet)
+    if (m_verbosity != Verbosity::Normal)
         return;
     hideBar();
     QString row = name.leftJustified(m_fileWidth);
     for (std::size_t kind = 0; kind < std::size(entityKindNames); ++kind)
         row += QString::number(counts.byKind[kind]).rightJustified(countWidth);
-    if (!drawing.isEmpty())
-        row += QStringLiteral("  ") + drawing;
+    if (!output.isEmpty())
+        row += QStringLiteral("  ") + output;
     m_out << row << '\n';
     m_out.flush();
 }
 
-void Report::printError(const QString &message)
+void Report::printProblem(const QString &message)
 {
     hideBar();
     m_err << "svg2dwg: " << message << '\n';

@@ -3,14 +3,24 @@
 #pragma once
 
 #include "EntityCounts.h"
+#include "ReadingGaps.h"
 
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
 
+/// What became of one file.
+struct ConvertedFile {
+    QString input;
+    QString output; ///< empty in a dry run
+    EntityCounts counts;
+    QString notes;    ///< what the output lacks, one line; empty for nothing
+    ReadingGaps gaps; ///< what the reading left out
+};
+
 class Report {
 public:
-    enum class Verbosity { Quiet, Normal };
+    enum class Verbosity { ErrorsOnly, NoTable, Normal };
 
     /// Expects `files`, the names that rows will show. The bar is shown only on a terminal.
     Report(const QStringList &files, Verbosity verbosity);
@@ -18,8 +28,8 @@ public:
     Report(const Report &) = delete;
     Report &operator=(const Report &) = delete;
 
-    /// Results of one file each; `file` is the input, `drawing` its output, empty in a dry run.
-    void converted(const QString &file, const QString &drawing, const EntityCounts &counts);
+    /// Results of one file each.
+    void converted(const ConvertedFile &file);
     void kept(const QString &output);
     void failed(const QString &message);
 
@@ -32,16 +42,16 @@ public:
     bool isAllConverted() const { return m_kept == 0 && m_failed == 0; }
 
 private:
-    void printRow(const QString &name, const EntityCounts &counts, const QString &drawing);
+    void printRow(const QString &name, const EntityCounts &counts, const QString &output);
     void printHeader();
-    void printError(const QString &message);
+    void printProblem(const QString &message);
     void advance();
     void showBar();
     void hideBar();
 
     QTextStream m_out;
     QTextStream m_err;
-    bool m_quiet;
+    Verbosity m_verbosity;
     bool m_hasBar;
     bool m_barShown = false;
     int m_fileWidth;
@@ -50,4 +60,5 @@ private:
     int m_kept = 0;
     int m_failed = 0;
     EntityCounts m_total;
+    ReadingGaps m_gaps;
 };

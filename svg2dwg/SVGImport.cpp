@@ -1,4 +1,5 @@
-// Loads a file by the same sequence as the import dialog, and inserts its block as a batch run does.
+// Loads a file prepared, or by the same sequence as the import dialog, and inserts its block as a batch run
+// does.
 
 #include "SVGImport.h"
 
@@ -7,6 +8,9 @@
 
 #include "SVGPreparation/SVGFile.h"
 #include "XMLParser/CannotOpenMessage.h"
+#include "XMLParser/XMLTree.h"
+
+#include <utility>
 
 namespace {
 
@@ -37,17 +41,32 @@ void insertBlock(kvApplication_c &application, const kvString &name, bool explod
 
 } // namespace
 
-std::optional<QByteArray> loadedSvgText(const QString &path, ImportError &error)
+SVGText preparedText(const QString &path, const svgprep::PreparationOptions &options)
+{
+    svgprep::PreparedSvg prepared = svgprep::preparedFile(path, options);
+    SVGText result;
+    result.text = std::move(prepared.plainText);
+    result.error = prepared.error;
+    result.notes = prepared.notes().join(QStringLiteral("; "));
+    return result;
+}
+
+SVGText unpreparedText(const QString &path)
 {
     const SilentCannotOpen silent;
-    const QByteArray svgText = loadSvgText(path);
-    if (!svgText.isEmpty())
-        return svgText;
-    error.text = svgprep::loadedSvg(path).error;
-    if (error.text.isEmpty())
-        error.text = QStringLiteral("%1: not converted: compressed files are read without --no-prepare only")
-                         .arg(path);
-    return {};
+    SVGText result;
+    result.text = loadSvgText(path);
+    if (!result.text.isEmpty()) {
+        result.gaps = readingGapsOf(documentFromText(QString::fromUtf8(result.text)));
+        return result;
+    }
+    result.error = svgprep::loadedSvg(path).error;
+    if (result.error.isEmpty()) {
+        result.error =
+            QStringLiteral("%1: not converted: compressed files are read without --no-prepare only")
+                .arg(path);
+    }
+    return result;
 }
 
 refhost::HostDocumentPtr drawingFrom(refhost::HostSession &session, const QByteArray &svgText, bool explode)

@@ -4,11 +4,12 @@
 #include "InputFiles.h"
 #include "JournalFile.h"
 
+#include "SVGPreparation/SVGFile.h"
+
 #include <QDir>
 #include <QGuiApplication>
 #include <QTextCodec>
 
-#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <memory>
@@ -23,27 +24,51 @@ int print(const Answer &answer)
     return answer.isError ? UsageError : AllConverted;
 }
 
+QStringList nameFilters(const Options &options)
+{
+    return options.prepare ? svgprep::svgNameFilters() : QStringList{QStringLiteral("*.svg")};
+}
+
+Report::Verbosity verbosity(const Options &options)
+{
+    if (options.quiet)
+        return Report::Verbosity::ErrorsOnly;
+    const bool printsJournal = options.journalFile == JournalFile::standardOutput();
+    return printsJournal ? Report::Verbosity::NoTable : Report::Verbosity::Normal;
+}
+
+/// Opens the journal and makes the folder for the outputs. Returns what went wrong; empty when nothing did.
+QString openOutputs(const Options &options, const OutputPaths &outputs, JournalFile &journal,
+                    refhost::HostSession &session)
+{
+    const QString overwritten = journal.isFile() ? outputs.inputAt(options.journalFile) : QString();
+    if (!overwritten.isEmpty())
+        return QStringLiteral("%1: the journal would overwrite the input %2")
+            .arg(options.journalFile, overwritten);
+    QString error = journal.open(session.journal());
+    if (!error.isEmpty())
+        return error;
+    if (!options.dryRun && !QDir().mkpath(options.outputFolder))
+        return QStringLiteral("%1: the folder cannot be made").arg(options.outputFolder);
+    return {};
+}
+
 int run(const Options &options)
 {
-    const InputFiles input = inputFilesFrom(options.inputs);
-    const bool printsJournal = options.journalFile == JournalFile::standardOutput();
-    Report report(input.files,
-                  options.quiet || printsJournal ? Report::Verbosity::Quiet : Report::Verbosity::Normal);
+    const InputFiles input = inputFilesFrom(options.inputs, nameFilters(options));
+    Report report(input.files, verbosity(options));
     for (const QString &error : input.errors)
         report.error(error);
 
     refhost::HostSession session;
     JournalFile journal(options.journalFile);
-    if (const QString error = journal.open(session.journal()); !error.isEmpty()) {
+    OutputPaths outputs(options.outputFolder, nameOf(options.format), input.files);
+    if (const QString error = openOutputs(options, outputs, journal, session); !error.isEmpty()) {
         report.error(error);
         return SomeFailed;
     }
-    if (!options.dryRun && !QDir().mkpath(options.outputFolder)) {
-        report.error(QStringLiteral("%1: the folder cannot be made").arg(options.outputFolder));
-        return SomeFailed;
-    }
 
-    Converter(session, journal, options, report).convert(input.files);
+    Converter(session, journal, options, outputs, report).convert(input.files);
     if (const QString error = journal.close(); !error.isEmpty())
         report.error(error);
     report.printSummary();
@@ -57,12 +82,16 @@ void printQtMessage(QtMsgType /*type*/, const QMessageLogContext & /*context*/, 
         std::fprintf(stderr, "%s\n", qPrintable(message));
 }
 
-/// Pictures need fonts and so a QGuiApplication; nothing else does.
-std::unique_ptr<QCoreApplication> application(int &argc, char **argv)
+std::variant<Options, Answer> readCommandLine(int &argc, char **argv)
 {
-    const bool hasPictures = std::any_of(
-        argv, argv + argc, [](const char *argument) { return qstrcmp(argument, "--preview") == 0; });
-    if (!hasPictures)
+    const QCoreApplication application(argc, argv); // knows the arguments in Unicode on every system
+    return optionsFrom(QCoreApplication::arguments());
+}
+
+/// Pictures and the preparation need fonts and so a QGuiApplication; nothing else does.
+std::unique_ptr<QCoreApplication> applicationFor(const Options &options, int &argc, char **argv)
+{
+    if (!options.prepare && !options.preview)
         return std::make_unique<QCoreApplication>(argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     return std::make_unique<QGuiApplication>(argc, argv);
@@ -78,11 +107,12 @@ int main(int argc, char *argv[])
 #endif
     qInstallMessageHandler(printQtMessage);
     try {
-        const auto app = application(argc, argv);
-        const std::variant<Options, Answer> options = optionsFrom(QCoreApplication::arguments());
-        if (const auto *answer = std::get_if<Answer>(&options))
+        const std::variant<Options, Answer> commandLine = readCommandLine(argc, argv);
+        if (const auto *answer = std::get_if<Answer>(&commandLine))
             return print(*answer);
-        return run(std::get<Options>(options));
+        const auto &options = std::get<Options>(commandLine);
+        const auto application = applicationFor(options, argc, argv);
+        return run(options);
     } catch (const std::exception &error) {
         std::fprintf(stderr, "svg2dwg: stopped: %s\n", error.what());
         return SomeFailed;

@@ -1,0 +1,52 @@
+// Compares canonical paths, and leaves to Qt what upper and lower case mean on this system.
+
+#include "SVGPreparation/FileNotes.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace svgprep {
+
+namespace {
+
+/// The path without links and ".."; of a file that does not exist yet, its folder's path and its name.
+QString canonicalPath(const QString &path)
+{
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    if (!canonical.isEmpty())
+        return canonical;
+    const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    const QFileInfo file(absolute);
+    const QString folder = file.absolutePath();
+    return folder == absolute ? absolute : QDir(canonicalPath(folder)).filePath(file.fileName());
+}
+
+bool isSameFile(const QString &one, const QString &other)
+{
+    if (one == other)
+        return true;
+    const QFileInfo file(one);
+    // Qt: two files that do not exist count as equal.
+    return file.exists() && file == QFileInfo(other);
+}
+
+} // namespace
+
+void FileNotes::add(const QString &path, const QString &note)
+{
+    const QString canonical = canonicalPath(path);
+    m_entries.insert(canonical.toCaseFolded(), {canonical, note});
+}
+
+QString FileNotes::of(const QString &path) const
+{
+    const QString canonical = canonicalPath(path);
+    const auto [first, last] = m_entries.equal_range(canonical.toCaseFolded());
+    const auto found = std::find_if(
+        first, last, [&canonical](const Entry &entry) { return isSameFile(entry.path, canonical); });
+    return found == last ? QString() : found->note;
+}
+
+} // namespace svgprep
