@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QMenuBar>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -44,6 +45,31 @@ Drawing drawingWithBlock()
     return drawing;
 }
 
+/// The files of `folder` by name, "name: content" each.
+QStringList contentsOf(const QString &folder)
+{
+    QStringList contents;
+    for (const QFileInfo &info : QDir(folder).entryInfoList(QDir::Files)) {
+        QFile file(info.filePath());
+        contents << info.fileName() + ": "
+                + (file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : file.errorString());
+    }
+    return contents;
+}
+
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+}
+
+/// What a file dialog is told to choose all of `paths`.
+QString quoted(const QStringList &paths)
+{
+    return '"' + paths.join("\" \"") + '"';
+}
+
 } // namespace
 
 class tst_HostWindow : public QObject {
@@ -70,6 +96,9 @@ private slots:
     void selectionByClick();
     void fileDialogNamesThePicture_data();
     void fileDialogNamesThePicture();
+    void preparedFiles_data();
+    void preparedFiles();
+    void cancelledPreparation();
     void tabsFollowTheDrawings();
     void drawingInFrontStaysDuringACommand();
     void unsavedDrawing_data();
@@ -420,6 +449,118 @@ void tst_HostWindow::fileDialogNamesThePicture()
     click(*actionOf(*m_window, QStringLiteral("Export Picture")));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(' '), written);
     QCOMPARE(hasSaid(*m_window, QStringLiteral("must end in .png")), written.isEmpty());
+}
+
+void tst_HostWindow::preparedFiles_data()
+{
+    QTest::addColumn<QStringList>("chosen");
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<int>("answer");       // to the question whether to overwrite; 0 when it is not asked
+    QTest::addColumn<QStringList>("said"); // with the paths left out
+    QTest::addColumn<QString>("copies");   // those that were written
+
+    const auto row = [](const char *name, const QStringList &chosen, const QString &folder, int answer,
+                        const QStringList &said, const QString &copies) {
+        QTest::newRow(name) << chosen << folder << answer << said << copies;
+    };
+    const QStringList two = {"in/broken.svg", "in/plan.svg"};
+    const QString broken = "in/broken.svg:1:14: not well-formed XML: Opening and ending tag mismatch";
+    const QString picture = "in/plan.svg: not drawn: 1 picture";
+    row("a picture and a file that is not well-formed are told of", two, "new", 0,
+        {broken, picture, "Plain copies in new: 1 written, 1 failed"}, "plan.svg");
+    row("existing files are overwritten", two, "old", QMessageBox::Yes,
+        {broken, picture, "Plain copies in old: 1 written, 1 failed"}, "plan.svg");
+    row("existing files are kept", two, "old", QMessageBox::No,
+        {"old/broken.svg: exists already and was kept", "old/plan.svg: exists already and was kept",
+         "Plain copies in old: 0 written, 2 kept"},
+        "");
+    row("Cancel at the question writes nothing", {"in/other.svg", "in/plan.svg"}, "old", QMessageBox::Cancel,
+        {"PREPARESVG: not completed"}, "");
+    row("a chosen file is not written over", {"in/plan.svg"}, "in", 0,
+        {"in/plan.svg: not prepared: its copy would overwrite the chosen file in/plan.svg",
+         "Plain copies in in: 0 written, 1 failed"},
+        "");
+    row("a chosen file is not written over through a link", {"in/other.svg", "in/plan.svg"}, "links", 0,
+        {"in/other.svg: not prepared: its copy would overwrite the chosen file in/plan.svg", picture,
+         "Plain copies in links: 1 written, 1 failed"},
+        "plan.svg");
+    row("the copy of one file is not written over by another's", {"in/plan.svg", "in/plan.svgz"}, "new", 0,
+        {"in/plan.svgz: not prepared: new/plan.svg is the copy of in/plan.svg", picture,
+         "Plain copies in new: 1 written, 1 failed"},
+        "plan.svg");
+}
+
+void tst_HostWindow::preparedFiles()
+{
+    QFETCH(QStringList, chosen);
+    QFETCH(QString, folder);
+    QFETCH(int, answer);
+    QFETCH(QStringList, said);
+    QFETCH(QString, copies);
+
+    const QTemporaryDir root;
+    const QByteArray drawing = "<svg><image width='5' height='5'/><line x2='9' stroke='red'/></svg>";
+    for (const char *name : {"in/other.svg", "in/plan.svg", "in/plan.svgz"})
+        writeFile(root.filePath(name), drawing);
+    writeFile(root.filePath("in/broken.svg"), "<svg><g></svg>");
+    for (const char *name : {"old/broken.svg", "old/plan.svg"})
+        writeFile(root.filePath(name), "earlier");
+    QDir(root.path()).mkdir("new");
+    QDir(root.path()).mkdir("links");
+    QVERIFY(QFile::link(root.filePath("in/plan.svg"), root.filePath("links/other.svg")));
+    const QStringList inputs = contentsOf(root.filePath("in"));
+    const QStringList earlier = contentsOf(root.filePath(folder));
+
+    ModalAnswers answers;
+    for (QString &file : chosen)
+        file = root.filePath(file);
+    answers.choose(quoted(chosen));
+    answers.choose(root.filePath(folder));
+    if (answer != 0)
+        answers.press(static_cast<QMessageBox::StandardButton>(answer));
+    const int before = m_window->commandLine().history().size();
+    click(*actionOf(*m_window, "&Prepare SVG Files..."));
+
+    QString history = QDir::fromNativeSeparators(m_window->commandLine().history().mid(before));
+    const QStringList lines = history.remove(root.path() + '/').trimmed().split('\n');
+    QCOMPARE(QStringList(lines.mid(1)), said); // after the command's name
+    QCOMPARE(contentsOf(root.filePath("in")), inputs);
+    QStringList written;
+    for (const QString &content : contentsOf(root.filePath(folder))) {
+        if (!earlier.contains(content))
+            written << content.section(": ", 0, 0);
+        QVERIFY2(earlier.contains(content) || content.contains("<line"), qPrintable(content));
+    }
+    QCOMPARE(written.join(' '), copies);
+    QCOMPARE(loadPreparationFolders().copies, root.filePath(folder));
+}
+
+void tst_HostWindow::cancelledPreparation()
+{
+    const QTemporaryDir root;
+    QStringList files;
+    for (int i = 1; i <= 9; ++i) {
+        files << root.filePath(QStringLiteral("in/%1.svg").arg(i));
+        writeFile(files.last(), "<svg><line x2='9' stroke='red'/></svg>");
+    }
+    QDir(root.path()).mkdir("out");
+    ModalAnswers answers;
+    answers.choose(quoted(files));
+    answers.choose(root.filePath("out"));
+    QTimer whileItRuns;
+    connect(&whileItRuns, &QTimer::timeout, this, [&] {
+        auto *progress = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+        if (!progress || progress->value() != 4)
+            return;
+        m_window->enter("_SMARTNEW");
+        QTest::keyClick(progress, Qt::Key_Escape);
+    });
+    whileItRuns.start();
+    type(*m_window, "preparesvg");
+
+    QVERIFY(hasSaid(*m_window, "_SMARTNEW: not run: PREPARESVG still runs"));
+    QVERIFY(hasSaid(*m_window, "4 written, 5 not begun"));
+    QCOMPARE(QDir(root.filePath("out")).entryList(QDir::Files).join(' '), QString("1.svg 2.svg 3.svg 4.svg"));
 }
 
 void tst_HostWindow::tabsFollowTheDrawings()

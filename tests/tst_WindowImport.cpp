@@ -61,6 +61,7 @@ private slots:
     }
     void insertion_data();
     void insertion();
+    void buttonsKeepTheirOrder();
     void explodedFromAClick_data();
     void explodedFromAClick();
     void savedByTheFileMenu_data();
@@ -166,6 +167,36 @@ void tst_WindowImport::insertion()
     const Point seen = Affine::fromPlacement(at, {}).mapPoint(middleOfLine);
     QTRY_VERIFY(host.isDrawnAt(seen));
     QCOMPARE(host.clickAt(seen), entities);
+}
+
+void tst_WindowImport::buttonsKeepTheirOrder()
+{
+    ImportWindow host;
+    const auto textsOf = [](const QList<QAction *> &actions) {
+        QStringList texts;
+        for (const QAction *action : actions)
+            texts.append(action->text());
+        return texts.join('|');
+    };
+    const auto onToolbar = [&] {
+        return textsOf(host.window.findChild<QToolBar *>("ID_ToolbarInsert")->actions());
+    };
+    const auto onRibbon = [&] {
+        QList<QAction *> actions;
+        const auto *panel = host.window.findChild<QWidget *>("ID_ImportPanel");
+        for (const QToolButton *button : panel->findChildren<QToolButton *>())
+            actions.append(button->defaultAction());
+        return textsOf(actions);
+    };
+    const QString toolbar = "Insert Block|Export Drawing|ImportSVG|Export Picture|Prepare SVG Files";
+    QTRY_COMPARE(onToolbar(), toolbar);
+    QCOMPARE(onRibbon(), QString("Block|SVG|Prepare SVG"));
+
+    host.window.disconnectAddin();
+    QCOMPARE(onRibbon(), QString("Block|Prepare SVG"));
+    host.window.connectAddin(KORVANE_ADDIN);
+    QTRY_COMPARE(onToolbar(), toolbar);
+    QCOMPARE(onRibbon(), QString("Block|SVG|Prepare SVG"));
 }
 
 void tst_WindowImport::explodedFromAClick_data()

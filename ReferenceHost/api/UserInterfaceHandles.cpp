@@ -131,7 +131,7 @@ kvResult RibbonRowHandle::InsertRibbonCommandButton(const kvString &appId, kvRib
 {
     const auto body = [&] {
         const UserInterfaceNodePtr added = addinItem(toQString(appId), appId, text, commandId);
-        state()->children.push_back(added);
+        state()->append(added);
         session().notifyUserInterfaceChanged();
         return handOutNew<RibbonCommandButtonHandle>(button, RibbonItemRef{state(), added});
     };

@@ -3,6 +3,7 @@
 #include "api/UserInterfaceModel.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace refhost {
@@ -73,9 +74,16 @@ UserInterfaceModel standardUserInterface()
 
 void UserInterfaceNode::insert(long position, UserInterfaceNodePtr child)
 {
-    const long last = static_cast<long>(children.size());
+    const auto end = std::find_if(children.begin(), children.end(),
+                                  [](const UserInterfaceNodePtr &other) { return other->staysLast; });
+    const auto last = static_cast<long>(end - children.begin());
     const long index = std::min(std::max(position, 1L) - 1, last);
     children.insert(children.begin() + index, std::move(child));
+}
+
+void UserInterfaceNode::append(UserInterfaceNodePtr child)
+{
+    insert(std::numeric_limits<long>::max(), std::move(child));
 }
 
 bool UserInterfaceNode::remove(const UserInterfaceNode *child)

@@ -23,10 +23,14 @@ struct UserInterfaceNode {
     QString commandId; ///< what it starts: a user command's id, or a host command
     std::vector<UserInterfaceNodePtr> children;
     ObjectNumber number;
+    bool staysLast = false; ///< whatever comes later goes before it
 
     /// Puts `child` at `position`, counted from 1; a position past the end appends, one before the start puts
     /// it first.
     void insert(long position, UserInterfaceNodePtr child);
+
+    /// Puts `child` after the others, except those that stay last.
+    void append(UserInterfaceNodePtr child);
 
     /// Removes the child itself (not one that looks like it); false when it is not there.
     bool remove(const UserInterfaceNode *child);

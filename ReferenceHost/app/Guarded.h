@@ -1,4 +1,4 @@
-// Calls into an add-in: what it throws ends here.
+// Calls what may throw: it ends here.
 
 #pragma once
 

@@ -17,10 +17,19 @@ constexpr auto webHelpKey = "webHelp";
 constexpr auto webLinkKey = "webLink";
 constexpr auto helpFileKey = "helpFile";
 constexpr auto importFolderKey = "default_dir2"; // read by the add-in, which never writes it
+constexpr auto preparedFolderKey = "preparedFolder";
+constexpr auto copiesFolderKey = "plainCopiesFolder";
 
 QSettings openStore()
 {
     return QSettings(QStringLiteral("Korvane"), QStringLiteral("ReferenceHost"));
+}
+
+/// The folder that is stored under `key`; empty when there is none or it is gone.
+QString storedFolder(const QSettings &stored, const char *key)
+{
+    const QString folder = stored.value(QLatin1String(key)).toString();
+    return QFileInfo(folder).isDir() ? folder : QString();
 }
 
 } // namespace
@@ -51,10 +60,23 @@ void saveHostSettings(const HostSettings &settings)
 void keepImportFolder(const QString &folder)
 {
     QSettings stored = openStore();
-    const QString key = QLatin1String(importFolderKey);
-    const QString earlier = stored.value(key).toString();
-    if (earlier.isEmpty() || !QFileInfo(earlier).isDir())
-        stored.setValue(key, QFileInfo(folder).absoluteFilePath());
+    if (storedFolder(stored, importFolderKey).isEmpty())
+        stored.setValue(QLatin1String(importFolderKey), QFileInfo(folder).absoluteFilePath());
+}
+
+PreparationFolders loadPreparationFolders()
+{
+    const QSettings stored = openStore();
+    const QString files = storedFolder(stored, preparedFolderKey);
+    return {files.isEmpty() ? storedFolder(stored, importFolderKey) : files,
+            storedFolder(stored, copiesFolderKey)};
+}
+
+void savePreparationFolders(const PreparationFolders &folders)
+{
+    QSettings stored = openStore();
+    stored.setValue(QLatin1String(preparedFolderKey), folders.files);
+    stored.setValue(QLatin1String(copiesFolderKey), folders.copies);
 }
 
 bool isSame(const HostSettings &first, const HostSettings &second)

@@ -14,6 +14,18 @@ void saveHostSettings(const HostSettings &settings);
 /// Stores `folder` as the one that an import's file dialog starts in, unless a folder that exists is stored.
 void keepImportFolder(const QString &folder);
 
+/// The folders that the user worked in last when preparing SVG files.
+struct PreparationFolders {
+    QString files;  ///< those that were prepared
+    QString copies; ///< their plain copies
+};
+
+/// The stored folders, each empty when it is gone or was never stored; in the place of that of the files the
+/// one that an import's file dialog starts in.
+PreparationFolders loadPreparationFolders();
+
+void savePreparationFolders(const PreparationFolders &folders);
+
 /// Whether both mean the same for the next start.
 bool isSame(const HostSettings &first, const HostSettings &second);
 

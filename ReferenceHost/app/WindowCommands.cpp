@@ -7,6 +7,7 @@
 #include "app/HostSettingsStore.h"
 #include "app/HostWindow.h"
 #include "app/JournalPanel.h"
+#include "app/SVGPreparationCommand.h"
 #include "app/SettingsDialog.h"
 
 #include <QInputDialog>
@@ -61,6 +62,11 @@ bool showJournal(HostWindow &window, const HostDocumentPtr & /*document*/)
     return true;
 }
 
+bool prepareFiles(HostWindow &window, const HostDocumentPtr & /*document*/)
+{
+    return prepareSvgFiles(window);
+}
+
 bool changeOptions(HostWindow &window, const HostDocumentPtr & /*document*/)
 {
     SettingsDialog dialog(loadHostSettings(), window.session().settings, &window);
@@ -106,6 +112,7 @@ const WindowCommand windowCommands[] = {
     {"_SAVEAS", Needs::Document, saveAs},
     {"_EXPORTDRAWING", Needs::Document, exportDrawing},
     {"_EXPORTPICTURE", Needs::Document, exportPicture},
+    {"PREPARESVG", Needs::Nothing, prepareFiles},
     {"_INSERTBLOCK", Needs::Document, insertBlock},
     {"_CLOSE", Needs::Document, closeDocument},
     {"_ZOOMEXTENTS", Needs::Document, zoomExtents},
@@ -116,40 +123,47 @@ const WindowCommand windowCommands[] = {
     {"_QUIT", Needs::Nothing, quit},
 };
 
-struct MenuEntry {
-    const char *menuId;
+enum class Place { BehindTheOthers, AlwaysLast };
+
+struct Entry {
+    const char *parentId;
     const char *id;
     const char *name;
     const char *command;
+    Place place = Place::BehindTheOthers;
 };
 
-const MenuEntry menuEntries[] = {
+const Entry entries[] = {
     {"ID_File", "ID_EXPORTDRAWING", "Export &Drawing...", "_EXPORTDRAWING"},
+    {"ID_File", "ID_PREPARESVG", "&Prepare SVG Files...", "PREPARESVG"},
     {"ID_File", "ID_CLOSE", "&Close", "_CLOSE"},
     {"ID_File", "ID_QUIT", "&Quit", "_QUIT"},
     {"ID_View", "ID_JOURNAL", "&Journal", "_JOURNAL"},
     {"ID_Tools", "ID_CONNECTADDIN", "&Connect Add-in...", "_CONNECTADDIN"},
     {"ID_Tools", "ID_DISCONNECTADDIN", "&Disconnect Add-in", "_DISCONNECTADDIN"},
     {"ID_Tools", "ID_OPTIONS", "&Options...", "_OPTIONS"},
+    // Add-ins count what stands before their own buttons.
+    {"ID_ToolbarInsert", "ID_PREPARESVG", "Prepare SVG Files", "PREPARESVG", Place::AlwaysLast},
+    {"ID_ImportPANELROW", "ID_PREPARESVG", "Prepare SVG", "PREPARESVG", Place::AlwaysLast},
 };
 
-UserInterfaceNodePtr makeNode(const char *id, const char *name, const char *command)
+UserInterfaceNodePtr makeNode(const Entry &entry)
 {
     auto node = std::make_shared<UserInterfaceNode>();
-    node->id = QLatin1String(id);
-    node->name = QLatin1String(name);
-    node->commandId = QLatin1String(command);
+    node->id = QLatin1String(entry.id);
+    node->name = QLatin1String(entry.name);
+    node->commandId = QLatin1String(entry.command);
+    node->staysLast = entry.place == Place::AlwaysLast;
     return node;
 }
 
-void addMenuEntries(UserInterfaceNode &menuBar)
+void addEntriesBelow(UserInterfaceNode &node)
 {
-    menuBar.children.push_back(makeNode("ID_Tools", "&Tools", ""));
-    for (const UserInterfaceNodePtr &menu : menuBar.children) {
-        for (const MenuEntry &entry : menuEntries) {
-            if (menu->id == QLatin1String(entry.menuId))
-                menu->children.push_back(makeNode(entry.id, entry.name, entry.command));
-        }
+    for (const UserInterfaceNodePtr &child : node.children)
+        addEntriesBelow(*child);
+    for (const Entry &entry : entries) {
+        if (node.id == QLatin1String(entry.parentId))
+            node.append(makeNode(entry));
     }
 }
 
@@ -168,7 +182,10 @@ void addWindowCommands(HostWindow &window)
             return command.body(window, document);
         });
     }
-    addMenuEntries(session.userInterface.menuBar);
+    UserInterfaceModel &model = session.userInterface;
+    model.menuBar.append(makeNode({"", "ID_Tools", "&Tools", ""}));
+    for (UserInterfaceNode *root : {&model.toolbars, &model.menuBar, &model.workspaces})
+        addEntriesBelow(*root);
 }
 
 } // namespace refhost

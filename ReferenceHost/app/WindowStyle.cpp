@@ -165,6 +165,7 @@ QIcon commandIcon(const QString &command, Theme theme)
         {QStringLiteral("_INSERTBLOCK"), QStringLiteral("insertblock")},
         {QStringLiteral("_EXPORTDRAWING"), QStringLiteral("exportdrawing")},
         {QStringLiteral("_EXPORTPICTURE"), QStringLiteral("exportpicture")},
+        {QStringLiteral("PREPARESVG"), QStringLiteral("preparesvg")},
         {QStringLiteral("_OPTIONS"), QStringLiteral("options")},
         {QStringLiteral("_CONNECTADDIN"), QStringLiteral("connect")},
         {QStringLiteral("_DISCONNECTADDIN"), QStringLiteral("disconnect")},
