@@ -1,0 +1,32 @@
+// Runs a fuzz target over the files of folders, without a fuzzer: what was found once stays mended.
+
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+
+extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv);
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
+
+int main(int argc, char *argv[])
+{
+    LLVMFuzzerInitialize(&argc, &argv);
+    int count = 0;
+    for (int i = 1; i < argc; ++i) {
+        const QDir folder(QString::fromLocal8Bit(argv[i]));
+        for (const QString &name : folder.entryList(QDir::Files, QDir::Name)) {
+            QFile file(folder.filePath(name));
+            if (!file.open(QIODevice::ReadOnly))
+                continue;
+            const QByteArray bytes = file.readAll();
+            std::fprintf(stderr, "%s\n", qPrintable(file.fileName())); // the last one is the one that failed
+            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(bytes.constData()),
+                                   static_cast<std::size_t>(bytes.size()));
+            ++count;
+        }
+    }
+    return count > 0 ? 0 : 1; // an empty corpus would prove nothing
+}
