@@ -3,6 +3,7 @@
 #include "JournalDifference.h"
 #include "ReadBack.h"
 
+#include <QDomDocument>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -10,6 +11,8 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QtTest>
+
+#include <zlib.h>
 
 namespace {
 
@@ -20,6 +23,25 @@ const QByteArray notXml = R"svg(<svg>
 <g>
 <line/>
 </svg>)svg";
+const QByteArray encoderThatLeavesATrace = "import fs from 'fs'; fs.writeFileSync('started', '');";
+
+QByteArray gzipped(const QByteArray &bytes)
+{
+    z_stream stream = {};
+    constexpr int gzip = 16 + MAX_WBITS;
+    constexpr int memoryLevel = 8;
+    deflateInit2(&stream, Z_BEST_COMPRESSION, Z_DEFLATED, gzip, memoryLevel, Z_DEFAULT_STRATEGY);
+    QByteArray packed(static_cast<int>(deflateBound(&stream, static_cast<uLong>(bytes.size()))), '\0');
+    // zlib reads from what it takes for writable memory.
+    stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(bytes.constData()));
+    stream.avail_in = static_cast<uInt>(bytes.size());
+    stream.next_out = reinterpret_cast<Bytef *>(packed.data());
+    stream.avail_out = static_cast<uInt>(packed.size());
+    deflate(&stream, Z_FINISH);
+    packed.truncate(static_cast<int>(stream.total_out));
+    deflateEnd(&stream);
+    return packed;
+}
 
 /// What one run of a program left behind.
 struct Run {
@@ -75,6 +97,43 @@ QString kindDrawnBy(const QString &call)
     return kinds.value(call);
 }
 
+/// The calls of a journal, without the lines that name the inputs.
+QByteArrayList callsIn(const QByteArray &journal)
+{
+    QByteArrayList calls = journal.split('\n');
+    calls.erase(std::remove_if(calls.begin(), calls.end(),
+                               [](const QByteArray &line) { return line.startsWith(R"({"input":)"); }),
+                calls.end());
+    return calls;
+}
+
+/// How the circles and texts of a plain SVG file should be read back from its drawing.
+QJsonArray circlesAndNotesOf(const QByteArray &plainSvg)
+{
+    QDomDocument document;
+    document.setContent(plainSvg);
+    const auto number = [](const QDomNode &node, const QString &name) {
+        return node.toElement().attribute(name).toDouble();
+    };
+    QJsonArray expected;
+    const QDomNodeList circles = document.elementsByTagName("circle");
+    for (int i = 0; i < circles.size(); ++i) {
+        const QDomNode circle = circles.at(i);
+        expected << QJsonObject{{"t", "circle"},
+                                {"c", QJsonArray{number(circle, "cx"), -number(circle, "cy"), 0}},
+                                {"r", number(circle, "r")}};
+    }
+    const QDomNodeList texts = document.elementsByTagName("text");
+    for (int i = 0; i < texts.size(); ++i) {
+        const QDomNode text = texts.at(i);
+        expected << QJsonObject{{"t", "note"},
+                                {"p", QJsonArray{number(text, "x"), -number(text, "y"), 0}},
+                                {"height", 0.7 * number(text, "font-size")},
+                                {"text", text.toElement().text()}};
+    }
+    return expected;
+}
+
 } // namespace
 
 class tst_svg2dwg : public QObject {
@@ -89,6 +148,7 @@ private slots:
     void badInput();
     void smallStack();
     void savedDrawing();
+    void samplesReadBackAsDrawn_data();
     void samplesReadBackAsDrawn();
     void savedFormats_data();
     void savedFormats();
@@ -97,6 +157,13 @@ private slots:
     void sameOutputTwice();
     void dryRunTouchesNothing();
     void journal();
+    void preparation_data();
+    void preparation();
+    void plainFiles();
+    void inputsAreKept_data();
+    void inputsAreKept();
+    void notes();
+    void readingGaps();
     void previewShowsTheDrawing();
     void failingSaves_data();
     void failingSaves();
@@ -152,12 +219,31 @@ void tst_svg2dwg::commandLine_data()
     row("no arguments", QStringList(), UsageError, "no SVG file is named");
     row("no output folder", {"a.svg"}, UsageError, "-o FOLDER is missing");
     row("unknown option", {"a.svg", "--scale"}, UsageError, "Unknown option 'scale'");
-    row("unknown format", {"a.svg", "-o", ".", "--format", "pdf"}, UsageError, "unknown format: pdf");
+    row("unknown format", {"a.svg", "-o", ".", "--format", "pdf"}, UsageError,
+        "--format takes dwg|dxf|svg, not pdf");
+    row("unknown unit", {"a.svg", "-o", ".", "--unit", "km"}, UsageError,
+        "--unit takes mm|cm|m|in|ft, not km");
+    row("a tolerance of 0", {"a.svg", "-o", ".", "--flatten", "0"}, UsageError,
+        "--flatten takes a number above 0, not 0");
+    row("a tolerance that is infinite", {"a.svg", "-o", ".", "--flatten", "inf"}, UsageError,
+        "--flatten takes a number above 0, not inf");
+    for (const QStringList &option :
+         QList<QStringList>{{"--unit", "mm"}, {"--text", "notes"}, {"--flatten", "1"}})
+        row(qPrintable("unprepared with " + option[0]),
+            QStringList{"a.svg", "-o", ".", "--no-prepare"} + option, UsageError,
+            option[0] + " does not go with --no-prepare");
+    for (const QStringList &option :
+         QList<QStringList>{{"--no-prepare"}, {"--explode"}, {"--preview"}, {"--journal", "j.jsonl"}})
+        row(qPrintable("plain SVG with " + option[0]),
+            QStringList{"a.svg", "-o", ".", "--format", "svg"} + option, UsageError,
+            option[0] + " does not go with --format svg");
     row("help", {"--help"}, AllConverted, "Examples:");
     row("version", {"--version"}, AllConverted, "svg2dwg " PRODUCT_VERSION);
     row("a folder without SVG files", {".", "--dry-run"}, SomeFailed, "the folder holds no SVG files");
     row("a journal that cannot be written", {"a.svg", "--dry-run", "--journal", "missing/j.jsonl"},
         SomeFailed, "missing/j.jsonl: the journal cannot be written");
+    row("a journal in the place of an input", {"a.svg", "--dry-run", "--journal", "./a.svg"}, SomeFailed,
+        "./a.svg: the journal would overwrite the input a.svg");
     row("an output folder that is a file", {"a.svg", "-o", SVG2DWG "/out"}, SomeFailed,
         "the folder cannot be made");
 }
@@ -177,28 +263,41 @@ void tst_svg2dwg::badInput_data()
 {
     QTest::addColumn<QByteArray>("input");
     QTest::addColumn<QString>("error");
+    QTest::addColumn<QStringList>("options");
 
-    QTest::newRow("a tag that is not closed: line and column")
-        << notXml << "bad.svg:4:6: not well-formed XML: Opening and ending tag mismatch";
-    QTest::newRow("nothing at all") << QByteArray() << "bad.svg:1:1: not well-formed XML: the file is empty";
-    QTest::newRow("binary data") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\xff\xfe", 13)
-                                 << "bad.svg:1:1: not well-formed XML";
-    QTest::newRow("nested a million deep")
-        << "<svg>" + QByteArray("<g>").repeated(1'000'000) + QByteArray("</g>").repeated(1'000'000) + "</svg>"
-        << "bad.svg:1:773: not converted: nested deeper than 256 levels";
-    QTest::newRow("nested a million deep and never closed")
-        << QByteArray("<g>").repeated(1'000'000)
-        << "bad.svg:1:771: not converted: nested deeper than 256 levels";
+    const auto row = [](const char *name, const QByteArray &input, const QString &error,
+                        const QStringList &options = {}) {
+        QTest::newRow(name) << input << error << options;
+    };
+    const QString mismatch = "bad.svg:4:6: not well-formed XML: Opening and ending tag mismatch";
+    row("a tag that is not closed: line and column", notXml, mismatch);
+    row("the same, not prepared", notXml, mismatch, {"--no-prepare"});
+    row("the same, compressed", gzipped(notXml), mismatch);
+    row("compressed, not prepared", gzipped(oneLine),
+        "bad.svg: not converted: compressed files are read without --no-prepare only", {"--no-prepare"});
+    row("compressed and cut off", gzipped(oneLine).chopped(9),
+        "bad.svg: cannot be read: the compressed file is damaged");
+    constexpr int mebibyte = 1024 * 1024;
+    row("beyond all measure when unpacked", gzipped(QByteArray(mebibyte, ' ')).repeated(257),
+        "bad.svg: not converted: larger than 256 MiB when unpacked");
+    row("nothing at all", QByteArray(), "bad.svg:1:1: not well-formed XML: the file is empty");
+    row("binary data", QByteArray("\x89PNG\r\n\x1a\n\0\0\0\xff\xfe", 13), "bad.svg:1:1: not well-formed XML");
+    row("nested a million deep",
+        "<svg>" + QByteArray("<g>").repeated(1'000'000) + QByteArray("</g>").repeated(1'000'000) + "</svg>",
+        "bad.svg:1:773: not converted: nested deeper than 256 levels");
+    row("nested a million deep and never closed", QByteArray("<g>").repeated(1'000'000),
+        "bad.svg:1:771: not converted: nested deeper than 256 levels");
 }
 
 void tst_svg2dwg::badInput()
 {
     QFETCH(QByteArray, input);
     QFETCH(QString, error);
+    QFETCH(QStringList, options);
     write("bad.svg", input);
     write("good.svg", oneLine);
 
-    const Run result = convert({"missing.svg", "bad.svg", "good.svg", "-o", "out"});
+    const Run result = convert(QStringList{"missing.svg", "bad.svg", "good.svg", "-o", "out"} + options);
     QCOMPARE(result.exitCode, int(SomeFailed));
     QVERIFY2(result.err.contains("svg2dwg: " + error), qPrintable(result.err));
     QCOMPARE(result.err.count("missing.svg: cannot be read"), 1);
@@ -218,12 +317,14 @@ void tst_svg2dwg::smallStack()
     write("allowed.svg",
           "<svg>" + QByteArray("<g>").repeated(255) + QByteArray("</g>").repeated(255) + "</svg>");
 
-    const Run result = run(
-        "sh", {"-c", "ulimit -s 1024 && exec \"$0\" \"$@\"", SVG2DWG, "deep.svg", "allowed.svg", "--dry-run"},
-        m_folder->path());
-    QCOMPARE(result.exitCode, int(SomeFailed));
-    QVERIFY2(result.err.contains("deep.svg:1:773: not converted: nested deeper"), qPrintable(result.err));
-    QVERIFY2(result.out.endsWith("svg2dwg: 2 files: 1 converted, 1 failed\n"), qPrintable(result.out));
+    const QStringList arguments = {
+        "-c", "ulimit -s 1024 && exec \"$0\" \"$@\"", SVG2DWG, "deep.svg", "allowed.svg", "--dry-run"};
+    for (const QStringList &option : {QStringList(), QStringList{"--no-prepare"}}) {
+        const Run result = run("sh", arguments + option, m_folder->path());
+        QCOMPARE(result.exitCode, int(SomeFailed));
+        QVERIFY2(result.err.contains("deep.svg:1:773: not converted: nested deeper"), qPrintable(result.err));
+        QVERIFY2(result.out.endsWith("svg2dwg: 2 files: 1 converted, 1 failed\n"), qPrintable(result.out));
+    }
 }
 
 void tst_svg2dwg::savedDrawing()
@@ -231,7 +332,7 @@ void tst_svg2dwg::savedDrawing()
     write("plän 1.svg", R"svg(<svg><g transform="matrix(1 0 0 1 0 10)"><line x1="1" y1="2" x2="3" y2="4"/>
         <circle cx="5" cy="6" r="7"/><ellipse cx="10" cy="20" rx="3" ry="2"/><rect x="1" y="2" width="3" height="4"/>
         <text x="1" y="2" font-size="10">Größe Ω 🙂</text><path d="M0,1 Q5,5 10,2"/></g></svg>)svg");
-    QCOMPARE(convert({"plän 1.svg", "-o", "out"}).exitCode, int(AllConverted));
+    QCOMPARE(convert({"plän 1.svg", "-o", "out", "--no-prepare"}).exitCode, int(AllConverted));
 
     const QJsonObject drawing = readBack(path("out/plän 1.dwg"));
     QCOMPARE(drawing.value("version").toString(), QString("AC1015"));
@@ -257,10 +358,22 @@ void tst_svg2dwg::savedDrawing()
              (QJsonArray{0, -11, 0, 5, -15, 0, 5, -15, 0, 10, -12, 0}));
 }
 
+void tst_svg2dwg::samplesReadBackAsDrawn_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("prepared") << QStringList();
+    QTest::newRow("as they are") << QStringList{"--no-prepare"};
+}
+
 void tst_svg2dwg::samplesReadBackAsDrawn()
 {
-    QVERIFY2(convert({KORVANE_SAMPLES, "-o", "out", "--journal", "calls.jsonl"}).exitCode == AllConverted,
-             "not all samples were converted");
+    QFETCH(QStringList, options);
+    const Run result =
+        convert(QStringList{KORVANE_SAMPLES, "-o", "out", "--journal", "calls.jsonl"} + options);
+    QVERIFY2(result.exitCode == AllConverted, qPrintable(result.err));
+    const bool isPrepared = options.isEmpty();
+    if (isPrepared)
+        QCOMPARE(convert({KORVANE_SAMPLES, "-o", "plain", "--format", "svg"}).exitCode, int(AllConverted));
 
     // The kinds of what each sample drew, in the order drawn.
     QMap<QString, QStringList> drawn;
@@ -279,9 +392,18 @@ void tst_svg2dwg::samplesReadBackAsDrawn()
         const QJsonObject drawing = readBack(path("out/" + expected.key() + ".dwg"));
         const QJsonArray blocks = drawing.value("blocks").toArray();
         QVERIFY2(blocks.size() == 1, qPrintable(expected.key()));
-        const QStringList kinds = kindsOf(blocks[0].toObject().value("entities").toArray());
-        QVERIFY2(kinds == expected.value(), qPrintable(expected.key()));
+        const QJsonArray entities = blocks[0].toObject().value("entities").toArray();
+        QVERIFY2(kindsOf(entities) == expected.value(), qPrintable(expected.key()));
         QVERIFY2(drawing.value("complaints").toArray().isEmpty(), qPrintable(expected.key()));
+        if (!isPrepared)
+            continue;
+        QJsonArray circlesAndNotes;
+        for (const QJsonValue &entity : entities) {
+            if (QStringList{"circle", "note"}.contains(entity.toObject().value("t").toString()))
+                circlesAndNotes << entity;
+        }
+        QVERIFY2(isClose(circlesAndNotes, circlesAndNotesOf(content("plain/" + expected.key() + ".svg"))),
+                 qPrintable(expected.key()));
     }
 }
 
@@ -325,21 +447,25 @@ void tst_svg2dwg::folders()
     write("in/b.SVG", oneLine);
     write("in/A.svg", oneLine);
     write("in/empty.Svg", "<svg/>");
+    write("in/packed.svgz", gzipped(oneLine));
     write("in/notes.txt", "not an SVG file");
     write("in/below/c.svg", oneLine);
 
     const Run result = convert({"in", "-o", "out/new"});
     QVERIFY2(result.exitCode == AllConverted, qPrintable(result.err));
-    QCOMPARE(filesIn("out/new"), (QStringList{"A.dwg", "b.dwg", "empty.dwg"}));
+    QCOMPARE(filesIn("out/new"), (QStringList{"A.dwg", "b.dwg", "empty.dwg", "packed.dwg"}));
     QCOMPARE(result.err, QString());
     QVERIFY(result.out.indexOf("in/A.svg") < result.out.indexOf("in/b.SVG"));
 
-    const QRegularExpression total("all +2 +0 +0 +0 +0 +0\n");
+    const QRegularExpression total("all +3 +0 +0 +0 +0 +0\n");
     QVERIFY2(total.match(result.out).hasMatch(), qPrintable(result.out));
 
     const Run quiet = convert({"in", "-o", "out/new", "--force", "--quiet"});
     QCOMPARE(quiet.exitCode, int(AllConverted));
     QCOMPARE(quiet.out + quiet.err, QString());
+
+    const Run unprepared = convert({"in", "--dry-run", "--no-prepare"});
+    QVERIFY2(unprepared.out.endsWith("svg2dwg: 3 files: 3 converted\n"), qPrintable(unprepared.out));
 }
 
 void tst_svg2dwg::existingOutputs()
@@ -367,12 +493,14 @@ void tst_svg2dwg::sameOutputTwice()
 {
     write("one/plan.svg", oneLine);
     write("two/plan.svg", "<svg/>");
+    write("two/Plan.svg", "<svg/>"); // another file where the system tells upper from lower case
 
     const Run result = convert({"one", "two", "-o", "out", "--force"});
     QCOMPARE(result.exitCode, int(SomeFailed));
     QVERIFY2(
         result.err.contains("two/plan.svg: not converted: out/plan.dwg was already made of one/plan.svg"),
         qPrintable(result.err));
+    QCOMPARE(filesIn("out").size(), filesIn("two").size());
     QCOMPARE(kindsOf(readBack(path("out/plan.dwg"))
                          .value("blocks")
                          .toArray()[0]
@@ -385,11 +513,11 @@ void tst_svg2dwg::sameOutputTwice()
 void tst_svg2dwg::dryRunTouchesNothing()
 {
     write("plan.svg", oneLine);
-    // A node that cannot be started would be noticed.
+    write("encoder.mjs", encoderThatLeavesATrace);
     const Run result = run(SVG2DWG, {"plan.svg", "--dry-run", "--preview", "-o", "out"}, m_folder->path(),
-                           with("KORVANE_NODE", path("no-node")));
+                           with("KORVANE_ENCODER", path("encoder.mjs")));
     QVERIFY2(result.exitCode == AllConverted, qPrintable(result.err));
-    QCOMPARE(filesIn("."), QStringList{"plan.svg"});
+    QCOMPARE(filesIn("."), (QStringList{"encoder.mjs", "plan.svg"}));
     QVERIFY(!QFileInfo::exists(path("out")));
 }
 
@@ -397,9 +525,10 @@ void tst_svg2dwg::journal()
 {
     write("a.svg", oneLine);
     write("b.svg", oneLine);
-    QCOMPARE(
-        convert({"a.svg", "bad.svg", "b.svg", "--dry-run", "--explode", "--journal", "calls.jsonl"}).exitCode,
-        int(SomeFailed));
+    QCOMPARE(convert({"a.svg", "bad.svg", "b.svg", "--no-prepare", "--dry-run", "--explode", "--journal",
+                      "calls.jsonl"})
+                 .exitCode,
+             int(SomeFailed));
 
     const auto callsFor = [](const QByteArray &input, const QByteArray &number) {
         const QByteArray block = "\"blockName" + QByteArray::number(number.toInt() - 1) + '"';
@@ -432,8 +561,146 @@ void tst_svg2dwg::journal()
     QVERIFY2(difference.isEmpty(), qPrintable(difference));
 
     const QByteArrayList printed =
-        convert({"a.svg", "--dry-run", "--explode", "--journal", "-"}).out.toUtf8().split('\n');
+        convert({"a.svg", "--no-prepare", "--dry-run", "--explode", "--journal", "-"})
+            .out.toUtf8()
+            .split('\n');
     QCOMPARE(printed.mid(0, printed.size() - 1), callsFor("a.svg", "1"));
+}
+
+void tst_svg2dwg::preparation_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QString>("circles");
+    QTest::addColumn<QString>("notes");
+
+    const QString circle = R"("call":"kvSketchManager_c::InsertCircle","args":[%1,-%1,0,%1])";
+    const QString note = R"("call":"kvSketchManager_c::InsertSimpleNote")";
+    const auto row = [](const char *name, const QStringList &options, const QString &circles,
+                        const QString &notes) { QTest::newRow(name) << options << circles << notes; };
+    row("a unit is a user unit", {}, circle.arg(50), note);
+    row("a unit is a millimetre", {"--unit", "mm"}, circle.arg(5), note);
+    row("texts as outlines", {"--text", "outlines"}, circle.arg(50), QString());
+    row("curves as straight runs", {"--flatten", "0.5"}, QString(), note);
+}
+
+void tst_svg2dwg::preparation()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QString, circles);
+    QFETCH(QString, notes);
+    write("plan.svg", R"svg(<svg width="10mm" height="10mm" viewBox="0 0 100 100">
+        <circle cx="50" cy="50" r="50"/><text x="20" y="50" font-size="20">Hall</text></svg>)svg");
+
+    const Run result = convert(QStringList{"plan.svg", "--dry-run", "--journal", "-"} + options);
+    QVERIFY2(result.exitCode == AllConverted, qPrintable(result.err));
+    const auto drawn = [&result](const QString &call, const QString &expected) {
+        return expected.isEmpty() ? !result.out.contains(call) : result.out.contains(expected);
+    };
+    QVERIFY2(drawn("InsertCircle", circles), qPrintable(result.out));
+    QVERIFY2(drawn("InsertSimpleNote", notes), qPrintable(result.out));
+}
+
+void tst_svg2dwg::plainFiles()
+{
+    write("yard.v2.svgz", gzipped(oneLine));
+    write("encoder.mjs", encoderThatLeavesATrace);
+    const Run result = run(SVG2DWG, {KORVANE_SAMPLES, "yard.v2.svgz", "-o", "out", "--format", "svg"},
+                           m_folder->path(), with("KORVANE_ENCODER", path("encoder.mjs")));
+    QVERIFY2(result.exitCode == AllConverted, qPrintable(result.err));
+    QVERIFY(filesIn("out").contains("yard.v2.svg"));
+    QCOMPARE(filesIn("."), (QStringList{"encoder.mjs", "yard.v2.svgz"}));
+
+    convert({KORVANE_SAMPLES, "yard.v2.svgz", "--dry-run", "--journal", "prepared.jsonl"});
+    const Run plain = convert({"out", "--dry-run", "--no-prepare", "--journal", "plain.jsonl"});
+    QVERIFY2(!plain.out.contains("left out by the reading"), qPrintable(plain.out));
+    const QString difference =
+        journalDifference(callsIn(content("plain.jsonl")), callsIn(content("prepared.jsonl")));
+    QVERIFY2(difference.isEmpty(), qPrintable(difference));
+}
+
+void tst_svg2dwg::inputsAreKept_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<QString>("input");
+
+    const auto row = [](const char *name, const QStringList &arguments, const QString &output,
+                        const QString &input) { QTest::newRow(name) << arguments << output << input; };
+    row("in the same folder", {"in", "-o", "in", "--format", "svg"}, "in/plan.svg", "in/plan.svg");
+    row("one of a folder's files, met by another", {"plan.svgz", "in", "-o", "in", "--format", "svg"},
+        "in/plan.svg", "in/plan.svg");
+    row("in the same folder by another path", {"in/plan.svg", "-o", "in/../in", "--format", "svg"},
+        "in/../in/plan.svg", "in/plan.svg");
+    row("a picture", {"in/plan.svg", "in/plan.png", "-o", "in", "--preview"}, "in/plan.png", "in/plan.png");
+#ifndef Q_OS_WIN
+    row("behind a link to the folder", {"in/plan.svg", "-o", "link", "--format", "svg"}, "link/plan.svg",
+        "in/plan.svg");
+    row("behind a link to the file", {"in/plan.svg", "-o", "out", "--format", "svg"}, "out/plan.svg",
+        "in/plan.svg");
+#endif
+}
+
+void tst_svg2dwg::inputsAreKept()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, output);
+    QFETCH(QString, input);
+    write("plan.svgz", gzipped("<svg/>"));
+    write("in/plan.svg", oneLine);
+    write("in/plan.png", "no picture");
+    QVERIFY(QDir(path(".")).mkdir("out"));
+    QFile::link(path("in"), path("link"));
+    QFile::link(path("in/plan.svg"), path("out/plan.svg"));
+
+    const Run result = convert(arguments + QStringList{"--force"});
+    QCOMPARE(result.exitCode, int(SomeFailed));
+    const QString refusal =
+        QStringLiteral(": not converted: %1 would overwrite the input %2. Choose another folder");
+    QVERIFY2(result.err.contains(refusal.arg(output, input)), qPrintable(result.err));
+    QCOMPARE(content("in/plan.svg"), oneLine);
+    QCOMPARE(content("in/plan.png"), QByteArray("no picture"));
+}
+
+void tst_svg2dwg::notes()
+{
+    write("plan.svg", R"svg(<svg xmlns:xlink="http://www.w3.org/1999/xlink">
+        <clipPath id="half"><rect width="5" height="10"/></clipPath>
+        <rect width="10" height="10" clip-path="url(#half)"/>
+        <image width="4" height="4" xlink:href="one.png"/><image width="4" height="4" xlink:href="two.png"/></svg>)svg");
+    const QString note = "svg2dwg: plan.svg: not drawn: 2 pictures; drawn whole: 1 clipped shape; "
+                         "no physical size: one drawing unit is one user unit\n";
+
+    const QStringList arguments = {"plan.svg", "--dry-run", "--unit", "mm"};
+    const Run result = convert(arguments);
+    QCOMPARE(result.err, note);
+    QCOMPARE(result.exitCode, int(AllConverted));
+    QCOMPARE(convert(arguments + QStringList{"--journal", "-"}).err, note);
+    QCOMPARE(convert(arguments + QStringList{"--quiet"}).err, QString());
+}
+
+void tst_svg2dwg::readingGaps()
+{
+    write("plan.svg", R"svg(<svg xmlns:s="http://www.w3.org/2000/svg"><style>rect { fill: none }</style>
+        <g transform="matrix(1 0 0 1 0 0)" text-anchor="middle">
+        <path d="M0,0 L9,0 9,9 A1 1 0 0 1 2,2 a1 1 0 0 1 2,2 T3,3 V1 2 z M0,0 L1e-5,5 L0,0 z"/>
+        <path d="m1,1 h2 v2 h-2 v-2 z" transform="scale(2)" marker-end="url(#arrow)"/>
+        <polygon points="0,0 10,0 10,10"/><polygon points="0,0, 10,0 10,10"/>
+        <text x="1mm" y="2" style="fill:red">Hall <tspan>12</tspan></text>
+        <rect width="5" height="5" rx="1"/><s:rect width="5" height="5"/><use href="#a"/><svg/></g>
+        <clipPath id="a"><path d="M0,0 A1 1 0 0 1 2,2"/></clipPath></svg>)svg");
+    write("more.svg", R"svg(<svg><use/></svg>)svg");
+
+    const Run result = convert({"plan.svg", "more.svg", "--dry-run", "--no-prepare"});
+    const QString summary =
+        "svg2dwg: left out by the reading: 2 arcs, 1 smooth quadratic, 1 path command with several points, "
+        "1 closing side of a path, 1 path number in shorthand, 1 list of points in shorthand, "
+        "1 number with a unit or in a list, 1 transform other than a matrix, 1 shape with a transform "
+        "further out, "
+        "2 uses, 1 nested drawing, 1 prefixed name, 1 style, 1 style sheet, 1 nested text run, "
+        "1 text without a plain font size, 1 text alignment, 1 rectangle with round corners, 1 marker; "
+        "without --no-prepare they are drawn\n";
+    QVERIFY2(result.out.endsWith(summary), qPrintable(result.out));
+    QCOMPARE(result.exitCode, int(AllConverted));
 }
 
 void tst_svg2dwg::previewShowsTheDrawing()
