@@ -14,7 +14,7 @@ namespace {
 /// The path without links and ".."; of a file that does not exist yet, its folder's path and its name.
 QString canonicalPath(const QString &path)
 {
-    const QString canonical = QFileInfo(path).canonicalFilePath();
+    QString canonical = QFileInfo(path).canonicalFilePath();
     if (!canonical.isEmpty())
         return canonical;
     const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath());

@@ -136,7 +136,7 @@ std::optional<bool> mayOverwrite(HostWindow &window, const std::vector<Copy> &co
         return false;
     const QString question = copies.size() == 1
         ? QStringLiteral("%1 exists already. Overwrite it?").arg(copies.front().output)
-        : QStringLiteral("%1 already holds %2 of the %3 files. Overwrite them?")
+        : QStringLiteral("%1 already holds %2 of the %3 files. Overwrite?")
               .arg(folder)
               .arg(taken)
               .arg(copies.size());
