@@ -20,16 +20,43 @@ constexpr const char *elementPatterns[] = {
     R"svg(<path d="M%1,%2 L%1.5,%2.5 H%2 C%1,%2 %1.5,%2.5 %2,%1 Q%1,%2 %2,%1" fill="none" stroke="black"/>)svg",
 };
 
-QByteArray element(int index)
+/// The same as drawing programs write them, for a preparation to work on.
+constexpr const char *unpreparedPatterns[] = {
+    R"svg(<line x1="%1" y1="%2" x2="%1.5mm" y2="%2.25mm" style="fill:none;stroke:#000000;stroke-width:0.35"/>)svg",
+    R"svg(<circle transform="rotate(%1)" cx="%1" cy="%2" r="12.5" class="hole"/>)svg",
+    R"svg(<ellipse transform="translate(%1 %2) scale(1 2)" rx="12.5" ry="7.25" class="outline"/>)svg",
+    R"svg(<rect x="%1" y="%2" width="40" height="25.5" style="fill:#ff0000"/>)svg",
+    R"svg(<use xlink:href="#bolt" x="%1" y="%2"/>)svg",
+    R"svg(<polygon points="%1,%2 %1.5,%2.5, %1.75 %2-3.5-4" fill="none" stroke="black"/>)svg",
+    R"svg(<text x="%1" y="%2" class="label"><tspan>Position %1</tspan></text>)svg",
+    R"svg(<path d="m%1 %2h3.5v-2a2 2 0 01-2 2l-.5.5.5-.5c1 2 3-4 5-6z" class="outline"/>)svg",
+};
+
+template <std::size_t count>
+QByteArray element(const char *const (&patterns)[count], int index)
 {
-    const char *pattern = elementPatterns[static_cast<std::size_t>(index) % std::size(elementPatterns)];
+    const char *pattern = patterns[static_cast<std::size_t>(index) % count];
     return QString::fromLatin1(pattern).arg(index % 997).arg(index % 1009).toLatin1();
+}
+
+template <std::size_t count>
+QByteArray groups(const char *const (&patterns)[count], const QByteArray &transform, int elements)
+{
+    QByteArray content;
+    for (int i = 0; i < elements; ++i) {
+        if (i % elementsPerGroup == 0)
+            content += "<g transform=\"" + transform + "\">";
+        content += element(patterns, i) + '\n';
+        if (i % elementsPerGroup == elementsPerGroup - 1 || i == elements - 1)
+            content += "</g>\n";
+    }
+    return content;
 }
 
 QByteArray svgOf(const QByteArray &content)
 {
-    return R"svg(<?xml version="1.0" encoding="UTF-8"?><svg xmlns="http://www.w3.org/2000/svg">)svg" + content
-        + "</svg>\n";
+    return R"svg(<?xml version="1.0" encoding="UTF-8"?><svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink">)svg"
+        + content + "</svg>\n";
 }
 
 /// A path that repeats `pattern`, which holds `numbersInPattern` numbers, until it has `numbers` of them.
@@ -45,15 +72,15 @@ QByteArray pathSvg(const QByteArray &pattern, int numbersInPattern, int numbers)
 
 QByteArray mixedSvg(int elements)
 {
-    QByteArray content;
-    for (int i = 0; i < elements; ++i) {
-        if (i % elementsPerGroup == 0)
-            content += R"svg(<g transform="matrix(1.5 0.25 -0.25 1.5 10 20)">)svg";
-        content += element(i) + '\n';
-        if (i % elementsPerGroup == elementsPerGroup - 1 || i == elements - 1)
-            content += "</g>\n";
-    }
-    return svgOf(content);
+    return svgOf(groups(elementPatterns, "matrix(1.5 0.25 -0.25 1.5 10 20)", elements));
+}
+
+QByteArray unpreparedSvg(int elements)
+{
+    const QByteArray sheet =
+        R"svg(<style>.outline, g .hole{fill:none;stroke:#000}.label{font:3.5px sans-serif}</style>
+<defs><g id="bolt"><circle r="3"/><path d="M-4 0h8M0-4v8" stroke="red"/></g></defs>)svg";
+    return svgOf(sheet + groups(unpreparedPatterns, "translate(10,20) scale(1.5)", elements));
 }
 
 QByteArray longPathSvg(int numbers)
