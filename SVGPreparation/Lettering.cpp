@@ -2,6 +2,7 @@
 
 #include "SVGPreparation/Lettering.h"
 
+#include <QFontInfo>
 #include <QStringList>
 
 #include <algorithm>
@@ -15,8 +16,7 @@ constexpr int facePixels = 256;
 constexpr int longestPiece = 4096;
 constexpr int mostFamilies = 16;
 
-/// The names in `families`, which are separated by commas and may be quoted. Browsers take a serif font where
-/// none is named or known.
+/// The names in `families`, which are separated by commas and may be quoted.
 QStringList familyNames(const QString &families)
 {
     QStringList names;
@@ -27,7 +27,37 @@ QStringList familyNames(const QString &families)
         if (!name.isEmpty() && names.size() < mostFamilies)
             names << name;
     }
-    return names << QStringLiteral("serif");
+    return names;
+}
+
+/// The font that this machine has for `name`, which may be another one of the same widths; empty when it has
+/// none. Qt finds one for any name, so an answer counts only if it is not what it finds for no name at all.
+QString installedFamily(const QString &name)
+{
+    static const QString foundForNoName = QFontInfo(QFont(QStringLiteral("no such font"))).family();
+    const QString found = QFontInfo(QFont(name)).family();
+    return found != foundForNoName || name.compare(found, Qt::CaseInsensitive) == 0 ? found : QString();
+}
+
+/// The first of `families` that is installed. Browsers take these fonts for the generic names, and a serif
+/// one where none is named or installed.
+QString familyFor(const QString &families)
+{
+    static const QHash<QString, QString> genericFamilies = {
+        {QStringLiteral("sans-serif"), QStringLiteral("Arial")},
+        {QStringLiteral("serif"), QStringLiteral("Times New Roman")},
+        {QStringLiteral("monospace"), QStringLiteral("monospace")},
+        {QStringLiteral("system-ui"), QStringLiteral("sans-serif")},
+    };
+    for (const QString &name : familyNames(families)) {
+        const QString generic = genericFamilies.value(name.toLower());
+        if (!generic.isEmpty())
+            return generic;
+        const QString installed = installedFamily(name);
+        if (!installed.isEmpty())
+            return installed;
+    }
+    return genericFamilies.value(QStringLiteral("serif"));
 }
 
 /// Qt's weights for those of CSS, 100 to 900 in steps of 100.
@@ -67,20 +97,14 @@ FontReach Lettering::reach(const TextFont &font)
 
 QPainterPath Lettering::outlines(const QString &text, const TextFont &font)
 {
-    const Face &face = this->face(font);
     const double scale = font.size / facePixels;
+    QFont spaced = face(font).font;
+    if (scale > 0.0 && font.letterSpacing != 0.0)
+        spaced.setLetterSpacing(QFont::AbsoluteSpacing, font.letterSpacing / scale);
+    if (scale > 0.0 && font.wordSpacing != 0.0)
+        spaced.setWordSpacing(font.wordSpacing / scale);
     QPainterPath path;
-    double left = 0.0;
-    for (int i = 0; i < text.size(); i += longestPiece) {
-        const QString piece = text.mid(i, longestPiece);
-        QFont spaced = face.font;
-        if (font.letterSpacing != 0.0 && scale > 0.0)
-            spaced.setLetterSpacing(QFont::AbsoluteSpacing, font.letterSpacing / scale);
-        if (font.wordSpacing != 0.0 && scale > 0.0)
-            spaced.setWordSpacing(font.wordSpacing / scale);
-        path.addText(left, 0.0, spaced, piece);
-        left += advance(piece, font) / scale;
-    }
+    path.addText(0.0, 0.0, spaced, text);
     return QTransform::fromScale(scale, scale).map(path);
 }
 
@@ -92,10 +116,7 @@ const Lettering::Face &Lettering::face(const TextFont &font)
     if (known != m_faces.constEnd())
         return *known;
 
-    QFont face;
-    const QStringList names = familyNames(font.families);
-    face.setFamily(names.first());
-    face.setFamilies(names);
+    QFont face(familyFor(font.families));
     face.setPixelSize(facePixels);
     face.setWeight(qtWeight(font.weight));
     face.setItalic(font.isItalic);

@@ -24,7 +24,7 @@ public:
     /// How far `text` leads along the baseline, user units.
     double advance(const QString &text, const TextFont &font);
     FontReach reach(const TextFont &font);
-    /// The outlines of `text` begun at the origin, y downwards, user units.
+    /// The outlines of `text`, a few thousand letters at most, begun at the origin, y downwards, user units.
     QPainterPath outlines(const QString &text, const TextFont &font);
 
 private:

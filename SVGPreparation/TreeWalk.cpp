@@ -349,15 +349,28 @@ void TreeWalk::visitText(const QDomElement &element, const Scope &scope, Stack &
             m_plain->addText(run.text, mapped(scope.toDrawing, run.leftEnd),
                              run.font.size * scope.toDrawing.m11());
         } else {
-            QTransform placed;
-            placed.rotate(run.turn);
-            placed = combined(placed, QTransform::fromTranslate(run.leftEnd.x(), run.leftEnd.y()));
-            m_plain->addOutline(outlineOf(m_lettering.outlines(run.text, run.font)),
-                                combined(placed, scope.toDrawing));
+            drawLetters(run, scope);
         }
         countEffects(scope);
         if (m_plain->isFull())
             return;
+    }
+}
+
+/// Draws the outlines of a run, a piece at a time: letters take a hundred times the room of their text.
+void TreeWalk::drawLetters(const TextRun &run, const Scope &scope)
+{
+    QTransform placed;
+    placed.rotate(run.turn);
+    placed = combined(placed, QTransform::fromTranslate(run.leftEnd.x(), run.leftEnd.y()));
+    constexpr int pieceLength = 1024;
+    double left = 0.0;
+    for (int i = 0; i < run.text.size() && !m_plain->isFull(); i += pieceLength) {
+        const QString piece = run.text.mid(i, pieceLength);
+        const Outline outline = outlineOf(m_lettering.outlines(piece, run.font));
+        m_plain->addOutline(
+            outline, combined(combined(QTransform::fromTranslate(left, 0.0), placed), scope.toDrawing));
+        left += m_lettering.advance(piece, run.font);
     }
 }
 

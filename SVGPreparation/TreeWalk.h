@@ -68,6 +68,7 @@ private:
     void visitForeignObject(const QDomElement &element, const Scope &scope, Stack &stack);
 
     void enterViewport(const QDomElement &element, const QRectF &room, const Scope &scope, Stack &stack);
+    void drawLetters(const TextRun &run, const Scope &scope);
     void drawMarkers(const Outline &outline, const Scope &scope);
     void drawMarker(const Marker &marker, const MarkerPlace &place, const Scope &scope);
     const Marker &markerNamed(const QString &id);
