@@ -212,7 +212,7 @@ bool InheritedStyle::showsShapes() const
     const auto shows = [this](Paint paint, double opacity) {
         return opacity > 0.0 && (paint == Paint::Shown || (paint == Paint::CurrentColor && hasColor));
     };
-    return isVisible && (shows(fill, fillOpacity) || (shows(stroke, strokeOpacity) && strokeWidth > 0.0));
+    return isVisible && (shows(fill, fillOpacity) || shows(stroke, strokeOpacity));
 }
 
 bool declare(const QDomElement &element, StyleSheet &sheet, Declared &declared)
