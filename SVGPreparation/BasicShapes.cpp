@@ -22,9 +22,13 @@ std::optional<ShapeGeometry> pathShape(const QDomElement &element, const LengthB
 std::optional<double> radius(const QDomElement &element, const QString &name, const LengthBase &base,
                              Along along)
 {
-    const std::optional<Length> length = lengthFrom(element.attribute(name));
-    return length && length->value >= 0.0 ? std::optional<double>(userUnits(*length, base, along))
-                                          : std::nullopt;
+    const QString text = element.attribute(name);
+    if (!element.hasAttribute(name) || text == QLatin1String("auto"))
+        return {};
+    const std::optional<Length> length = lengthFrom(text);
+    if (length && length->value < 0.0)
+        return {};
+    return length ? userUnits(*length, base, along) : 0.0;
 }
 
 Outline roundedRectangle(const QRectF &box, double rx, double ry)

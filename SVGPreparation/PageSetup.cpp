@@ -85,6 +85,15 @@ double unitsPerPixel(DrawingUnit unit)
     return 1.0;
 }
 
+/// How many drawing units a user unit is. A sheet that has been drawn in the unit before gives 1 but for the
+/// rounding of its sides, and stays as it is.
+double unitScale(double pixelsPerUserUnit, DrawingUnit unit)
+{
+    constexpr double rounding = 1e-8;
+    const double scale = pixelsPerUserUnit * unitsPerPixel(unit);
+    return std::abs(scale - 1.0) < rounding ? 1.0 : scale;
+}
+
 /// preserveAspectRatio as it is written anew; empty for the usual one and for what cannot be read.
 QByteArray aspectRatioOf(const QDomElement &root)
 {
@@ -131,8 +140,8 @@ PageSetup pageSetup(const QDomElement &root, double fontSize, DrawingUnit unit)
                                    -toPixels.dx() / toPixels.m11(), -toPixels.dy() / toPixels.m22());
     setup.viewport = box.size();
     const bool scales = unit != DrawingUnit::UserUnit && setup.hasPhysicalSize;
-    const double scaleX = scales ? toPixels.m11() * unitsPerPixel(unit) : 1.0;
-    const double scaleY = scales ? toPixels.m22() * unitsPerPixel(unit) : 1.0;
+    const double scaleX = scales ? unitScale(toPixels.m11(), unit) : 1.0;
+    const double scaleY = scales ? unitScale(toPixels.m22(), unit) : 1.0;
     setup.toDrawing = QTransform::fromScale(scaleX, scaleY);
     setup.page.viewBox = {box.x() * scaleX, box.y() * scaleY, box.width() * scaleX, box.height() * scaleY};
     setup.page.width = textOf(width);
@@ -143,7 +152,7 @@ PageSetup pageSetup(const QDomElement &root, double fontSize, DrawingUnit unit)
 
 Page pageAround(const QRectF &extents)
 {
-    if (!extents.isValid())
+    if (extents.isNull())
         return {{0.0, 0.0, usualWidth, usualHeight}, "300", "150", {}};
     const QPointF least(std::floor(extents.left()), std::floor(extents.top()));
     const QPointF most(std::ceil(extents.right()), std::ceil(extents.bottom()));

@@ -4,6 +4,8 @@
 
 #include "SVGPreparation/Scanner.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <array>
 
@@ -164,11 +166,55 @@ bool isMatch(const QDomElement &element, const CompoundSelector &compound, std::
 
 enum class Reading { Good, Unknown, Bad };
 
+/// Whether browsers know a pseudo-class or pseudo-element of that name.
+bool isPseudo(const QString &name)
+{
+    static const QSet<QString> names = {
+        QStringLiteral("active"),
+        QStringLiteral("after"),
+        QStringLiteral("any-link"),
+        QStringLiteral("before"),
+        QStringLiteral("checked"),
+        QStringLiteral("disabled"),
+        QStringLiteral("empty"),
+        QStringLiteral("enabled"),
+        QStringLiteral("first-child"),
+        QStringLiteral("first-letter"),
+        QStringLiteral("first-line"),
+        QStringLiteral("first-of-type"),
+        QStringLiteral("focus"),
+        QStringLiteral("focus-visible"),
+        QStringLiteral("focus-within"),
+        QStringLiteral("fullscreen"),
+        QStringLiteral("has"),
+        QStringLiteral("host"),
+        QStringLiteral("hover"),
+        QStringLiteral("is"),
+        QStringLiteral("lang"),
+        QStringLiteral("last-child"),
+        QStringLiteral("last-of-type"),
+        QStringLiteral("link"),
+        QStringLiteral("not"),
+        QStringLiteral("nth-child"),
+        QStringLiteral("nth-last-child"),
+        QStringLiteral("nth-last-of-type"),
+        QStringLiteral("nth-of-type"),
+        QStringLiteral("only-child"),
+        QStringLiteral("only-of-type"),
+        QStringLiteral("root"),
+        QStringLiteral("selection"),
+        QStringLiteral("target"),
+        QStringLiteral("visited"),
+        QStringLiteral("where"),
+    };
+    return names.contains(name) || name.startsWith(QLatin1String("-webkit-"));
+}
+
 /// Skips a pseudo-class or pseudo-element, with what stands in its parentheses.
 Reading skipPseudo(Scanner &scanner)
 {
     scanner.take(':');
-    if (name(scanner).isEmpty())
+    if (!isPseudo(name(scanner).toLower()))
         return Reading::Bad;
     if (scanner.take('(')) {
         int depth = 1;

@@ -230,7 +230,7 @@ bool declare(const QDomElement &element, StyleSheet &sheet, Declared &declared)
     const QString style = element.attribute(QStringLiteral("style"));
     if (style.isEmpty())
         return true;
-    for (const Declaration &declaration : declarationsFrom(style)) {
+    for (const Declaration &declaration : declarationsFrom(style, Units::Optional)) {
         declared.offer(declaration.property, declaration.value,
                        styleAttributePriority | (declaration.isImportant ? importance : 0));
     }
@@ -248,8 +248,11 @@ ElementStyle styleOf(const Declared &declared, const InheritedStyle &parent, con
     base.fontSize = inherited.font.size;
 
     const Given color = given(declared, Property::Color);
-    if (!color.value.isEmpty())
-        inherited.hasColor = paintFrom(color.value).value_or(Paint::Shown) != Paint::None;
+    if (!color.value.isEmpty() && isValid(Property::Color, color.value)) {
+        const Paint paint = paintFrom(color.value).value_or(Paint::Shown);
+        if (paint != Paint::CurrentColor) // which is the parent's
+            inherited.hasColor = paint == Paint::Shown;
+    }
     setPaint(declared, Property::Fill, Paint::Shown, inherited.fill);
     setPaint(declared, Property::Stroke, Paint::None, inherited.stroke);
     setRatio(declared, Property::FillOpacity, inherited.fillOpacity);

@@ -49,7 +49,8 @@ struct InheritedStyle {
     TextAnchor anchor = TextAnchor::Start;
     QString dominantBaseline;
 
-    /// Whether fill or stroke of a shape is to be seen. Width does not matter: programs write hairlines with 0.
+    /// Whether fill or stroke of a shape is to be seen. Width does not matter: programs write hairlines with
+    /// 0.
     bool showsShapes() const;
 };
 

@@ -24,8 +24,9 @@ bool isPaint(QStringView value)
 
 bool isColor(QStringView value)
 {
-    const std::optional<Paint> paint = paintFrom(value);
-    return paint && *paint != Paint::None;
+    const bool isWordOfPaints = value.compare(QLatin1String("none"), Qt::CaseInsensitive) == 0
+        || value.startsWith(QLatin1String("url("), Qt::CaseInsensitive);
+    return !isWordOfPaints && paintFrom(value).has_value();
 }
 
 bool isRatio(QStringView value)
@@ -142,6 +143,13 @@ constexpr std::array<PropertyRow, propertyCount> propertyRows = {{
     {Property::BaselineShift, "baseline-shift", isLengthOrWord},
 }};
 
+/// Whether browsers take a number without unit for the property in a style attribute.
+bool mayLackUnit(Property property)
+{
+    return property == Property::FontSize || property == Property::LetterSpacing
+        || property == Property::WordSpacing;
+}
+
 } // namespace
 
 const QString &propertyName(Property property)
@@ -167,9 +175,11 @@ std::optional<Property> propertyNamed(const QString &name)
     return found == properties.constEnd() ? std::nullopt : std::optional<Property>(*found);
 }
 
-bool isValid(Property property, const QString &value)
+bool isValid(Property property, const QString &value, Units units)
 {
-    return isGlobalKeyword(value) || value.contains(QLatin1String("var("))
+    const bool isBareNumber = units == Units::Optional && mayLackUnit(property)
+        && lengthFrom(value).value_or(Length{-1.0, LengthUnit::None}).value >= 0.0;
+    return isBareNumber || isGlobalKeyword(value) || value.contains(QLatin1String("var("))
         || propertyRows[static_cast<std::size_t>(property)].check(value);
 }
 

@@ -55,9 +55,12 @@ const QString &propertyName(Property property);
 /// The property called `name`, in lower case.
 std::optional<Property> propertyNamed(const QString &name);
 
-/// Whether browsers take `value`, without white space at its ends, in a style sheet or style attribute. What
-/// they do not take they ignore, so that an earlier declaration counts.
-bool isValid(Property property, const QString &value);
+/// Style sheets need units where style attributes do not.
+enum class Units { Needed, Optional };
+
+/// Whether browsers take `value`, without white space at its ends. What they do not take they ignore, so that
+/// an earlier declaration counts.
+bool isValid(Property property, const QString &value, Units units = Units::Needed);
 
 /// Priorities, from low to high: presentation attributes, rules by specificity and order, the style
 /// attribute; then the same of important ones.

@@ -139,26 +139,58 @@ bool holdsRules(QStringView prelude)
         || name.compare(QLatin1String("layer"), Qt::CaseInsensitive) == 0;
 }
 
-struct Shorthand {
-    const char *name;
-    void (*expand)(const QString &value, bool isImportant, std::vector<Declaration> &declarations);
+/// Gathers the declarations of one block.
+class Declarations {
+public:
+    explicit Declarations(Units units)
+        : m_units(units)
+    {
+    }
+
+    void add(const QString &name, QString value);
+    std::vector<Declaration> taken() { return std::move(m_declarations); }
+
+private:
+    void addIfValid(Property property, const QString &value);
+    void expandMarker(const QString &value);
+    void expandFont(const QString &value);
+
+    const Units m_units;
+    bool m_isImportant = false;
+    std::vector<Declaration> m_declarations;
 };
 
-void addIfValid(Property property, const QString &value, bool isImportant,
-                std::vector<Declaration> &declarations)
+void Declarations::add(const QString &name, QString value)
 {
-    if (isValid(property, value))
-        declarations.push_back({property, value, isImportant});
+    const QLatin1String mark("!important");
+    QString tail = value.right(mark.size() + 8).toLower();
+    tail.remove(QLatin1Char(' '));
+    m_isImportant = tail.endsWith(mark);
+    if (m_isImportant)
+        value = value.left(value.lastIndexOf(QLatin1Char('!'))).trimmed();
+
+    if (name == QLatin1String("marker"))
+        expandMarker(value);
+    else if (name == QLatin1String("font"))
+        expandFont(value);
+    else if (const std::optional<Property> property = propertyNamed(name))
+        addIfValid(*property, value);
 }
 
-void expandMarker(const QString &value, bool isImportant, std::vector<Declaration> &declarations)
+void Declarations::addIfValid(Property property, const QString &value)
+{
+    if (isValid(property, value, m_units))
+        m_declarations.push_back({property, value, m_isImportant});
+}
+
+void Declarations::expandMarker(const QString &value)
 {
     for (const Property property : {Property::MarkerStart, Property::MarkerMid, Property::MarkerEnd})
-        addIfValid(property, value, isImportant, declarations);
+        addIfValid(property, value);
 }
 
 /// font: style and weight in any order, then size with an optional line height, then families.
-void expandFont(const QString &value, bool isImportant, std::vector<Declaration> &declarations)
+void Declarations::expandFont(const QString &value)
 {
     Scanner scanner(value);
     for (;;) {
@@ -168,34 +200,14 @@ void expandFont(const QString &value, bool isImportant, std::vector<Declaration>
         const QString word = scanner.untilBlank().toString();
         const QString size = word.section(QLatin1Char('/'), 0, 0);
         if (isValid(Property::FontSize, size) && !isValid(Property::FontWeight, size)) {
-            addIfValid(Property::FontSize, size, isImportant, declarations);
+            addIfValid(Property::FontSize, size);
             break;
         }
         for (const Property property : {Property::FontStyle, Property::FontWeight})
-            addIfValid(property, word, isImportant, declarations);
+            addIfValid(property, word);
     }
     scanner.skipBlanks();
-    addIfValid(Property::FontFamily, scanner.rest().toString(), isImportant, declarations);
-}
-
-constexpr Shorthand shorthands[] = {{"marker", expandMarker}, {"font", expandFont}};
-
-void addDeclaration(const QString &name, QString value, std::vector<Declaration> &declarations)
-{
-    const QLatin1String mark("!important");
-    QString tail = value.right(mark.size() + 8).toLower();
-    tail.remove(QLatin1Char(' '));
-    const bool isImportant = tail.endsWith(mark);
-    if (isImportant)
-        value = value.left(value.lastIndexOf(QLatin1Char('!'))).trimmed();
-
-    for (const Shorthand &shorthand : shorthands) {
-        if (name == QLatin1String(shorthand.name))
-            shorthand.expand(value, isImportant, declarations);
-    }
-    const std::optional<Property> property = propertyNamed(name);
-    if (property)
-        addIfValid(*property, value, isImportant, declarations);
+    addIfValid(Property::FontFamily, scanner.rest().toString());
 }
 
 } // namespace
@@ -240,7 +252,7 @@ void StyleSheet::add(const QString &css)
         if (reader.next() != QLatin1Char('{'))
             continue;
         if (!prelude.startsWith(QLatin1Char('@')))
-            addRule(prelude.toString(), declarationsFrom(reader.block()));
+            addRule(prelude.toString(), declarationsFrom(reader.block(), Units::Needed));
         else if (holdsRules(prelude))
             reader.advance();
         else
@@ -339,11 +351,11 @@ bool StyleSheet::applyRules(const Rules &rules, const QDomElement &element, Decl
     return true;
 }
 
-std::vector<Declaration> declarationsFrom(QStringView text)
+std::vector<Declaration> declarationsFrom(QStringView text, Units units)
 {
     const QString cleaned = withoutComments(text);
     CssReader reader(cleaned);
-    std::vector<Declaration> declarations;
+    Declarations declarations(units);
     while (!reader.atEnd()) {
         const QStringView name = withoutBlanks(reader.before(":;{"));
         if (reader.next() == QLatin1Char('{')) { // a rule inside of a rule
@@ -353,11 +365,11 @@ std::vector<Declaration> declarationsFrom(QStringView text)
         if (reader.next() == QLatin1Char(':')) {
             reader.advance();
             const QStringView value = withoutBlanks(reader.before(";"));
-            addDeclaration(name.toString().toLower(), value.toString(), declarations);
+            declarations.add(name.toString().toLower(), value.toString());
         }
         reader.advance();
     }
-    return declarations;
+    return declarations.taken();
 }
 
 } // namespace svgprep

@@ -51,6 +51,6 @@ private:
 
 /// The declarations in `text`, as in a style attribute, in their order. Those that are not understood are
 /// left out, as browsers do.
-std::vector<Declaration> declarationsFrom(QStringView text);
+std::vector<Declaration> declarationsFrom(QStringView text, Units units);
 
 } // namespace svgprep

@@ -153,6 +153,8 @@ void TextLayout::readPositions(const QDomElement &element, std::size_t firstLett
         double last = 0.0;
         std::size_t letter = firstLetter;
         for (; letter < m_letters.size() && !scanner.atEnd(); ++letter) {
+            if (QChar::isLowSurrogate(m_letters[letter].unit))
+                continue; // the second half of a letter
             const std::optional<Length> length = lengthFrom(scanner);
             if (!length)
                 break;

@@ -112,7 +112,9 @@ void countPathGaps(const QString &data, ReadingGaps &gaps)
                          [upper](const PathCommand &row) { return upper == QLatin1Char(row.letter); });
         if (command == std::end(pathCommands))
             continue;
-        if (numbers.size() / command->pieceSize > command->piecesRead)
+        // A command of which nothing is read counts however its numbers run together.
+        const bool isSkipped = command->piecesRead == 0 && !numbers.empty();
+        if (isSkipped || numbers.size() / command->pieceSize > command->piecesRead)
             gaps.count(command->gap);
         pen.move(*command, letter != upper, numbers);
     }
