@@ -137,8 +137,8 @@ std::vector<MarkerPlace> markerPlaces(const Outline &outline)
     for (const Subpath &subpath : outline)
         appendPlaces(subpath, places);
     if (!places.empty()) {
-        places.back().kind = MarkerPlace::Kind::End;
         places.front().kind = MarkerPlace::Kind::Start;
+        places.back().kind = MarkerPlace::Kind::End; // of a single vertex, as browsers do
     }
     return places;
 }

@@ -2,6 +2,7 @@
 
 #include "SVGPreparation/SVGFile.h"
 
+#include "SVGPreparation/SourceText.h"
 #include "SVGPreparation/XMLDiagnosis.h"
 
 #include "XMLParser/XMLLimits.h"
@@ -78,63 +79,11 @@ Content unpacked(const QByteArray &packed)
     }
 }
 
-/// The number in a reference such as "x1F6AA" or "128682"; 0 when it is none.
-uint referencedCode(const QStringRef &number)
-{
-    bool isNumber = false;
-    const bool isHexadecimal = number.startsWith(QLatin1Char('x'));
-    const uint code = isHexadecimal ? number.mid(1).toUInt(&isNumber, 16) : number.toUInt(&isNumber);
-    return isNumber ? code : 0;
-}
-
-/// Where the comment or CDATA section ends that begins at `start`; `start` itself when none does.
-int endOfLiteral(const QString &text, int start)
-{
-    struct Row {
-        QLatin1String begin;
-        QLatin1String end;
-    };
-    static const Row rows[] = {{QLatin1String("<!--"), QLatin1String("-->")},
-                               {QLatin1String("<![CDATA["), QLatin1String("]]>")}};
-    for (const Row &row : rows) {
-        if (!text.midRef(start).startsWith(row.begin))
-            continue;
-        const int end = text.indexOf(row.end, start + row.begin.size());
-        return end < 0 ? text.size() : end;
-    }
-    return start;
-}
-
-/// `text` with the letters beyond 16 bits that it writes by number, "&#x1F6AA;", written as they are: Qt's
-/// reader cuts such numbers. What stands in comments and CDATA sections is no reference.
-QString withWideLetters(const QString &text)
-{
-    if (!text.contains(QLatin1String("&#")))
-        return text;
-    constexpr int longestReference = 10;
-    QString result;
-    int copied = 0;
-    for (int i = 0; i + 1 < text.size(); ++i) {
-        if (text.at(i) == QLatin1Char('<'))
-            i = endOfLiteral(text, i);
-        if (i + 1 >= text.size() || text.at(i) != QLatin1Char('&') || text.at(i + 1) != QLatin1Char('#'))
-            continue;
-        const int length = text.midRef(i + 2, longestReference).indexOf(QLatin1Char(';'));
-        const uint code = length < 0 ? 0 : referencedCode(text.midRef(i + 2, length));
-        if (code <= 0xffff || code > 0x10ffff)
-            continue;
-        result += text.midRef(copied, i - copied);
-        result += QString::fromUcs4(&code, 1);
-        copied = i + 2 + length + 1;
-    }
-    return result + text.midRef(copied);
-}
-
 QDomDocument documentOf(QByteArray bytes)
 {
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly | QIODevice::Text);
-    return documentFromText(withWideLetters(textFromDevice(buffer)));
+    return documentFromText(completeForQt(textFromDevice(buffer)));
 }
 
 } // namespace

@@ -183,19 +183,17 @@ QTransform transformOf(const Declared &declared, const LengthBase &base)
                     QTransform::fromTranslate(origin.x(), origin.y()));
 }
 
-double baselineShiftOf(const Declared &declared, const LengthBase &base)
+void setBaselineShift(const Declared &declared, const LengthBase &base, OwnStyle &own)
 {
     const QString value = given(declared, Property::BaselineShift).value;
-    // As far as browsers move them.
+    // As far as browsers move raised and lowered text.
     if (value.compare(QLatin1String("super"), Qt::CaseInsensitive) == 0)
-        return base.fontSize / 3.0;
-    if (value.compare(QLatin1String("sub"), Qt::CaseInsensitive) == 0)
-        return -base.fontSize / 5.0;
-    const std::optional<Length> length = lengthFrom(value);
-    if (!length)
-        return 0.0;
-    return length->unit == LengthUnit::Percent ? base.fontSize * length->value / 100.0
-                                               : userUnits(*length, base, Along::Other);
+        own.scriptShift = 0.5;
+    else if (value.compare(QLatin1String("sub"), Qt::CaseInsensitive) == 0)
+        own.scriptShift = -0.5;
+    else if (const std::optional<Length> length = lengthFrom(value))
+        own.baselineShift = length->unit == LengthUnit::Percent ? base.fontSize * length->value / 100.0
+                                                                : userUnits(*length, base, Along::Other);
 }
 
 /// The value of clip-path, mask or filter; empty for none.
@@ -276,7 +274,7 @@ ElementStyle styleOf(const Declared &declared, const InheritedStyle &parent, con
     own.clipPath = effectOf(declared, Property::ClipPath);
     own.mask = effectOf(declared, Property::Mask);
     own.filter = effectOf(declared, Property::Filter);
-    own.baselineShift = baselineShiftOf(declared, base);
+    setBaselineShift(declared, base, own);
     return style;
 }
 

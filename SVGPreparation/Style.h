@@ -63,6 +63,7 @@ struct OwnStyle {
     QString mask;
     QString filter;
     double baselineShift = 0.0; ///< upwards, user units
+    double scriptShift = 0.0;   ///< upwards, heights of the font
 };
 
 struct ElementStyle {

@@ -107,6 +107,10 @@ bool TextLayout::addPart(const QDomElement &element, int outer)
     const ElementStyle style = m_styleWithin(element, part.style);
     part.style = style.inherited;
     part.baselineShift += style.own.baselineShift;
+    if (style.own.scriptShift != 0.0) {
+        const FontReach reach = m_lettering.reach(part.style.font);
+        part.baselineShift += style.own.scriptShift * (reach.ascent + reach.descent);
+    }
     part.isTransparent = part.isTransparent || style.own.isTransparent;
     if (style.own.isDisplayed)
         m_parts.push_back(part);
