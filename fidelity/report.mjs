@@ -26,10 +26,14 @@ export function unjudged(problem) {
     return { right: false, empty: false, browser: 0, drawing: 0, texts: { right: 0, total: 0 }, problem };
 }
 
-/** The table over folders, [{label, verdicts}]. */
+/**
+ * The table over folders, [{label, verdicts}]: the mean shares of the browser's lines drawn and of the drawing's lines
+ * shown, and the least of all. A small element may be less than what a file that is right may lack, so the least
+ * tells more than the means.
+ */
 export function table(folders) {
     const all = { label: "all", verdicts: folders.flatMap(({ verdicts }) => verdicts) };
-    const rows = [["folder", "files", "right", "%", "empty", "drawn", "shown", "texts"],
+    const rows = [["folder", "files", "right", "%", "empty", "drawn", "shown", "least", "texts"],
         ...[...folders, ...(folders.length > 1 ? [all] : [])].map(row)];
     const widths = rows[0].map((_, column) => Math.max(...rows.map(cells => cells[column].length)));
     return rows.map(cells => cells.map((cell, column) =>
@@ -43,9 +47,10 @@ export function rightPercent(verdicts) {
 function row({ label, verdicts }) {
     const mean = key => verdicts.reduce((sum, verdict) => sum + verdict[key], 0) / Math.max(1, verdicts.length);
     const sum = key => verdicts.reduce((total, { texts }) => total + texts[key], 0);
+    const least = Math.min(1, ...verdicts.flatMap(({ browser, drawing }) => [browser, drawing]));
     return [label, String(verdicts.length), String(verdicts.filter(({ right }) => right).length),
-        rightPercent(verdicts).toFixed(1), String(verdicts.filter(({ empty }) => empty).length), percent(mean("browser")),
-        percent(mean("drawing")), `${sum("right")}/${sum("total")}`];
+        rightPercent(verdicts).toFixed(1), String(verdicts.filter(({ empty }) => empty).length),
+        percent(mean("browser")), percent(mean("drawing")), percent(least), `${sum("right")}/${sum("total")}`];
 }
 
 function share({ pixels, near }) {
