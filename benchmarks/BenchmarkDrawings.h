@@ -10,8 +10,8 @@
 /// groups of twenty that carry a matrix.
 QByteArray mixedSvg(int elements);
 
-/// An SVG text of `elements` elements as drawing programs write them: relative paths with arcs, uses, styles and
-/// transforms, which have to be prepared.
+/// An SVG text of `elements` elements as drawing programs write them: relative paths with arcs, uses, styles
+/// and transforms, which have to be prepared.
 QByteArray unpreparedSvg(int elements);
 
 /// An SVG text of one path with `numbers` numbers, as a map's outline has them: runs of twenty straight

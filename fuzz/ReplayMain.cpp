@@ -30,5 +30,5 @@ int main(int argc, char *argv[])
         }
     }
     delete QCoreApplication::instance(); // a target may have made one
-    return count > 0 ? 0 : 1; // an empty corpus would prove nothing
+    return count > 0 ? 0 : 1;            // an empty corpus would prove nothing
 }
