@@ -50,10 +50,10 @@ QString familyFor(const QString &families)
         {QStringLiteral("system-ui"), QStringLiteral("sans-serif")},
     };
     for (const QString &name : familyNames(families)) {
-        const QString generic = genericFamilies.value(name.toLower());
+        QString generic = genericFamilies.value(name.toLower());
         if (!generic.isEmpty())
             return generic;
-        const QString installed = installedFamily(name);
+        QString installed = installedFamily(name);
         if (!installed.isEmpty())
             return installed;
     }

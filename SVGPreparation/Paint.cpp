@@ -40,9 +40,10 @@ std::optional<Paint> hexColor(QStringView digits)
 std::optional<Paint> functionColor(QStringView value)
 {
     static const QStringList names = {
-        QStringLiteral("rgb"),   QStringLiteral("rgba"), QStringLiteral("hsl"), QStringLiteral("hsla"),
-        QStringLiteral("hwb"),   QStringLiteral("lab"),  QStringLiteral("lch"), QStringLiteral("oklab"),
-        QStringLiteral("oklch"), QStringLiteral("color")};
+        QStringLiteral("rgb"),   QStringLiteral("rgba"),      QStringLiteral("hsl"),
+        QStringLiteral("hsla"),  QStringLiteral("hwb"),       QStringLiteral("lab"),
+        QStringLiteral("lch"),   QStringLiteral("oklab"),     QStringLiteral("oklch"),
+        QStringLiteral("color"), QStringLiteral("color-mix"), QStringLiteral("light-dark")};
     Scanner scanner(value);
     if (!names.contains(scanner.word().toString(), Qt::CaseInsensitive) || !scanner.take('('))
         return {};
@@ -53,15 +54,16 @@ std::optional<Paint> functionColor(QStringView value)
     return ratio && *ratio <= 0.0 ? Paint::None : Paint::Shown;
 }
 
-/// Names of colours, those of the user's desktop among them.
+/// Names of colours: those that Qt knows, one that is younger, and those of the user's desktop.
 bool isColorName(QStringView name)
 {
-    static const QStringList desktopColors = {
-        QStringLiteral("canvas"),     QStringLiteral("canvastext"), QStringLiteral("linktext"),
-        QStringLiteral("buttonface"), QStringLiteral("buttontext"), QStringLiteral("graytext"),
-        QStringLiteral("highlight"),  QStringLiteral("windowtext"), QStringLiteral("window"),
-        QStringLiteral("infotext"),   QStringLiteral("menutext"),   QStringLiteral("accentcolor")};
-    return desktopColors.contains(name.toString(), Qt::CaseInsensitive)
+    static const QStringList furtherColors = {
+        QStringLiteral("canvas"),       QStringLiteral("canvastext"), QStringLiteral("linktext"),
+        QStringLiteral("buttonface"),   QStringLiteral("buttontext"), QStringLiteral("graytext"),
+        QStringLiteral("highlight"),    QStringLiteral("windowtext"), QStringLiteral("window"),
+        QStringLiteral("infotext"),     QStringLiteral("menutext"),   QStringLiteral("accentcolor"),
+        QStringLiteral("rebeccapurple")};
+    return furtherColors.contains(name.toString(), Qt::CaseInsensitive)
         || (!name.isEmpty() && QColor::isValidColor(name.toString()));
 }
 
