@@ -1,6 +1,7 @@
 // Any SVG file rewritten as a plain one: the cases in data/prepare, which read as the list of rules, and in
 // code what depends on this machine's fonts, on chance or on the samples.
 
+#include "SVGPreparation/SVGFile.h"
 #include "SVGPreparation/SVGPreparation.h"
 
 #include "XMLParser/XMLTree.h"
@@ -47,15 +48,11 @@ QByteArray content(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-PreparedSvg preparedText(const QByteArray &svg, const PreparationOptions &options = {})
-{
-    return prepared(documentFromText(QString::fromUtf8(svg)), options);
-}
-
 /// What becomes of `elements` on a sheet of 100 by 100.
 QByteArray plainOf(const QByteArray &elements, const PreparationOptions &options = {})
 {
-    return preparedText(R"(<svg viewBox="0 0 100 100">)" + elements + "</svg>", options).plainText;
+    const QByteArray svg = R"(<svg viewBox="0 0 100 100">)" + elements + "</svg>";
+    return prepared(documentFromText(svg), options).plainText;
 }
 
 /// The first line in which both differ, expected above actual.
@@ -105,17 +102,16 @@ void tst_SVGPreparation::cases_data()
 void tst_SVGPreparation::cases()
 {
     QFETCH(QString, name);
-    const QByteArray svg = content(name + ".svg");
     const QByteArray plain = content(name + ".plain.svg");
-    QHash<QString, QStringList> head = headOf(svg);
+    QHash<QString, QStringList> head = headOf(content(name + ".svg"));
     const PreparationOptions options = optionsFrom(head["options"].join(' '));
 
-    const PreparedSvg result = preparedText(svg, options);
-    QCOMPARE(result.error, head["error"].join(' '));
+    const PreparedSvg result = preparedFile(name + ".svg", options);
+    QCOMPARE(result.error.section(": ", -1), head["error"].join(' '));
     QVERIFY2(result.plainText == plain, difference(result.plainText, plain));
     QCOMPARE(result.notes(), head["notes"]);
     for (const PreparationOptions &given : {PreparationOptions(), options}) {
-        const QByteArray again = plain.isEmpty() ? plain : preparedText(plain, given).plainText;
+        const QByteArray again = preparedFile(name + ".plain.svg", given).plainText;
         QVERIFY2(again == plain, "prepared again, " + difference(again, plain));
     }
 }
@@ -203,10 +199,10 @@ void tst_SVGPreparation::samples()
     const QFileInfoList samples = QDir(KORVANE_SAMPLES).entryInfoList({"*.svg"});
     QVERIFY(!samples.isEmpty());
     for (const QFileInfo &sample : samples) {
-        const QByteArray svg = content(sample.filePath());
-        const QByteArray plain = preparedText(svg).plainText;
-        const QByteArray again = preparedText(plain).plainText;
-        QVERIFY2(plain.count("<circle") >= svg.count("<circle"), qPrintable(sample.fileName()));
+        const QByteArray plain = preparedFile(sample.filePath(), {}).plainText;
+        const int circles = content(sample.filePath()).count("<circle");
+        const QByteArray again = prepared(documentFromText(plain), {}).plainText;
+        QVERIFY2(plain.count("<circle") >= circles, qPrintable(sample.fileName()));
         QVERIFY2(!plain.isEmpty() && again == plain,
                  sample.fileName().toUtf8() + ": " + difference(again, plain));
     }
