@@ -10,7 +10,6 @@ namespace svgprep {
 namespace {
 
 constexpr double largestCoordinate = 1e15;
-constexpr int mostShapes = 2'000'000;
 constexpr int mostFlattenedPoints = 20'000'000; // of one subpath
 constexpr int largestText = 1'500'000'000;      // bytes; Qt's arrays end at 2 GiB
 
@@ -90,10 +89,11 @@ QByteArray escaped(const QString &text)
 
 } // namespace
 
-PlainSVG::PlainSVG(const Page &page, double flattenTolerance)
+PlainSVG::PlainSVG(const Page &page, double flattenTolerance, int mostShapes)
     : m_page(page)
     , m_grid(std::max(page.viewBox.width(), page.viewBox.height()))
     , m_flattenTolerance(flattenTolerance)
+    , m_mostShapes(mostShapes)
 {
 }
 
@@ -189,7 +189,7 @@ void PlainSVG::addText(const QString &text, QPointF leftEnd, double size)
     m_body += escaped(text);
     m_body += "</text>\n";
     ++m_shapeCount;
-    m_isFull = m_isFull || m_shapeCount > mostShapes || m_body.size() > largestText;
+    m_isFull = m_isFull || m_shapeCount > m_mostShapes || m_body.size() > largestText;
 }
 
 QRectF PlainSVG::extents() const
@@ -300,7 +300,7 @@ void PlainSVG::addRun(QPointF start, const Segment *first, const Segment *last, 
         appendPoint(curves, curve->end);
         ++m_shapeCount;
     }
-    m_isFull = m_isFull || m_shapeCount > mostShapes || m_body.size() + curves.size() > largestText;
+    m_isFull = m_isFull || m_shapeCount > m_mostShapes || m_body.size() + curves.size() > largestText;
 }
 
 /// Adds points on the grid, no two following ones of them the same, as a line, polyline or polygon.
@@ -390,7 +390,7 @@ void PlainSVG::endElement()
 {
     m_body += "/>\n";
     ++m_shapeCount;
-    m_isFull = m_isFull || m_shapeCount > mostShapes || m_body.size() > largestText;
+    m_isFull = m_isFull || m_shapeCount > m_mostShapes || m_body.size() > largestText;
 }
 
 void PlainSVG::extend(QPointF point)

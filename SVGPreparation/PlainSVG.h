@@ -23,8 +23,9 @@ struct Page {
 
 class PlainSVG {
 public:
-    /// An empty drawing. With a `flattenTolerance`, in drawing units, curves become straight runs.
-    PlainSVG(const Page &page, double flattenTolerance);
+    /// An empty drawing that takes `mostShapes`. With a `flattenTolerance`, in drawing units, curves become
+    /// straight runs.
+    PlainSVG(const Page &page, double flattenTolerance, int mostShapes);
 
     /// Each adds a shape; what has no extent, or numbers too large for a drawing, is left out.
     void addOutline(const Outline &outline, const QTransform &transform);
@@ -59,6 +60,7 @@ private:
     DrawingGrid m_grid;
     double m_flattenTolerance;
     QByteArray m_body;
+    int m_mostShapes;
     int m_shapeCount = 0;
     bool m_isFull = false;
     QPointF m_least;

@@ -19,8 +19,8 @@ double fontSizeOf(SourceTree &source)
 Page drawnPage(SourceTree &source, const PageSetup &setup, const PreparationOptions &options)
 {
     Omissions counted;
-    PlainSVG trial(setup.page, options.flattenTolerance);
-    TreeWalk(source, options.text, counted).draw(setup, trial);
+    PlainSVG trial(setup.page, options.flattenTolerance, options.mostShapes);
+    TreeWalk(source, options, counted).draw(setup, trial);
     return pageAround(trial.extents());
 }
 
@@ -47,8 +47,8 @@ PreparedSvg prepared(const QDomDocument &document, const PreparationOptions &opt
     PageSetup setup = pageSetup(source.root(), fontSizeOf(source), options.unit);
     if (!setup.hasSize)
         setup.page = drawnPage(source, setup, options);
-    PlainSVG plain(setup.page, options.flattenTolerance);
-    result.error = TreeWalk(source, options.text, result.omissions).draw(setup, plain);
+    PlainSVG plain(setup.page, options.flattenTolerance, options.mostShapes);
+    result.error = TreeWalk(source, options, result.omissions).draw(setup, plain);
     if (result.error.isEmpty())
         result.plainText = plain.text();
     result.lacksPhysicalSize = options.unit != DrawingUnit::UserUnit && !setup.hasPhysicalSize;

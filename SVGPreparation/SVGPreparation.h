@@ -25,6 +25,8 @@ struct PreparationOptions {
     DrawingUnit unit = DrawingUnit::UserUnit;
     /// Curves become straight runs no farther from them than this, in drawing units; 0 keeps curves.
     double flattenTolerance = 0.0;
+    /// A file that draws more lines, curves and other entities is refused.
+    int mostShapes = 2'000'000;
 };
 
 struct PreparedSvg {

@@ -5,6 +5,8 @@
 #include "SVGPreparation/BasicShapes.h"
 #include "SVGPreparation/Viewport.h"
 
+#include <QLocale>
+
 #include <cmath>
 #include <utility>
 
@@ -12,7 +14,13 @@ namespace svgprep {
 
 namespace {
 
-constexpr int mostInstanced = 4'000'000;
+/// A shape may stand in groups of its own in what is used, but not in any number of them.
+constexpr int mostElementsForAShape = 2;
+
+QString counted(int count)
+{
+    return QLocale(QLocale::English).toString(count);
+}
 
 /// Whether browsers set to English draw `element` at all.
 bool passesConditions(const QDomElement &element)
@@ -58,9 +66,9 @@ double sideOf(const QDomElement &element, const QString &name, const LengthBase 
 
 } // namespace
 
-TreeWalk::TreeWalk(SourceTree &source, TextOutput textOutput, Omissions &omissions)
+TreeWalk::TreeWalk(SourceTree &source, const PreparationOptions &options, Omissions &omissions)
     : m_source(source)
-    , m_textOutput(textOutput)
+    , m_options(options)
     , m_omissions(omissions)
 {
 }
@@ -88,7 +96,7 @@ QString TreeWalk::draw(const PageSetup &setup, PlainSVG &plain)
     if (root.own.isDisplayed && !root.own.isTransparent && !setup.isHidden)
         drawAll({m_source.root().firstChildElement(), true, scope, {}});
     if (m_error.isEmpty() && plain.isFull())
-        m_error = QStringLiteral("it draws more than 2,000,000 shapes");
+        m_error = QStringLiteral("it draws more than %1 shapes").arg(counted(m_options.mostShapes));
     return m_error;
 }
 
@@ -137,8 +145,10 @@ void TreeWalk::visit(const QDomElement &element, const Scope &outer, Stack &stac
     const Visit visitKind = visits().value(element.tagName());
     if (!visitKind || !passesConditions(element))
         return;
+    const int mostInstanced = mostElementsForAShape * m_options.mostShapes;
     if ((!m_usedIds.isEmpty() || m_isInMarker) && ++m_instanced > mostInstanced) {
-        m_error = QStringLiteral("its uses and markers multiply to more than 4,000,000 elements");
+        m_error = QStringLiteral("its uses and markers multiply to more than %1 elements")
+                      .arg(counted(mostInstanced));
         return;
     }
     Scope inner;
@@ -343,7 +353,7 @@ void TreeWalk::visitText(const QDomElement &element, const Scope &scope, Stack &
             return styleWithin(inner, parent, scope.base);
         },
         m_omissions);
-    const bool canBeNotes = m_textOutput == TextOutput::Notes && keepsTextUpright(scope.toDrawing);
+    const bool canBeNotes = m_options.text == TextOutput::Notes && keepsTextUpright(scope.toDrawing);
     for (const TextRun &run : layout.runs(element, scope.style, scope.base)) {
         if (canBeNotes && run.turn == 0.0) {
             m_plain->addText(run.text, mapped(scope.toDrawing, run.leftEnd),

@@ -18,7 +18,7 @@ namespace svgprep {
 
 class TreeWalk {
 public:
-    TreeWalk(SourceTree &source, TextOutput textOutput, Omissions &omissions);
+    TreeWalk(SourceTree &source, const PreparationOptions &options, Omissions &omissions);
 
     /// Draws the whole file into `plain`, on the sheet of `setup`. Returns why it could not be done, empty
     /// when it went well.
@@ -78,7 +78,7 @@ private:
                              const LengthBase &base);
 
     SourceTree &m_source;
-    TextOutput m_textOutput;
+    const PreparationOptions &m_options;
     Omissions &m_omissions;
     Lettering m_lettering;
     PlainSVG *m_plain = nullptr;
