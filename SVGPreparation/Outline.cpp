@@ -101,6 +101,13 @@ void Subpath::arcTo(double rx, double ry, double xAxisRotation, bool isLargeArc,
     }
 }
 
+QPointF pointAt(QPointF start, const Segment &curve, double t)
+{
+    const double s = 1.0 - t;
+    return s * s * s * start + 3.0 * s * s * t * curve.control1 + 3.0 * s * t * t * curve.control2
+        + t * t * t * curve.end;
+}
+
 Outline ellipseOutline(QPointF center, double rx, double ry)
 {
     constexpr double kappa = 0.55228474983079340; // 4/3 (sqrt(2) - 1)

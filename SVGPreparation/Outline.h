@@ -37,6 +37,9 @@ struct Subpath {
 
 using Outline = std::vector<Subpath>;
 
+/// The point at `t`, 0 to 1, of a curve begun at `start`.
+QPointF pointAt(QPointF start, const Segment &curve, double t);
+
 /// The whole ellipse about `center`, begun at the right, in four curves.
 Outline ellipseOutline(QPointF center, double rx, double ry);
 

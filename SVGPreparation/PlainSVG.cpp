@@ -41,13 +41,6 @@ int piecesOf(QPointF start, const Segment &curve, double tolerance)
     return static_cast<int>(std::clamp(std::ceil(std::sqrt(bend / 8.0 / tolerance)), 1.0, most));
 }
 
-QPointF pointAt(QPointF start, const Segment &curve, double t)
-{
-    const double s = 1.0 - t;
-    return s * s * s * start + 3.0 * s * s * t * curve.control1 + 3.0 * s * t * t * curve.control2
-        + t * t * t * curve.end;
-}
-
 /// The segments of a subpath from where straight and curved meet; the closing line counts.
 std::vector<Segment> segmentsFromCorner(const Subpath &subpath, QPointF &start)
 {

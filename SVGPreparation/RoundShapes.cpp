@@ -13,13 +13,6 @@ namespace {
 
 constexpr double circleTolerance = 1e-3; // of the radius
 
-QPointF pointAt(QPointF start, const Segment &curve, double t)
-{
-    const double s = 1.0 - t;
-    return s * s * s * start + 3.0 * s * s * t * curve.control1 + 3.0 * s * t * t * curve.control2
-        + t * t * t * curve.end;
-}
-
 double cross(QPointF a, QPointF b)
 {
     return a.x() * b.y() - a.y() * b.x();
