@@ -63,23 +63,6 @@ std::vector<Segment> segmentsFromCorner(const Subpath &subpath, QPointF &start)
     return segments;
 }
 
-QByteArray escaped(const QString &text)
-{
-    QString result;
-    result.reserve(text.size());
-    for (const QChar character : text) {
-        if (character == QLatin1Char('<'))
-            result += QLatin1String("&lt;");
-        else if (character == QLatin1Char('&'))
-            result += QLatin1String("&amp;");
-        else if (character == QLatin1Char('>'))
-            result += QLatin1String("&gt;");
-        else
-            result += character;
-    }
-    return result.toUtf8();
-}
-
 } // namespace
 
 PlainSVG::PlainSVG(const Page &page, double flattenTolerance, int mostShapes)
@@ -179,7 +162,7 @@ void PlainSVG::addText(const QString &text, QPointF leftEnd, double size)
     if (text.contains(QLatin1String("  ")))
         m_body += R"( xml:space="preserve")";
     m_body += '>';
-    m_body += escaped(text);
+    m_body += text.toHtmlEscaped().toUtf8();
     m_body += "</text>\n";
     ++m_shapeCount;
     m_isFull = m_isFull || m_shapeCount > m_mostShapes || m_body.size() > largestText;
