@@ -1,8 +1,9 @@
 // Starts Chromium without network, profile and scripts of files, with pages that judge drawings.
 
+import { existsSync } from "node:fs";
 import { mkdtemp, readFile, rm } from "node:fs/promises";
 import { tmpdir } from "node:os";
-import { basename, join } from "node:path";
+import { basename, delimiter, join } from "node:path";
 import { gunzipSync } from "node:zlib";
 
 import puppeteer from "puppeteer-core";
@@ -31,6 +32,14 @@ export async function withBrowser(executablePath, work) {
         await browser.close();
         await rm(userDataDir, { recursive: true, force: true });
     }
+}
+
+/** The path of the browser. Throws when there is none. */
+export function chromium() {
+    const found = process.env.PATH.split(delimiter).map(folder => join(folder, "chromium")).find(existsSync);
+    if (!found)
+        throw new Error("chromium not found in PATH");
+    return found;
 }
 
 /** A page that judges one file after the other. */
@@ -84,8 +93,6 @@ class JudgePage {
             return request.respond({ contentType: "text/html", body: page });
         if (pathname === `/drawing/${this.#judged}.svg` && request.isNavigationRequest())
             return request.respond({ contentType: "image/svg+xml", headers: drawingPolicy, body: this.#bytes });
-        if (request.url().startsWith(`${origin}/page/`) && request.frame() === this.#page?.mainFrame())
-            return request.abort();
         if (request.url().startsWith(`${origin}/page/`)) {
             const body = await readFile(new URL(`page/${basename(pathname)}`, import.meta.url));
             return request.respond({ contentType: "text/javascript", body });

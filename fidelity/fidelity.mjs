@@ -3,13 +3,12 @@
 //
 // Exits with 0, with 1 when less than PERCENT of the files are right, and with 2 on wrong arguments.
 
-import { mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from "node:fs";
+import { existsSync, mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import { availableParallelism, tmpdir } from "node:os";
-import { basename, delimiter, join } from "node:path";
-import { existsSync } from "node:fs";
+import { basename, join } from "node:path";
 import { parseArgs } from "node:util";
 
-import { withBrowser } from "./browser.mjs";
+import { chromium, withBrowser } from "./browser.mjs";
 import { convertedFiles, svgFiles } from "./conversion.mjs";
 import { readDxf } from "./dxf.mjs";
 import { judged, rightPercent, table, unjudged } from "./report.mjs";
@@ -18,6 +17,13 @@ const { values: options, positionals: folders } = parseArgs({
     options: { converter: { type: "string" }, pictures: { type: "string" }, "at-least": { type: "string" } },
     allowPositionals: true,
 });
+
+const leastPercent = Number(options["at-least"] ?? 0);
+const missing = folders.find(folder => !existsSync(folder));
+if (folders.length === 0 || missing || !(leastPercent >= 0 && leastPercent <= 100)) {
+    console.error(`fidelity: ${missing ? `${missing}: no such folder` : "wrong arguments"}`);
+    process.exit(2);
+}
 
 const results = await withBrowser(chromium(), async newPage => {
     const pages = Array.from({ length: availableParallelism() }, newPage);
@@ -33,7 +39,7 @@ for (const { label, verdicts } of results) {
 }
 console.log(`\n${table(results)}`);
 const percent = rightPercent(results.flatMap(({ verdicts }) => verdicts));
-process.exitCode = percent < Number(options["at-least"] ?? 0) ? 1 : 0;
+process.exitCode = percent < leastPercent ? 1 : 0;
 
 /** One verdict for each SVG file in `folder`; each page takes the next file when it is done with one. */
 async function verdictsOn(folder, pages) {
@@ -75,11 +81,4 @@ function leavePicture(folder, verdict) {
         writeFileSync(join(pictures, `${basename(verdict.file)}.png`), png);
     }
     delete verdict.picture;
-}
-
-function chromium() {
-    const found = process.env.PATH.split(delimiter).map(folder => join(folder, "chromium")).find(existsSync);
-    if (!found)
-        throw new Error("chromium not found in PATH");
-    return found;
 }

@@ -78,23 +78,19 @@ function* commands(data) {
         return found;
     };
 
-    for (let letter = take(/[Mm]/y), next = letter; next; letter = next ?? letter, next = take(/[a-zA-Z]/y) ?? null) {
-        letter = next;
+    for (let letter = take(/[Mm]/y); letter; letter = take(/[a-zA-Z]/y)) {
         const kind = letter.toLowerCase();
         if (!Object.hasOwn(numbersOf, kind))
             return;
-        for (let first = true; ; first = false) {
-            const numbers = Array.from({ length: numbersOf[kind] }, (_, index) =>
-                take(kind === "a" && (index === 3 || index === 4) ? flag : number));
-            if (numbers.includes(undefined)) {
-                if (first)
-                    return;
-                break;
-            }
-            yield { letter: kind === "m" && !first ? (letter === "m" ? "l" : "L") : letter, numbers: numbers.map(Number) };
-            if (kind === "z")
-                break;
-        }
+        const takeNumbers = () => Array.from({ length: numbersOf[kind] }, (_, index) =>
+            take(kind === "a" && (index === 3 || index === 4) ? flag : number));
+        let numbers = takeNumbers();
+        if (numbers.includes(undefined))
+            return;
+        yield { letter, numbers: numbers.map(Number) };
+        const repeated = { m: "l", M: "L" }[letter] ?? letter;
+        while (kind !== "z" && !(numbers = takeNumbers()).includes(undefined))
+            yield { letter: repeated, numbers: numbers.map(Number) };
     }
 }
 
@@ -116,14 +112,15 @@ function arcControls(from, [rx, ry, turn, large, sweep], to) {
     return [arc.getPointAtLength(length / 1000), arc.getPointAtLength(length * 0.999)];
 }
 
+/** A segment without length looks to the right, as browsers have it. */
 function segment(kind, from, to, controls) {
     const points = [from, ...controls, to];
     const isElsewhere = point => other => other.x !== point.x || other.y !== point.y;
-    const afterStart = points.find(isElsewhere(from));
-    const beforeEnd = points.findLast(isElsewhere(to));
+    const afterStart = points.find(isElsewhere(from)) ?? from;
+    const beforeEnd = points.findLast(isElsewhere(to)) ?? to;
     return {
         kind, x: to.x, y: to.y,
-        leaving: afterStart ? { x: afterStart.x - from.x, y: afterStart.y - from.y } : null,
-        arriving: beforeEnd ? { x: to.x - beforeEnd.x, y: to.y - beforeEnd.y } : null,
+        leaving: { x: afterStart.x - from.x, y: afterStart.y - from.y },
+        arriving: { x: to.x - beforeEnd.x, y: to.y - beforeEnd.y },
     };
 }
