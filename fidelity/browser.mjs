@@ -42,6 +42,15 @@ export function chromium() {
     return found;
 }
 
+/** `svg` with SVG's namespace where its root names none: a drawing has such a file's shapes, a browser shows none. */
+function withNamespace(svg) {
+    const root = svg.toString("latin1").match(/<svg(?=[\s>])[^>]*>/);
+    if (!root || /\sxmlns\s*=/.test(root[0]))
+        return svg;
+    const at = root.index + "<svg".length;
+    return Buffer.concat([svg.subarray(0, at), Buffer.from(' xmlns="http://www.w3.org/2000/svg"'), svg.subarray(at)]);
+}
+
 /** A page that judges one file after the other. */
 class JudgePage {
     #browser;
@@ -56,7 +65,7 @@ class JudgePage {
     /** The verdict of page/judge.mjs. Throws when the browser has none. */
     async judge(svg, entities, wantsPicture) {
         this.#page ??= await this.#opened();
-        this.#bytes = isCompressed(svg) ? gunzipSync(svg) : svg;
+        this.#bytes = withNamespace(isCompressed(svg) ? gunzipSync(svg) : svg);
         const url = `${origin}/drawing/${++this.#judged}.svg`;
         const answer = this.#page.evaluate((...values) => globalThis.judge(...values), url, entities, wantsPicture);
         let timer;

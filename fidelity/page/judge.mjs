@@ -38,7 +38,9 @@ async function opened(url) {
         throw new Error("the browser shows no SVG");
     if (frame.contentDocument.querySelector("parsererror"))
         throw new Error("not well-formed for the browser");
-    for (const element of root.querySelectorAll("script,animate,animateColor,animateMotion,animateTransform,set"))
+    // Foreign objects are no outlines, and keep a canvas from giving its pixels.
+    const unwanted = "script,animate,animateColor,animateMotion,animateTransform,set,foreignObject";
+    for (const element of root.querySelectorAll(unwanted))
         element.remove();
     return root;
 }
