@@ -3,9 +3,7 @@
 #include "XMLParser.h"
 
 #include "CannotOpenMessage.h"
-#include "XMLLimits.h"
 #include "XMLTree.h"
-#include "XMLWriter.h"
 
 #include <QDomElement>
 #include <QFile>
@@ -30,7 +28,7 @@ XMLFile::XMLFile(const QString &path)
         return;
     }
     if (file.size() <= largestXmlFile)
-        m_document = documentFromDevice(file);
+        m_document = documentFromText(textFromDevice(file));
 }
 
 bool XMLFile::setDocumentText(const QString &text)
