@@ -23,13 +23,6 @@ double secondsSince(Clock::time_point start)
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
-/// What the dialog does with every file: the loader made and dropped, then the reader and its text.
-QByteArray loadedText(const QString &path)
-{
-    const XMLParser unused(path);
-    return XMLDocumentReader(path).toString().toUtf8();
-}
-
 void readRecords(SVGDocument &document)
 {
     benchmark::DoNotOptimize(document.lines());
@@ -49,7 +42,7 @@ void load(benchmark::State &state, MakeSvg makeSvg)
     const QByteArray svgText = makeSvg(static_cast<int>(state.range(0)));
     const SvgFile file(svgText);
     for (auto _ : state) {
-        const QByteArray text = loadedText(file.path());
+        const QByteArray text = loadSvgText(file.path());
         benchmark::DoNotOptimize(documentFromText(QString::fromUtf8(text)));
     }
     state.SetComplexityN(state.range(0));
@@ -98,7 +91,7 @@ void afterXmlShare(benchmark::State &state, MakeSvg makeSvg)
         session.newDocument();
 
         const auto xmlStart = Clock::now();
-        const QByteArray text = loadedText(file.path());
+        const QByteArray text = loadSvgText(file.path());
         SVGBlockBuilder builder(session.application(), text); // its parse is the third of the required ones
         xml += secondsSince(xmlStart);
 

@@ -1,7 +1,6 @@
 // Loading: files and texts, the one message, the limits against hostile texts, and the text a tree is written
 // as.
 
-#include "XMLParser/CannotOpenMessage.h"
 #include "XMLParser/SVGDocument.h"
 #include "XMLParser/XMLParser.h"
 #include "XMLParser/XMLScan.h"
