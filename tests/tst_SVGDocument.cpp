@@ -83,7 +83,6 @@ private slots:
     void records();
     void transforms_data();
     void transforms();
-    void longTransformCountsAsNone();
     void emptyDocumentHasNoShapes();
     void numbersReadAsQt_data();
     void numbersReadAsQt();
@@ -195,14 +194,6 @@ void tst_SVGDocument::transforms()
         QCOMPARE(found.size(), 1);
         QCOMPARE(found.first().section(" | ", 1), expected);
     }
-}
-
-void tst_SVGDocument::longTransformCountsAsNone()
-{
-    const QString longest = "matrix(" + QString(1016, '1') + ")";
-    const QString shape = QStringLiteral(R"svg(<rect transform="%1"/>)svg");
-    QCOMPARE(shapes(parsed(shape.arg(longest))).first().section(" | ", 1), longest);
-    QCOMPARE(shapes(parsed(shape.arg(longest + ' '))).first(), QStringLiteral("rect 0 0 0 0 0 0 0 0"));
 }
 
 void tst_SVGDocument::emptyDocumentHasNoShapes()

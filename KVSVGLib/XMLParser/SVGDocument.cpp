@@ -3,6 +3,7 @@
 #include "SVGDocument.h"
 
 #include "SVGElement.h"
+#include "SVGTransform.h"
 
 #include <utility>
 
@@ -23,16 +24,6 @@ QString ownOrParentTransform(const QDomElement &element)
 {
     const QString own = ownTransform(element);
     return own.isEmpty() ? parentTransform(element) : own;
-}
-
-/// Unlike the other shapes an ellipse lets its own translate(...) not hide the matrix of its parent.
-QString ownOrParentMatrix(const QDomElement &element)
-{
-    for (const QString &transform : {ownTransform(element), parentTransform(element)}) {
-        if (transform.contains(QLatin1String("matrix")))
-            return transform;
-    }
-    return QString();
 }
 
 /// Fills `polyline` from the points attribute. Only blanks and commas separate; between two commas, and
@@ -124,7 +115,16 @@ QList<SVGCircleRecord> SVGDocument::circles() const
 
 QList<SVGEllipseRecord> SVGDocument::ellipses() const
 {
-    return readAll<SVGEllipseRecord>("ellipse", [](const QDomElement &element, SVGEllipseRecord &ellipse) {
+    SVGTransforms transforms;
+    // Unlike the other shapes an ellipse lets its own translate(...) not hide the matrix of its parent.
+    const auto ownOrParentMatrix = [&transforms](const QDomElement &element) {
+        const QString own = ownTransform(element);
+        const QString parent = parentTransform(element);
+        if (own.contains(QLatin1String("matrix")))
+            return own;
+        return transforms.of(parent).saysMatrix ? parent : QString();
+    };
+    return readAll<SVGEllipseRecord>("ellipse", [&](const QDomElement &element, SVGEllipseRecord &ellipse) {
         const double rx = number(element, QStringLiteral("rx"));
         const double ry = number(element, QStringLiteral("ry"));
         const double cx = number(element, QStringLiteral("cx"));

@@ -11,8 +11,6 @@ constexpr double powersOfTen[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                   1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 constexpr int mostDigits = 15;
 
-constexpr int longestTransform = 1024;
-
 } // namespace
 
 double plainNumber(const QStringRef &text)
@@ -51,6 +49,5 @@ QString parentTransform(const QDomElement &element)
 
 QString ownTransform(const QDomElement &element)
 {
-    const QString transform = element.attribute(QStringLiteral("transform"));
-    return transform.size() > longestTransform ? QString() : transform;
+    return element.attribute(QStringLiteral("transform"));
 }

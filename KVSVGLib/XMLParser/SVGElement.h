@@ -13,10 +13,8 @@ double plainNumber(const QStringRef &text);
 /// percentage).
 double number(const QDomElement &element, const QString &name);
 
-/// The transform text of the direct parent, empty when it has none. A transform longer than any list of
-/// transforms (1,024 characters) counts as absent: every shape and every path command below it would carry
-/// and read it again.
+/// The transform text of the direct parent, empty when it has none.
 QString parentTransform(const QDomElement &element);
 
-/// The element's own transform text, with the same limit.
+/// The element's own transform text.
 QString ownTransform(const QDomElement &element);
