@@ -5,10 +5,8 @@
 
 #include "kvTextConversion.h"
 
-#include "XMLParser/SVGTransform.h"
 #include "XMLParser/XMLTree.h"
 
-#include <optional>
 #include <utility>
 
 namespace {
@@ -118,7 +116,7 @@ void SVGBlockBuilder::drawSVGEntities()
 
 kvDoubleArray SVGBlockBuilder::applyTransform(const QString &transform, kvDoubleArray values)
 {
-    const std::optional<SVGMatrix> matrix = matrixFromAttribute(transform);
+    const std::optional<SVGMatrix> &matrix = m_transforms.of(transform).matrix;
     if (!matrix)
         return flipped(std::move(values));
 
@@ -128,10 +126,9 @@ kvDoubleArray SVGBlockBuilder::applyTransform(const QString &transform, kvDouble
 
 kvDoubleArray SVGBlockBuilder::placed(const SVGRecord &record, kvDoubleArray values)
 {
-    const QString transform = toQString(record.transform());
-    if (m_matrixTransformsOnly && !transform.contains(QLatin1String("matrix")))
+    if (m_matrixTransformsOnly && !m_transforms.of(record.transformText()).saysMatrix)
         return values;
-    return applyTransform(transform, std::move(values));
+    return applyTransform(record.transformText(), std::move(values));
 }
 
 void SVGBlockBuilder::drawLines(const QList<SVGLineRecord> &records)
@@ -200,7 +197,7 @@ void SVGBlockBuilder::drawNotes(const QList<SVGTextRecord> &records)
 void SVGBlockBuilder::drawSplines(const QList<SVGSplineRecord> &records)
 {
     for (const SVGSplineRecord &record : records) {
-        const QString transform = toQString(record.transform());
+        const QString &transform = record.transformText();
         const kvDoubleArray fitPoints = applyTransform(transform, record.fitPoints());
         const kvDoubleArray control = applyTransform(transform, record.controlPoints());
         const kvDoubleArray points = triples(fitPoints);

@@ -10,6 +10,7 @@
 #include "kvInterfacePtr.h"
 
 #include "XMLParser/SVGDocument.h"
+#include "XMLParser/SVGTransform.h"
 
 #include <QByteArray>
 #include <QDomDocument>
@@ -96,6 +97,7 @@ private:
     kvEllipseArc_c *m_lastEllipse = nullptr;
 
     QDomDocument m_dom;
+    SVGTransforms m_transforms;
     std::uint32_t m_blocksCreated = 0;
     bool m_matrixTransformsOnly = true;
 };

@@ -1,16 +1,8 @@
-// The steps of every import: load a file, make its block, find where to insert it.
+// The steps of every import: make a block, find where to insert it.
 
 #include "SVGImportSteps.h"
 
 #include "SVGBlockBuilder.h"
-
-#include "XMLParser/XMLParser.h"
-
-QByteArray loadSvgText(const QString &path)
-{
-    const XMLParser checkedOnly(path);
-    return XMLDocumentReader(path).toString().toUtf8();
-}
 
 kvString createBlock(SVGBlockBuilder &builder)
 {

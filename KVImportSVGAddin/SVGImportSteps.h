@@ -1,18 +1,11 @@
-// The steps that every import of a file goes through: single import, batch processing, and svg2dwg.
+// The steps that every import goes through: single import, batch processing, and svg2dwg.
 
 #pragma once
 
 #include "kvDocument.h"
 #include "kvInterfacePtr.h"
 
-#include <QByteArray>
-#include <QString>
-
 class SVGBlockBuilder;
-
-/// The SVG file at `path` as UTF-8 text, written anew with an indentation of 1. Empty when the path is empty
-/// or the file is not well-formed, and when it cannot be opened, which the user is told twice.
-QByteArray loadSvgText(const QString &path);
 
 /// Lets `builder` make its block and answers with the block's name; empty when the host refused the block.
 kvString createBlock(SVGBlockBuilder &builder);

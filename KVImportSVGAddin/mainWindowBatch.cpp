@@ -10,6 +10,8 @@
 #include "mainWindowText.h"
 #include "ui_mainWindow.h"
 
+#include "XMLParser/XMLParser.h"
+
 #include <QAbstractEventDispatcher>
 #include <QDebug>
 #include <QDir>

@@ -9,6 +9,8 @@
 #include "mainWindowText.h"
 #include "ui_mainWindow.h"
 
+#include "XMLParser/XMLParser.h"
+
 #include <QDebug>
 #include <QFileInfo>
 #include <QSettings>

@@ -5,7 +5,6 @@
 #include "SVGPreparation/SourceText.h"
 #include "SVGPreparation/XMLDiagnosis.h"
 
-#include "XMLParser/XMLLimits.h"
 #include "XMLParser/XMLTree.h"
 
 #include <QBuffer>

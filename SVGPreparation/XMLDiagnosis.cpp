@@ -1,42 +1,70 @@
-// Parses a refused file once more, with a reader that keeps its stack on the heap and knows where it is. The
-// load itself asks for no error message.
+// Looks a text that gave no document over once more, and then parses it with a reader that knows where it is.
+// The load itself asks for no error message.
 
 #include "SVGPreparation/XMLDiagnosis.h"
 
-#include "XMLParser/XMLLimits.h"
+#include "XMLParser/XMLScan.h"
+#include "XMLParser/XMLTree.h"
 
 #include <QBuffer>
+#include <QDomDocument>
+#include <QStringView>
 #include <QXmlStreamReader>
+
+#include <algorithm>
+#include <optional>
 
 namespace svgprep {
 
 namespace {
 
-/// What is wrong in the text of the file, with line and column; empty when nothing was found.
-QString problemInText(QIODevice &file)
+QString withoutFullStop(QString text)
+{
+    if (text.endsWith(QLatin1Char('.')))
+        text.chop(1);
+    return text;
+}
+
+QString located(qint64 line, qint64 column, const QString &problem)
+{
+    return QStringLiteral("%1:%2: %3").arg(line).arg(column).arg(problem);
+}
+
+/// What the reader refuses in `text`, with line and column; empty when that is nothing.
+QString refusalIn(const QString &text)
+{
+    const std::optional<XMLRefusal> refusal = refusalOf(text);
+    if (!refusal)
+        return {};
+    const QStringView before = QStringView(text).left(refusal->position);
+    const qint64 line = 1 + std::count(before.begin(), before.end(), QLatin1Char('\n'));
+    const qint64 column = before.size() - 1 - before.lastIndexOf(QLatin1Char('\n'));
+    return located(line, qMax(column, qint64(1)), QStringLiteral("not converted: %1").arg(refusal->reason));
+}
+
+/// What is not well-formed in the text of the file, with line and column; empty when nothing was found.
+QString faultIn(QIODevice &file)
 {
     QXmlStreamReader reader(&file);
     reader.setNamespaceProcessing(false);
-    const auto here = [&reader](const QString &problem) {
-        // Qt: columns begin at 0. The reader stands behind the character that showed the problem.
-        const qint64 column = qMax(reader.columnNumber(), qint64(1));
-        return QStringLiteral("%1:%2: %3").arg(reader.lineNumber()).arg(column).arg(problem);
-    };
-
-    int depth = 0;
-    while (!reader.atEnd()) {
-        const QXmlStreamReader::TokenType token = reader.readNext();
-        if (token == QXmlStreamReader::EndElement)
-            --depth;
-        if (token == QXmlStreamReader::StartElement && ++depth > deepestXmlNesting)
-            return here(QStringLiteral("not converted: nested deeper than %1 levels").arg(deepestXmlNesting));
-    }
+    while (!reader.atEnd())
+        reader.readNext();
     if (!reader.hasError())
         return {};
-    QString text = reader.errorString();
-    if (text.endsWith(QLatin1Char('.')))
-        text.chop(1);
-    return here(QStringLiteral("not well-formed XML: %1").arg(text));
+    // Qt: columns begin at 0. The reader stands behind the character that showed the problem.
+    return located(reader.lineNumber(), qMax(reader.columnNumber(), qint64(1)),
+                   QStringLiteral("not well-formed XML: %1").arg(withoutFullStop(reader.errorString())));
+}
+
+/// What the load itself finds wrong in `text` when nothing else did; in few words, hence the last to be
+/// asked.
+QString objectionTo(const QString &text)
+{
+    QString problem;
+    int line = 1;
+    int column = 1;
+    QDomDocument().setContent(text, &problem, &line, &column);
+    return located(line, column, QStringLiteral("not converted: %1").arg(withoutFullStop(problem)));
 }
 
 } // namespace
@@ -48,10 +76,14 @@ QString xmlProblem(const QByteArray &bytes, const QString &name)
 
     QBuffer buffer;
     buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly | QIODevice::Text);
-    const QString problem = problemInText(buffer);
+    buffer.open(QIODevice::ReadOnly);
+    const QString text = textFromDevice(buffer);
+    buffer.seek(0);
+    QString problem = refusalIn(text);
     if (problem.isEmpty())
-        return QStringLiteral("%1: not converted: refused as XML").arg(name);
+        problem = faultIn(buffer);
+    if (problem.isEmpty())
+        problem = objectionTo(text);
     return name + QLatin1Char(':') + problem;
 }
 

@@ -6,6 +6,7 @@
 #include "SVGBlockBuilder.h"
 #include "XMLParser/SVGTransform.h"
 #include "XMLParser/XMLParser.h"
+#include "XMLParser/XMLScan.h"
 #include "XMLParser/XMLTree.h"
 #include "api/HostSession.h"
 
@@ -21,13 +22,6 @@ using MakeSvg = QByteArray (*)(int size);
 double secondsSince(Clock::time_point start)
 {
     return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-/// What the dialog does with every file: the loader made and dropped, then the reader and its text.
-QByteArray loadedText(const QString &path)
-{
-    const XMLParser unused(path);
-    return XMLDocumentReader(path).toString().toUtf8();
 }
 
 void readRecords(SVGDocument &document)
@@ -49,11 +43,32 @@ void load(benchmark::State &state, MakeSvg makeSvg)
     const QByteArray svgText = makeSvg(static_cast<int>(state.range(0)));
     const SvgFile file(svgText);
     for (auto _ : state) {
-        const QByteArray text = loadedText(file.path());
+        const QByteArray text = loadSvgText(file.path());
         benchmark::DoNotOptimize(documentFromText(QString::fromUtf8(text)));
     }
     state.SetComplexityN(state.range(0));
     state.SetBytesProcessed(state.iterations() * svgText.size());
+}
+
+/// The look over a text against the required load of the same file, in turns, so that a slow moment of the
+/// machine hits both. The counter must stay below 0.05.
+void scanShare(benchmark::State &state, MakeSvg makeSvg)
+{
+    const QByteArray svgText = makeSvg(static_cast<int>(state.range(0)));
+    const QString text = QString::fromUtf8(svgText);
+    const SvgFile file(svgText);
+    double scan = 0.0;
+    double load = 0.0;
+    for (auto _ : state) {
+        const auto scanStart = Clock::now();
+        benchmark::DoNotOptimize(refusalOf(text));
+        scan += secondsSince(scanStart);
+
+        const auto loadStart = Clock::now();
+        benchmark::DoNotOptimize(loadSvgText(file.path()));
+        load += secondsSince(loadStart);
+    }
+    state.counters["scan/load"] = scan / load;
 }
 
 void records(benchmark::State &state, MakeSvg makeSvg)
@@ -98,7 +113,7 @@ void afterXmlShare(benchmark::State &state, MakeSvg makeSvg)
         session.newDocument();
 
         const auto xmlStart = Clock::now();
-        const QByteArray text = loadedText(file.path());
+        const QByteArray text = loadSvgText(file.path());
         SVGBlockBuilder builder(session.application(), text); // its parse is the third of the required ones
         xml += secondsSince(xmlStart);
 
@@ -132,6 +147,8 @@ void pathSizes(benchmark::internal::Benchmark *benchmark)
 
 BENCHMARK_CAPTURE(load, elements, mixedSvg)->Apply(elementSizes)->Complexity();
 BENCHMARK_CAPTURE(load, longPath, longPathSvg)->Apply(pathSizes);
+BENCHMARK_CAPTURE(scanShare, elements, mixedSvg)->Apply(elementSizes);
+BENCHMARK_CAPTURE(scanShare, longPath, longPathSvg)->Apply(pathSizes);
 BENCHMARK_CAPTURE(records, elements, mixedSvg)->Apply(elementSizes)->Complexity();
 BENCHMARK_CAPTURE(records, longPath, longPathSvg)->Apply(pathSizes);
 BENCHMARK(transform)->Apply(elementSizes)->Complexity();

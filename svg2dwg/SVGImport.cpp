@@ -7,7 +7,7 @@
 #include "SVGImportSteps.h"
 
 #include "SVGPreparation/SVGFile.h"
-#include "XMLParser/CannotOpenMessage.h"
+#include "XMLParser/XMLParser.h"
 #include "XMLParser/XMLTree.h"
 
 #include <utility>

@@ -35,6 +35,8 @@ private slots:
     void coordinates_data();
     void coordinates();
     void flipNegatesEveryY();
+    void textsAreKeptApart();
+    void sharedTextIsReadOnce();
 };
 
 void tst_SVGTransform::coefficients_data()
@@ -109,6 +111,43 @@ void tst_SVGTransform::coordinates()
 void tst_SVGTransform::flipNegatesEveryY()
 {
     QCOMPARE(toNumbers(flipped(toArray({1, 2, 3, -4, 5}))), (Numbers{1, -2, 3, 4, 5}));
+}
+
+void tst_SVGTransform::textsAreKeptApart()
+{
+    const QString blanks(300, ' ');
+    const QStringList texts{"",
+                            "matrix(1)",
+                            "matrix(2)",
+                            "translate(3 4)",
+                            "matrix(5" + blanks + ")",
+                            "matrix(6" + blanks + ")",
+                            "matrix(7 8)" + QString(QChar(0)) + "9"};
+    const QStringList read{"-", "m1", "m2", "0", "m5", "m6", "m7"};
+    SVGTransforms transforms;
+    for (int round = 0; round < 3; ++round) {
+        QStringList found;
+        for (const QString &text : texts) {
+            const SVGTransforms::Transform &transform = transforms.of(text);
+            found += QLatin1String(transform.saysMatrix ? "m" : "")
+                + (transform.matrix ? QString::number(transform.matrix->a) : "-");
+        }
+        QCOMPARE(found, read);
+    }
+}
+
+void tst_SVGTransform::sharedTextIsReadOnce()
+{
+    // Read for each use it takes ten minutes.
+    const QString text = "matrix(1" + QString(1000000, ' ') + ")";
+    SVGTransforms transforms;
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < 100000; ++i) {
+        QVERIFY(transforms.of(text).saysMatrix);
+        QVERIFY(!transforms.of("scale(2)").saysMatrix);
+    }
+    QVERIFY(timer.elapsed() < 5000);
 }
 
 QTEST_APPLESS_MAIN(tst_SVGTransform)

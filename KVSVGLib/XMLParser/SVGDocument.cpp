@@ -3,40 +3,27 @@
 #include "SVGDocument.h"
 
 #include "SVGElement.h"
-#include "SVGNumber.h"
+#include "SVGTransform.h"
 
 #include <utility>
 
 namespace {
 
-/// One record for each element `tag`, in document order. `fill(element, record)` says whether the record
-/// counts.
-template <class Record, class Fill>
-QList<Record> readAll(const SVGElementIndex &elements, const QString &tag, Fill fill)
+/// The node after `node` in document order; null after the last one.
+QDomNode next(QDomNode node)
 {
-    QList<Record> records;
-    for (const QDomElement &element : elements.named(tag)) {
-        records.append(Record());
-        if (!fill(element, records.last()))
-            records.removeLast();
-    }
-    return records;
+    const QDomNode child = node.firstChild();
+    if (!child.isNull())
+        return child;
+    while (!node.isNull() && node.nextSibling().isNull())
+        node = node.parentNode();
+    return node.nextSibling();
 }
 
 QString ownOrParentTransform(const QDomElement &element)
 {
     const QString own = ownTransform(element);
     return own.isEmpty() ? parentTransform(element) : own;
-}
-
-/// Unlike the other shapes an ellipse lets its own translate(...) not hide the matrix of its parent.
-QString ownOrParentMatrix(const QDomElement &element)
-{
-    for (const QString &transform : {ownTransform(element), parentTransform(element)}) {
-        if (transform.contains(QLatin1String("matrix")))
-            return transform;
-    }
-    return QString();
 }
 
 /// Fills `polyline` from the points attribute. Only blanks and commas separate; between two commas, and
@@ -68,86 +55,120 @@ bool readPoints(const QDomElement &element, SVGPolylineRecord &polyline)
 
 } // namespace
 
+// What QDomDocument::elementsByTagName() finds for each name, in one walk for all: a large tree does not fit
+// the processor's cache, and each walk costs as much as reading all numbers of a kind.
 SVGDocument::SVGDocument(const QDomDocument &document)
     : m_document(document)
-    , m_elements(document)
 {
+    for (const char *tag : {"line", "circle", "ellipse", "rect", "polyline", "polygon", "text", "path"})
+        m_elements.insert(QLatin1String(tag), {});
+
+    for (QDomNode node = document.firstChild(); !node.isNull(); node = next(node)) {
+        if (!node.isElement())
+            continue;
+        const auto found = m_elements.find(node.nodeName());
+        if (found != m_elements.end())
+            found->push_back(node.toElement());
+    }
+}
+
+const std::vector<QDomElement> &SVGDocument::elements(const char *tag) const
+{
+    return *m_elements.constFind(QLatin1String(tag));
+}
+
+/// One record for each element `tag`, in document order. `fill(element, record)` says whether the record
+/// counts.
+template <class Record, class Fill>
+QList<Record> SVGDocument::readAll(const char *tag, Fill fill) const
+{
+    QList<Record> records;
+    for (const QDomElement &element : elements(tag)) {
+        records.append(Record());
+        if (!fill(element, records.last()))
+            records.removeLast();
+    }
+    return records;
 }
 
 QList<SVGLineRecord> SVGDocument::lines() const
 {
-    return readAll<SVGLineRecord>(
-        m_elements, QStringLiteral("line"), [](const QDomElement &element, SVGLineRecord &line) {
-            line.setTransform(parentTransform(element)); // a line's own transform is never asked for
-            for (const QString &name :
-                 {QStringLiteral("x1"), QStringLiteral("y1"), QStringLiteral("x2"), QStringLiteral("y2")})
-                line.addValue(number(element, name));
-            return true;
-        });
+    return readAll<SVGLineRecord>("line", [](const QDomElement &element, SVGLineRecord &line) {
+        line.setTransform(parentTransform(element)); // a line's own transform is never asked for
+        for (const QString &name :
+             {QStringLiteral("x1"), QStringLiteral("y1"), QStringLiteral("x2"), QStringLiteral("y2")})
+            line.addValue(number(element, name));
+        return true;
+    });
 }
 
 QList<SVGCircleRecord> SVGDocument::circles() const
 {
-    return readAll<SVGCircleRecord>(m_elements, QStringLiteral("circle"),
-                                    [](const QDomElement &element, SVGCircleRecord &circle) {
-                                        circle.setTransform(ownOrParentTransform(element));
-                                        circle.addCenterValue(number(element, QStringLiteral("cx")));
-                                        circle.addCenterValue(number(element, QStringLiteral("cy")));
-                                        circle.setRadius(number(element, QStringLiteral("r")));
-                                        return true;
-                                    });
+    return readAll<SVGCircleRecord>("circle", [](const QDomElement &element, SVGCircleRecord &circle) {
+        circle.setTransform(ownOrParentTransform(element));
+        circle.addCenterValue(number(element, QStringLiteral("cx")));
+        circle.addCenterValue(number(element, QStringLiteral("cy")));
+        circle.setRadius(number(element, QStringLiteral("r")));
+        return true;
+    });
 }
 
 QList<SVGEllipseRecord> SVGDocument::ellipses() const
 {
-    return readAll<SVGEllipseRecord>(m_elements, QStringLiteral("ellipse"),
-                                     [](const QDomElement &element, SVGEllipseRecord &ellipse) {
-                                         const double rx = number(element, QStringLiteral("rx"));
-                                         const double ry = number(element, QStringLiteral("ry"));
-                                         const double cx = number(element, QStringLiteral("cx"));
-                                         const double cy = number(element, QStringLiteral("cy"));
-                                         ellipse.setTransform(ownOrParentMatrix(element));
-                                         for (const double value : {0.0, 0.0, cx + rx, 0.0, rx, ry, cx, cy})
-                                             ellipse.addValue(value);
-                                         return true;
-                                     });
+    SVGTransforms transforms;
+    // Unlike the other shapes an ellipse lets its own translate(...) not hide the matrix of its parent.
+    const auto ownOrParentMatrix = [&transforms](const QDomElement &element) {
+        const QString own = ownTransform(element);
+        const QString parent = parentTransform(element);
+        if (own.contains(QLatin1String("matrix")))
+            return own;
+        return transforms.of(parent).saysMatrix ? parent : QString();
+    };
+    return readAll<SVGEllipseRecord>("ellipse", [&](const QDomElement &element, SVGEllipseRecord &ellipse) {
+        const double rx = number(element, QStringLiteral("rx"));
+        const double ry = number(element, QStringLiteral("ry"));
+        const double cx = number(element, QStringLiteral("cx"));
+        const double cy = number(element, QStringLiteral("cy"));
+        ellipse.setTransform(ownOrParentMatrix(element));
+        for (const double value : {0.0, 0.0, cx + rx, 0.0, rx, ry, cx, cy})
+            ellipse.addValue(value);
+        return true;
+    });
 }
 
 QList<SVGPolylineRecord> SVGDocument::rects() const
 {
-    return readAll<SVGPolylineRecord>(
-        m_elements, "rect", [](const QDomElement &element, SVGPolylineRecord &rect) {
-            const double width = number(element, QStringLiteral("width"));
-            const double height = number(element, QStringLiteral("height"));
-            const double x = number(element, QStringLiteral("x"));
-            const double y = number(element, QStringLiteral("y"));
-            rect.setTransform(ownOrParentTransform(element));
-            for (const double value : {x, y, x + width, y, x + width, y + height, x, y + height})
-                rect.addValue(value);
-            return true;
-        });
+    return readAll<SVGPolylineRecord>("rect", [](const QDomElement &element, SVGPolylineRecord &rect) {
+        const double width = number(element, QStringLiteral("width"));
+        const double height = number(element, QStringLiteral("height"));
+        const double x = number(element, QStringLiteral("x"));
+        const double y = number(element, QStringLiteral("y"));
+        rect.setTransform(ownOrParentTransform(element));
+        for (const double value : {x, y, x + width, y, x + width, y + height, x, y + height})
+            rect.addValue(value);
+        return true;
+    });
 }
 
 QList<SVGPolylineRecord> SVGDocument::polylines() const
 {
-    return readAll<SVGPolylineRecord>(m_elements, QStringLiteral("polyline"), readPoints);
+    return readAll<SVGPolylineRecord>("polyline", readPoints);
 }
 
 QList<SVGPolylineRecord> SVGDocument::polygons() const
 {
-    return readAll<SVGPolylineRecord>(m_elements, QStringLiteral("polygon"), readPoints);
+    return readAll<SVGPolylineRecord>("polygon", readPoints);
 }
 
 QList<SVGTextRecord> SVGDocument::texts() const
 {
-    return readAll<SVGTextRecord>(
-        m_elements, QStringLiteral("text"), [](const QDomElement &element, SVGTextRecord &text) {
-            text.setTransform(ownOrParentTransform(element));
-            // The first child alone, whatever it is: a comment gives its text, a tspan gives none.
-            text.addText(toKvString(element.firstChild().nodeValue()));
-            text.setFontSize(toKvString(element.attribute(QStringLiteral("font-size"))));
-            text.addValue(number(element, QStringLiteral("x")));
-            text.addValue(number(element, QStringLiteral("y")));
-            return true;
-        });
+    return readAll<SVGTextRecord>("text", [](const QDomElement &element, SVGTextRecord &text) {
+        text.setTransform(ownOrParentTransform(element));
+        // The first child alone, whatever it is: a comment gives its text, a tspan gives none.
+        text.addText(toKvString(element.firstChild().nodeValue()));
+        text.setFontSize(toKvString(element.attribute(QStringLiteral("font-size"))));
+        text.addValue(number(element, QStringLiteral("x")));
+        text.addValue(number(element, QStringLiteral("y")));
+        return true;
+    });
 }

@@ -3,11 +3,13 @@
 
 #pragma once
 
-#include "SVGElementIndex.h"
 #include "SVGRecords.h"
 
 #include <QDomDocument>
+#include <QDomElement>
+#include <QHash>
 #include <QList>
+#include <QString>
 
 #include <vector>
 
@@ -46,8 +48,12 @@ public:
     bool pathClosed() const { return m_pathClosed; }
 
 private:
+    /// The elements named `tag`, which must be the name of a shape, of "text" or of "path".
+    const std::vector<QDomElement> &elements(const char *tag) const;
+    template <class Record, class Fill>
+    QList<Record> readAll(const char *tag, Fill fill) const;
+
     void addPath(const QDomElement &path);
-    void addCommand(char letter, const QString &transform);
     void addStraightCommand(const std::vector<double> &numbers, char letter, const QString &transform);
     void addCurveCommand(const std::vector<double> &numbers, char letter, const QString &transform);
 
@@ -58,5 +64,5 @@ private:
     QList<SVGPolylineRecord> m_pathPolylines;
     QList<SVGSplineRecord> m_pathSplines;
     QDomDocument m_document;
-    SVGElementIndex m_elements;
+    QHash<QString, std::vector<QDomElement>> m_elements;
 };

@@ -5,14 +5,16 @@
 #include <QDomElement>
 #include <QString>
 
+/// The value that QString::toDouble gives, 0 when `text` is no number; faster for the plain decimal numbers
+/// of coordinate lists.
+double plainNumber(const QStringRef &text);
+
 /// The attribute `name` as a number; 0 when it is absent or anything but a plain number (a unit, a
 /// percentage).
 double number(const QDomElement &element, const QString &name);
 
-/// The transform text of the direct parent, empty when it has none. A transform longer than any list of
-/// transforms (1,024 characters) counts as absent: every shape and every path command below it would carry
-/// and read it again.
+/// The transform text of the direct parent, empty when it has none.
 QString parentTransform(const QDomElement &element);
 
-/// The element's own transform text, with the same limit.
+/// The element's own transform text.
 QString ownTransform(const QDomElement &element);

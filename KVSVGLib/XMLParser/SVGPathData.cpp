@@ -3,11 +3,8 @@
 
 #include "SVGDocument.h"
 #include "SVGElement.h"
-#include "SVGNumber.h"
 
-#include <algorithm>
 #include <array>
-#include <iterator>
 #include <utility>
 
 namespace {
@@ -125,10 +122,11 @@ constexpr int numbersPerSegment = 6;
 template <class Command, std::size_t count>
 const Command *find(const Command (&commands)[count], char letter)
 {
-    const Command *found =
-        std::find_if(std::begin(commands), std::end(commands),
-                     [letter](const Command &command) { return command.letter == letter; });
-    return found == std::end(commands) ? nullptr : found;
+    for (const Command &command : commands) {
+        if (command.letter == letter)
+            return &command;
+    }
+    return nullptr;
 }
 
 /// How often `command` moves the pen when `count` numbers are given. H and h always move it once.
@@ -155,15 +153,10 @@ PathPoint movedPen(const StraightCommand &command, const Numbers &numbers, int i
     return current;
 }
 
-struct Segment {
-    PathPoint firstControl;
-    PathPoint secondControl;
-    PathPoint end;
-};
-
-/// The segment of `command` whose numbers start at `index`, drawn from `current`.
-Segment segmentAt(const CurveCommand &command, const Numbers &numbers, int index, PathPoint current,
-                  PathPoint lastControl)
+/// The two inner control points and the end of the segment of `command` whose numbers start at `index`, drawn
+/// from `current`.
+std::array<PathPoint, 3> segmentAt(const CurveCommand &command, const Numbers &numbers, int index,
+                                   PathPoint current, PathPoint lastControl)
 {
     const auto pointAt = [&](int at) {
         const double x = numberAt(numbers, at);
@@ -198,7 +191,7 @@ void addControlPoint(SVGSplineRecord &curve, PathPoint point)
 
 void SVGDocument::parsePathData()
 {
-    for (const QDomElement &path : m_elements.named(QStringLiteral("path")))
+    for (const QDomElement &path : elements("path"))
         addPath(path);
 }
 
@@ -214,16 +207,11 @@ void SVGDocument::addPath(const QDomElement &path)
         // Whatever stands before the first letter is a command that nobody knows.
         const char letter = data.at(position).toLatin1();
         position = readNumbers(data, position + 1, m_pathNumbers);
-        addCommand(letter, transform);
+        if (find(curveCommands, letter))
+            addCurveCommand(m_pathNumbers, letter, transform);
+        else
+            addStraightCommand(m_pathNumbers, letter, transform);
     }
-}
-
-void SVGDocument::addCommand(char letter, const QString &transform)
-{
-    if (find(curveCommands, letter))
-        addCurveCommand(m_pathNumbers, letter, transform);
-    else
-        addStraightCommand(m_pathNumbers, letter, transform);
 }
 
 void SVGDocument::addStraightCommand(const Numbers &numbers, char letter, const QString &transform)
@@ -241,17 +229,12 @@ void SVGDocument::addStraightCommand(const Numbers &numbers, char letter, const 
 
     const int moves = moveCount(*command, static_cast<int>(numbers.size()));
     kvDoubleArray points;
-    points.setSize(command->drawn ? 2 * (moves + 1) : 0);
-    const auto setPoint = [&](int index) {
-        points[2 * index] = m_currentPoint.x;
-        points[2 * index + 1] = m_currentPoint.y;
-    };
-    if (command->drawn)
-        setPoint(0);
-    for (int i = 0; i < moves; ++i) {
-        m_currentPoint = movedPen(*command, numbers, i * command->step, m_currentPoint);
-        if (command->drawn)
-            setPoint(i + 1);
+    points.setSize(2 * (moves + 1));
+    for (int i = 0; i <= moves; ++i) {
+        if (i > 0)
+            m_currentPoint = movedPen(*command, numbers, (i - 1) * command->step, m_currentPoint);
+        points[2 * i] = m_currentPoint.x;
+        points[2 * i + 1] = m_currentPoint.y;
     }
     if (!command->drawn)
         return;
@@ -272,13 +255,13 @@ void SVGDocument::addCurveCommand(const Numbers &numbers, char letter, const QSt
     addFitPoint(curve, m_currentPoint);
     const int segments = command->repeats ? static_cast<int>(numbers.size()) / numbersPerSegment : 1;
     for (int i = 0; i < segments; ++i) {
-        const Segment segment =
+        const auto [firstControl, secondControl, end] =
             segmentAt(*command, numbers, i * numbersPerSegment, m_currentPoint, m_lastControlPoint);
-        addControlPoint(curve, segment.firstControl);
-        addControlPoint(curve, segment.secondControl);
-        addFitPoint(curve, segment.end);
+        addControlPoint(curve, firstControl);
+        addControlPoint(curve, secondControl);
+        addFitPoint(curve, end);
         if (command->inner != Inner::Doubled)
-            m_lastControlPoint = segment.secondControl;
-        m_currentPoint = segment.end;
+            m_lastControlPoint = secondControl;
+        m_currentPoint = end;
     }
 }

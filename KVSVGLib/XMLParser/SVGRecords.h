@@ -16,6 +16,8 @@
 class SVGRecord {
 public:
     kvString transform() const { return toKvString(m_transform); }
+    /// The same text as it was set.
+    const QString &transformText() const { return m_transform; }
     void setTransform(const kvString &transform) { m_transform = toQString(transform); }
     /// Shares the characters of `transform`, which all commands of a path and all children of a group have in
     /// common.

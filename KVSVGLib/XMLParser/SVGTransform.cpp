@@ -18,13 +18,20 @@ std::optional<SVGMatrix> matrixFromAttribute(const QString &transform)
 
     SVGMatrix matrix;
     double *const coefficients[] = {&matrix.a, &matrix.b, &matrix.c, &matrix.d, &matrix.e, &matrix.f};
-    int next = 0;
-    for (double *coefficient : coefficients) {
-        if (next == parts.size())
-            break;
-        *coefficient = parts[next++].toDouble();
-    }
+    for (int i = 0; i < qMin(6, parts.size()); ++i)
+        *coefficients[i] = parts[i].toDouble();
     return matrix;
+}
+
+const SVGTransforms::Transform &SVGTransforms::of(const QString &text)
+{
+    constexpr int shortText = 256; // takes no longer to read than to find
+    Transform &known = text.size() > shortText ? m_long[text.constData()] : m_short;
+    if (known.text != text) {
+        const QString hostText = text.left(text.indexOf(QChar::Null));
+        known = {text, hostText.contains(QLatin1String("matrix")), matrixFromAttribute(hostText)};
+    }
+    return known;
 }
 
 kvDoubleArray flipped(kvDoubleArray values)

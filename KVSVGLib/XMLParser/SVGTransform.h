@@ -5,18 +5,14 @@
 
 #include "kvArray.h"
 
+#include <QHash>
 #include <QString>
 
 #include <optional>
 
 /// SVG's matrix: x' = a x + c y + e and y' = b x + d y + f. Starts as the identity.
 struct SVGMatrix {
-    double a = 1.0;
-    double b = 0.0;
-    double c = 0.0;
-    double d = 1.0;
-    double e = 0.0;
-    double f = 0.0;
+    double a = 1.0, b = 0.0, c = 0.0, d = 1.0, e = 0.0, f = 0.0;
 };
 
 /// The coefficients in `transform`, a text of the form matrix(...). It is cut by position, without a look at
@@ -24,6 +20,25 @@ struct SVGMatrix {
 /// coefficient that is not given keeps its value of the identity, one that is not a number is 0. No value
 /// when nothing is left to read.
 std::optional<SVGMatrix> matrixFromAttribute(const QString &transform);
+
+/// Reads the transform texts of a document's records, each once: all children of a group and all commands of
+/// a path share the characters of one text.
+class SVGTransforms {
+public:
+    struct Transform {
+        QString text;
+        bool saysMatrix = false; ///< the word stands somewhere in the text
+        std::optional<SVGMatrix> matrix;
+    };
+
+    /// What `text` means up to its first zero character, where a host string ends. The answer is valid until
+    /// the next call.
+    const Transform &of(const QString &text);
+
+private:
+    Transform m_short;
+    QHash<const QChar *, Transform> m_long; // by the address of the characters, which the text keeps
+};
 
 /// `values` (x, y pairs) with every y negated.
 kvDoubleArray flipped(kvDoubleArray values);

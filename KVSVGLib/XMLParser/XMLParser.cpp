@@ -2,23 +2,32 @@
 
 #include "XMLParser.h"
 
-#include "CannotOpenMessage.h"
-#include "XMLLimits.h"
 #include "XMLTree.h"
-#include "XMLWriter.h"
 
 #include <QDomElement>
 #include <QFile>
 #include <QFileInfo>
+#include <QMessageBox>
+
+#include <utility>
 
 namespace {
 
-std::unique_ptr<XMLFile> loadedFile(const QString &path)
+void showMessageBox(const QString &path)
 {
-    return path.isEmpty() ? nullptr : std::make_unique<XMLFile>(path);
+    QMessageBox::critical(nullptr, QStringLiteral("Error"), QObject::tr("Cannot open xml file: %1").arg(path),
+                          QMessageBox::Ok, QMessageBox::NoButton);
 }
 
+CannotOpenMessage messageInUse = showMessageBox;
+
 } // namespace
+
+QByteArray loadSvgText(const QString &path)
+{
+    const XMLParser checkedOnly(path);
+    return XMLDocumentReader(path).toString().toUtf8();
+}
 
 XMLFile::XMLFile(const QString &path)
     : m_fileName(path)
@@ -26,11 +35,18 @@ XMLFile::XMLFile(const QString &path)
     QFile file(path);
     // A folder, a device or a pipe would not open, or would never end.
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        showCannotOpenMessage(path);
+        messageInUse(path);
         return;
     }
     if (file.size() <= largestXmlFile)
-        m_document = documentFromDevice(file);
+        m_unparsedText = textFromDevice(file);
+}
+
+QDomDocument XMLFile::document() const
+{
+    if (!m_unparsedText.isEmpty())
+        m_document = documentFromText(std::exchange(m_unparsedText, QString()));
+    return m_document;
 }
 
 bool XMLFile::setDocumentText(const QString &text)
@@ -38,25 +54,20 @@ bool XMLFile::setDocumentText(const QString &text)
     const QDomDocument document = documentFromText(text);
     if (document.isNull())
         return false;
+    m_unparsedText.clear();
     m_document = document;
     return true;
 }
 
 XMLParser::XMLParser(const QString &path)
-    : m_file(loadedFile(path))
+    : m_file(path.isEmpty() ? nullptr : std::make_unique<XMLFile>(path))
 {
-}
-
-QDomDocument XMLParser::document() const
-{
-    return m_file ? m_file->document() : QDomDocument();
 }
 
 XMLDocumentReader::XMLDocumentReader(const QString &path)
-    : m_file(loadedFile(path))
+    : m_parser(path)
+    , m_document(m_parser.document())
 {
-    if (m_file)
-        m_document = m_file->document();
 }
 
 QString XMLDocumentReader::toString() const
@@ -70,4 +81,11 @@ void XMLDocumentReader::setAttribute(const QString &tagName, const QString &attr
     const QDomNodeList elements = m_document.elementsByTagName(tagName);
     if (!elements.isEmpty())
         elements.item(0).toElement().setAttribute(attributeName, value);
+}
+
+CannotOpenMessage setCannotOpenMessage(CannotOpenMessage message)
+{
+    if (!message)
+        message = showMessageBox;
+    return std::exchange(messageInUse, std::move(message));
 }

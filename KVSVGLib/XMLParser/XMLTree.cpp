@@ -1,103 +1,185 @@
-// Parses with QtXml, under guard.
+// Decodes, parses and writes as QDomDocument does, with a look at the text before it is parsed.
 
 #include "XMLTree.h"
 
-#include "XMLGuard.h"
-#include "XMLLimits.h"
+#include "XMLScan.h"
 
-#include <QXmlInputSource>
-#include <QXmlSimpleReader>
+#include <QTextCodec>
+#include <QTextDecoder>
+#include <QTextStream>
+
+#include <memory>
 
 namespace {
 
-/// QtXml's parser, set up as QDomDocument sets up its own, with a guard in front of whoever receives its
-/// events.
-class GuardedReader : public QXmlSimpleReader {
+// Qt reads and decodes part by part, and looks for the encoding in the first.
+constexpr int partSize = 1024;
+
+/// The codec that the first bytes of a file tell, by a byte order mark or by the "<" of its first tag.
+QTextCodec *codecOfBeginning(const QByteArray &bytes)
+{
+    const char *const name = bytes.startsWith(QByteArray("<\0\0\0", 4)) ? "UTF-32LE"
+        : bytes.startsWith(QByteArray("\0\0\0<", 4))                    ? "UTF-32BE"
+        : bytes.startsWith(QByteArray("<\0", 2))                        ? "UTF-16LE"
+        : bytes.startsWith(QByteArray("\0<", 2))                        ? "UTF-16BE"
+                                                                        : "UTF-8";
+    return QTextCodec::codecForUtfText(bytes, QTextCodec::codecForName(name));
+}
+
+/// The name of the encoding that the XML declaration in `beginning` states; empty without one.
+QByteArray declaredEncoding(const QString &beginning)
+{
+    const int end = beginning.indexOf(QLatin1Char('>'));
+    const int word = beginning.indexOf(QLatin1String("encoding"));
+    if (!beginning.startsWith(QLatin1String("<?xml")) || word < 0 || word >= end)
+        return {};
+    // The name stands between the first two quotes, of whatever kind.
+    const QString quoted = beginning.mid(word, end - word).replace(QLatin1Char('\''), QLatin1Char('"'));
+    return quoted.section(QLatin1Char('"'), 1, 1).toLatin1();
+}
+
+// Elements, their attributes and texts are written here, all rarer nodes by Qt. For each character that is
+// escaped QDomDocument::toString moves the rest of its value, which takes 5 s for a 4 MB file with an
+// embedded picture.
+class Writer {
 public:
-    /// Parses a text or an input source; XMLGuard tells the difference.
-    template <class Guarded>
-    explicit GuardedReader(const Guarded &guarded)
-        : m_guard(guarded)
+    explicit Writer(const QDomDocument &document)
+        : m_stream(&m_text)
     {
-        setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
-        setFeature(QStringLiteral("http://xml.org/sax/features/namespace-prefixes"), true);
-        setFeature(QStringLiteral("http://trolltech.com/xml/features/report-whitespace-only-CharData"),
-                   false);
+        QDomNode node = document.firstChild();
+        QDomDocument declaration;
+        if (node.isProcessingInstruction() && node.nodeName() == QLatin1String("xml")) {
+            declaration.appendChild(declaration.importNode(node, true));
+            node = node.nextSibling();
+        }
+        declaration.save(m_stream, 0); // gives the stream the codec that it names, or UTF-8
+        if (!node.isNull())
+            document.doctype().save(m_stream, 0);
+        for (; !node.isNull(); node = node.nextSibling())
+            write(node, 0);
     }
 
-    const XMLGuard &guard() const { return m_guard; }
-
-    void setContentHandler(QXmlContentHandler *handler) override
-    {
-        m_guard.setTarget(handler);
-        QXmlSimpleReader::setContentHandler(&m_guard);
-    }
-    void setLexicalHandler(QXmlLexicalHandler *handler) override
-    {
-        m_guard.setTarget(handler);
-        QXmlSimpleReader::setLexicalHandler(&m_guard);
-    }
-    void setDeclHandler(QXmlDeclHandler *handler) override
-    {
-        m_guard.setTarget(handler);
-        QXmlSimpleReader::setDeclHandler(&m_guard);
-    }
-    void setDTDHandler(QXmlDTDHandler *handler) override
-    {
-        m_guard.setTarget(handler);
-        QXmlSimpleReader::setDTDHandler(&m_guard);
-    }
+    QString text() const { return m_text; }
 
 private:
-    XMLGuard m_guard;
+    void write(const QDomNode &node, int depth)
+    {
+        if (node.isElement())
+            writeElement(node.toElement(), depth);
+        else if (node.nodeType() == QDomNode::TextNode)
+            writeEscaped(node.nodeValue(), false);
+        else
+            node.save(m_stream, depth); // Qt takes it for one of level 1, and so the step for the indentation
+    }
+
+    // Text and CDATA keep their surroundings free of line breaks and indentation.
+    void writeElement(const QDomElement &element, int depth)
+    {
+        if (!element.previousSibling().isText())
+            m_text.append(QString(depth, QLatin1Char(' ')));
+        m_text.append(QLatin1Char('<')).append(element.tagName());
+        const QDomNamedNodeMap attributes = element.attributes();
+        const int count = attributes.size();
+        for (int i = 0; i < count; ++i) {
+            const QDomNode attribute = attributes.item(i);
+            m_text.append(QLatin1Char(' ')).append(attribute.nodeName()).append(QLatin1String("=\""));
+            writeEscaped(attribute.nodeValue(), true);
+            m_text.append(QLatin1Char('"'));
+        }
+        m_text.append(QLatin1String(element.hasChildNodes() ? ">" : "/>"));
+        if (element.hasChildNodes())
+            writeChildren(element, depth);
+        if (!element.nextSibling().isText())
+            m_text.append(QLatin1Char('\n'));
+    }
+
+    void writeChildren(const QDomElement &element, int depth)
+    {
+        if (!element.firstChild().isText())
+            m_text.append(QLatin1Char('\n'));
+        for (QDomNode child = element.firstChild(); !child.isNull(); child = child.nextSibling())
+            write(child, depth + 1);
+        if (!element.lastChild().isText())
+            m_text.append(QString(depth, QLatin1Char(' ')));
+        m_text.append(QLatin1String("</")).append(element.tagName()).append(QLatin1Char('>'));
+    }
+
+    void writeEscaped(const QString &value, bool isAttribute)
+    {
+        const int start = m_text.size();
+        int written = 0;
+        for (int i = 0; i < value.size(); ++i) {
+            if (isPlain(value.at(i)))
+                continue;
+            m_text.append(value.constData() + written, i - written);
+            const bool endsCData = m_text.size() - start >= 2 && m_text.endsWith(QLatin1String("]]"));
+            m_text.append(escaped(value.at(i), isAttribute, endsCData));
+            written = i + 1;
+        }
+        m_text.append(value.constData() + written, value.size() - written);
+    }
+
+    /// Whether `character` is written as it is wherever it stands.
+    bool isPlain(QChar character)
+    {
+        char &kind = m_kinds.data()[character.unicode()];
+        if (kind == '\0') {
+            const bool isSpecial = QStringLiteral("<>&\"\t\n\r").contains(character);
+            kind = isSpecial || !m_stream.codec()->canEncode(character) ? 's' : 'p';
+        }
+        return kind == 'p';
+    }
+
+    QString escaped(QChar character, bool isAttribute, bool endsCData) const
+    {
+        if (character == QLatin1Char('<'))
+            return QStringLiteral("&lt;");
+        if (character == QLatin1Char('&'))
+            return QStringLiteral("&amp;");
+        if (character == QLatin1Char('>'))
+            return endsCData ? QStringLiteral("&gt;") : QString(character);
+        if (character == QLatin1Char('"'))
+            return isAttribute ? QStringLiteral("&quot;") : QString(character);
+        if (!isAttribute && (character == QLatin1Char('\t') || character == QLatin1Char('\n')))
+            return character;
+        return QStringLiteral("&#x%1;").arg(character.unicode(), 0, 16);
+    }
+
+    QByteArray m_kinds = QByteArray(0x10000, '\0'); // of each UTF-16 unit, as far as asked
+    QString m_text;
+    QTextStream m_stream; // appends to m_text
 };
 
 } // namespace
 
 QDomDocument documentFromText(const QString &text)
 {
-    if (text.size() > largestXmlFile)
-        return QDomDocument();
-
-    GuardedReader reader(text);
-    QXmlInputSource source;
-    source.setData(text);
     QDomDocument document;
-    if (!document.setContent(&source, &reader))
-        return QDomDocument();
-    if (!reader.guard().hasSkippedEntity())
-        return document;
-
-    // With a reader of its own QDomDocument also drops a reference to an undeclared entity that stands in an
-    // attribute.
-    QDomDocument unguarded;
-    unguarded.setContent(text);
-    return unguarded;
+    if (refusalOf(text) || !document.setContent(text))
+        return QDomDocument(); // without the part that was read
+    return document;
 }
 
 QString textFromDevice(QIODevice &device)
 {
-    QXmlInputSource source(&device);
+    device.setTextModeEnabled(false);
+    const QByteArray bytes = device.readAll();
+    QTextCodec *codec = codecOfBeginning(bytes);
+    const std::unique_ptr<QTextDecoder> beginning(codec->makeDecoder());
+    QTextCodec *declared =
+        QTextCodec::codecForName(declaredEncoding(beginning->toUnicode(bytes.left(partSize))));
+    if (declared && declared->mibEnum() != codec->mibEnum())
+        codec = declared;
+
+    const std::unique_ptr<QTextDecoder> decoder(codec->makeDecoder());
     QString text;
-    text.reserve(static_cast<int>(qMin<qint64>(device.bytesAvailable(), largestXmlFile)));
-    for (QString part = source.data(); !part.isEmpty() && text.size() <= largestXmlFile;
-         part = source.data()) {
-        text += part;
-        source.fetchData();
-    }
+    text.reserve(bytes.size());
+    for (int i = 0; i < bytes.size(); i += partSize)
+        text += decoder->toUnicode(bytes.constData() + i, qMin(partSize, bytes.size() - i));
     return text;
 }
 
-QDomDocument documentFromDevice(QIODevice &device)
+QString textOfDocument(const QDomDocument &document)
 {
-    QXmlInputSource source(&device);
-    GuardedReader reader(source);
-    QDomDocument document;
-    if (document.setContent(&source, &reader))
-        return document;
-    // The few texts that declare something, or refer to undeclared entities, are parsed again from memory;
-    // keeping every text there would make loading a path of 200,000 numbers take a quarter longer.
-    if (reader.guard().lacksText() && device.seek(0))
-        return documentFromText(textFromDevice(device));
-    return QDomDocument();
+    return Writer(document).text();
 }

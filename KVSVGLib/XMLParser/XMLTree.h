@@ -1,5 +1,4 @@
-// Builds XML trees from files and texts that nobody has checked. A text whose tree would be too deep or too
-// large for a program with a small stack counts as not well-formed.
+// From XML texts that nobody has checked to trees, and back.
 
 #pragma once
 
@@ -7,14 +6,17 @@
 #include <QIODevice>
 #include <QString>
 
+/// In bytes, or in characters of a text. What is larger counts as not well-formed.
+constexpr qint64 largestXmlFile = 256 * 1024 * 1024;
+
 /// The tree of `text`. Whatever the text's encoding declaration says, it is Unicode already. A text that is
-/// not well-formed, or is refused, gives an empty document.
+/// not well-formed, or is refused (refusalOf()), gives an empty document.
 QDomDocument documentFromText(const QString &text);
 
-/// All that `device`, open for reading, still holds, decoded as documentFromDevice() decodes it: a byte order
-/// mark or an encoding declaration says how. Ends soon after largestXmlFile characters.
+/// All that `device`, open for reading, still holds. A byte order mark or an encoding declaration says how it
+/// is decoded, as QDomDocument::setContent() does it.
 QString textFromDevice(QIODevice &device);
 
-/// The tree of what `device` holds, a device open for reading at its start, in the encoding that its first
-/// bytes declare. Content that is not well-formed, or is refused, gives an empty document.
-QDomDocument documentFromDevice(QIODevice &device);
+/// The text of `document`, character for character what QDomDocument::toString(1) gives: children stand one
+/// blank further in than their parent.
+QString textOfDocument(const QDomDocument &document);
