@@ -3,8 +3,8 @@
 #include "BenchmarkDrawings.h"
 
 #include "SVGBlockBuilder.h"
-#include "SVGImportSteps.h"
 #include "SVGPreparation/SVGFile.h"
+#include "XMLParser/XMLParser.h"
 #include "api/HostSession.h"
 
 #include <QGuiApplication>
