@@ -39,6 +39,8 @@ PreparationOptions optionsFrom(const QString &words)
     options.unit = units.value(query.queryItemValue("unit"), DrawingUnit::UserUnit);
     options.text = query.queryItemValue("text") == "outlines" ? TextOutput::Outlines : TextOutput::Notes;
     options.flattenTolerance = query.queryItemValue("flatten").toDouble();
+    if (query.hasQueryItem("shapes"))
+        options.mostShapes = query.queryItemValue("shapes").toInt();
     return options;
 }
 
