@@ -288,6 +288,8 @@ void tst_svg2dwg::badInput_data()
         "bad.svg:1:773: not converted: nested deeper than 256 levels");
     row("nested a million deep and never closed", QByteArray("<g>").repeated(1'000'000),
         "bad.svg:1:771: not converted: nested deeper than 256 levels");
+    row("300,000 attributes", "<svg\n" + QByteArray(" a=''").repeated(300'000) + "/>",
+        "bad.svg:2:20484: not converted: more than 4096 attributes in one element");
 }
 
 void tst_svg2dwg::badInput()
