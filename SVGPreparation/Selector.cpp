@@ -46,7 +46,7 @@ QString escaped(Scanner &scanner)
     }
     if (scanner.atEnd())
         return {};
-    const QString character = scanner.next();
+    QString character = scanner.next();
     scanner.advance();
     return character;
 }

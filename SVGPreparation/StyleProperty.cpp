@@ -156,6 +156,7 @@ const QString &propertyName(Property property)
 {
     static const std::vector<QString> names = [] {
         std::vector<QString> texts;
+        texts.reserve(propertyCount);
         for (const PropertyRow &row : propertyRows)
             texts.push_back(QLatin1String(row.name));
         return texts;

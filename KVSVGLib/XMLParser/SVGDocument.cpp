@@ -118,7 +118,7 @@ QList<SVGEllipseRecord> SVGDocument::ellipses() const
     SVGTransforms transforms;
     // Unlike the other shapes an ellipse lets its own translate(...) not hide the matrix of its parent.
     const auto ownOrParentMatrix = [&transforms](const QDomElement &element) {
-        const QString own = ownTransform(element);
+        QString own = ownTransform(element);
         const QString parent = parentTransform(element);
         if (own.contains(QLatin1String("matrix")))
             return own;
