@@ -203,6 +203,28 @@ QString effectOf(const Declared &declared, Property property)
     return value.compare(QLatin1String("none"), Qt::CaseInsensitive) == 0 ? QString() : value;
 }
 
+void declareAttributes(const QDomElement &element, Declared &declared)
+{
+    const QDomNamedNodeMap attributes = element.attributes();
+    // Qt gives the i-th attribute by counting from the first: fewer than there are properties are soon
+    // counted.
+    constexpr int few = 12;
+    if (attributes.count() <= few) {
+        for (int i = 0; i < attributes.count(); ++i) {
+            const QDomNode attribute = attributes.item(i);
+            if (const std::optional<Property> property = propertyNamed(attribute.nodeName()))
+                declared.offer(*property, attribute.nodeValue().trimmed(), attributePriority);
+        }
+        return;
+    }
+    for (std::size_t i = 0; i < propertyCount; ++i) {
+        const auto property = static_cast<Property>(i);
+        const QString value = element.attribute(propertyName(property));
+        if (!value.isEmpty())
+            declared.offer(property, value.trimmed(), attributePriority);
+    }
+}
+
 } // namespace
 
 bool InheritedStyle::showsShapes() const
@@ -217,12 +239,7 @@ bool declare(const QDomElement &element, StyleSheet &sheet, Declared &declared)
 {
     if (!element.hasAttributes())
         return sheet.apply(element, declared);
-    for (std::size_t i = 0; i < propertyCount; ++i) {
-        const auto property = static_cast<Property>(i);
-        const QString value = element.attribute(propertyName(property));
-        if (!value.isEmpty())
-            declared.offer(property, value.trimmed(), attributePriority);
-    }
+    declareAttributes(element, declared);
     if (!sheet.apply(element, declared))
         return false;
     const QString style = element.attribute(QStringLiteral("style"));

@@ -55,7 +55,7 @@ QByteArray groups(const char *const (&patterns)[count], const QByteArray &transf
 
 QByteArray svgOf(const QByteArray &content)
 {
-    return R"svg(<?xml version="1.0" encoding="UTF-8"?><svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink">)svg"
+    return R"svg(<?xml version="1.0" encoding="UTF-8"?><svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink" viewBox="0 0 2000 2000">)svg"
         + content + "</svg>\n";
 }
 
