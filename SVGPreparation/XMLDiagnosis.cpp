@@ -18,16 +18,10 @@ namespace svgprep {
 
 namespace {
 
-QString withoutFullStop(QString text)
-{
-    if (text.endsWith(QLatin1Char('.')))
-        text.chop(1);
-    return text;
-}
-
+/// Qt's columns begin at 0, and its readers stand behind the character that showed the problem.
 QString located(qint64 line, qint64 column, const QString &problem)
 {
-    return QStringLiteral("%1:%2: %3").arg(line).arg(column).arg(problem);
+    return QStringLiteral("%1:%2: %3").arg(line).arg(qMax(column, qint64(1))).arg(problem);
 }
 
 /// What the reader refuses in `text`, with line and column; empty when that is nothing.
@@ -39,7 +33,14 @@ QString refusalIn(const QString &text)
     const QStringView before = QStringView(text).left(refusal->position);
     const qint64 line = 1 + std::count(before.begin(), before.end(), QLatin1Char('\n'));
     const qint64 column = before.size() - 1 - before.lastIndexOf(QLatin1Char('\n'));
-    return located(line, qMax(column, qint64(1)), QStringLiteral("not converted: %1").arg(refusal->reason));
+    return located(line, column, QStringLiteral("not converted: %1").arg(refusal->reason));
+}
+
+QString notWellFormed(qint64 line, qint64 column, QString fault)
+{
+    if (fault.endsWith(QLatin1Char('.')))
+        fault.chop(1);
+    return located(line, column, QStringLiteral("not well-formed XML: %1").arg(fault));
 }
 
 /// What is not well-formed in the text of the file, with line and column; empty when nothing was found.
@@ -49,22 +50,19 @@ QString faultIn(QIODevice &file)
     reader.setNamespaceProcessing(false);
     while (!reader.atEnd())
         reader.readNext();
-    if (!reader.hasError())
-        return {};
-    // Qt: columns begin at 0. The reader stands behind the character that showed the problem.
-    return located(reader.lineNumber(), qMax(reader.columnNumber(), qint64(1)),
-                   QStringLiteral("not well-formed XML: %1").arg(withoutFullStop(reader.errorString())));
+    return reader.hasError() ? notWellFormed(reader.lineNumber(), reader.columnNumber(), reader.errorString())
+                             : QString();
 }
 
 /// What the load itself finds wrong in `text` when nothing else did; in few words, hence the last to be
 /// asked.
-QString objectionTo(const QString &text)
+QString faultOfLoad(const QString &text)
 {
-    QString problem;
-    int line = 1;
-    int column = 1;
-    QDomDocument().setContent(text, &problem, &line, &column);
-    return located(line, column, QStringLiteral("not converted: %1").arg(withoutFullStop(problem)));
+    QString fault;
+    int line = 0;
+    int column = 0;
+    QDomDocument().setContent(text, &fault, &line, &column);
+    return notWellFormed(line, column, fault);
 }
 
 } // namespace
@@ -83,7 +81,7 @@ QString xmlProblem(const QByteArray &bytes, const QString &name)
     if (problem.isEmpty())
         problem = faultIn(buffer);
     if (problem.isEmpty())
-        problem = objectionTo(text);
+        problem = faultOfLoad(text);
     return name + QLatin1Char(':') + problem;
 }
 
