@@ -12,7 +12,6 @@
 
 #include "XMLParser/XMLParser.h"
 
-#include <QAbstractEventDispatcher>
 #include <QDebug>
 #include <QDir>
 #include <QFileInfo>
@@ -27,12 +26,13 @@ constexpr int progressAtStart = 10;
 constexpr int progressPerFile = 40;
 constexpr int progressAtEnd = 100;
 
-/// Runs a host command; false when the host reports an error.
+/// Runs a host command; false when the host reports an error, by its result or by the error value, which it
+/// may leave alone.
 bool runCommand(const wchar_t *command)
 {
-    kvRunCommandError_e error = kvRunCommand_Refused;
-    hostApplication()->RunCommand(command, true, &error);
-    return error == kvRunCommand_Succeeded;
+    kvRunCommandError_e error = kvRunCommand_Succeeded;
+    const kvResult result = hostApplication()->RunCommand(command, true, &error);
+    return result == kvResult_Success && error == kvRunCommand_Succeeded;
 }
 
 /// The table under a listed file, for information only.
@@ -64,43 +64,6 @@ QWidget *makeFileTable()
     layout->addWidget(table, 0, 0);
     return widget;
 }
-
-/// Does away with what the widgets of a new item table have left to the event loop. Qt compares a layout
-/// request with all posted events and looks for a timer among all that run, so that what thousands of tables
-/// leave takes quadratic time: 20 s for 10,000 files. Nobody else's events are touched.
-void settle(QWidget *itemTable)
-{
-    // Opening its row shows the table, which polishes it and lays it out: all that the events ask for.
-    itemTable->hide();
-    QCoreApplication::removePostedEvents(itemTable);
-    for (QWidget *widget : itemTable->findChildren<QWidget *>())
-        QCoreApplication::removePostedEvents(widget);
-
-    const QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
-    for (QAbstractItemView *view : itemTable->findChildren<QAbstractItemView *>()) {
-        for (const QAbstractEventDispatcher::TimerInfo &timer : dispatcher->registeredTimers(view)) {
-            QTimerEvent now(timer.timerId);
-            QCoreApplication::sendEvent(view, &now);
-        }
-    }
-}
-
-/// Hides a widget for as long as this lives. A visible tree lays itself out anew for each item widget, which
-/// takes half a minute for 5,000 files.
-class Hidden {
-public:
-    explicit Hidden(QWidget *widget)
-        : m_widget(widget)
-    {
-        m_widget->hide();
-    }
-    ~Hidden() { m_widget->show(); }
-    Hidden(const Hidden &) = delete;
-    Hidden &operator=(const Hidden &) = delete;
-
-private:
-    QWidget *m_widget;
-};
 
 /// The name that is used instead when `output` exists already.
 QString nameBesideExisting(const QString &output, const QString &suffix)
@@ -207,12 +170,11 @@ void mainWindow::convertFile(const QString &name, QString &lastOutput)
     qDebug() << "dirPath" << source;
     qDebug() << "m_treeItemArray" << name;
 
-    SVGBlockBuilder builder(hostApplication(), m_batchSvgData);
-    const kvString blockName = createBlock(builder);
+    // A builder without a new drawing would draw into the user's.
     if (!m_batchDocument)
         return;
-
-    insertAtOrigin(m_batchDocument, blockName, m_blockInstance);
+    SVGBlockBuilder builder(hostApplication(), m_batchSvgData);
+    insertAtOrigin(m_batchDocument, createBlock(builder), m_blockInstance);
     On_explode_checkBox_checked(ui->explode_checkBox->isChecked());
     saveBatchDrawing(output + QStringLiteral(".dwg"), lastOutput);
     // Empty again for the next file.
@@ -283,8 +245,13 @@ void mainWindow::listFiles(const QStringList &names)
                     DialogText::tr("No SVG file Found in the specified path."), QMessageBox::Ok);
         return;
     }
-    const Hidden whileFilled(ui->treeWidget);
     ui->treeWidget->clear();
+    // A table is made when its row is opened: thousands of them in advance take many seconds.
+    disconnect(ui->treeWidget, &QTreeWidget::itemExpanded, this, nullptr);
+    connect(ui->treeWidget, &QTreeWidget::itemExpanded, this, [this](const QTreeWidgetItem *file) {
+        if (!ui->treeWidget->itemWidget(file->child(0), 0))
+            ui->treeWidget->setItemWidget(file->child(0), 0, makeFileTable());
+    });
     for (const QString &name : names)
         addListedFile(name);
 }
@@ -296,9 +263,6 @@ void mainWindow::addListedFile(const QString &name)
     m_treeItem->setCheckState(0, Qt::Unchecked);
     m_treeItem->setText(0, name);
     m_treeChildItem = new QTreeWidgetItem(m_treeItem);
-    QWidget *table = makeFileTable();
-    ui->treeWidget->setItemWidget(m_treeChildItem, 0, table);
-    settle(table);
     m_treeItemArray.append(m_treeItem);
     ++m_treeItemCount;
 }

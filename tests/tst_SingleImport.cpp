@@ -76,8 +76,6 @@ private slots:
     void shownNameGoesThroughTheLocale_data();
     void shownNameGoesThroughTheLocale();
     void textIsReadWhenTheFileIsChosen();
-    void oneCallFails_data() { addFaultRows(); }
-    void oneCallFails();
     void commandDuringThePrompt();
 };
 
@@ -349,32 +347,6 @@ void tst_SingleImport::textIsReadWhenTheFileIsChosen()
         session.click("OK_pushButton");
     });
     QCOMPARE(session.calls({"InsertLine"}), QStringList{"InsertLine 0,0,0,10,5,0"});
-}
-
-void tst_SingleImport::oneCallFails()
-{
-    QFETCH(Fault, fault);
-
-    ImportSession session;
-    const refhost::HostDocumentPtr users = session.host.session.activeDocument();
-    const refhost::EntityId usersLine = users->drawing.add(refhost::Line{});
-    importLine(session, {position, explode});
-    const QByteArrayList model = session.host.calls;
-    QVERIFY(model.size() > 10);
-
-    for (int call = 0; call < model.size(); ++call) {
-        failCall(session, model, call, fault);
-        importLine(session, {position, explode});
-        QVERIFY2(!session.dialog->isVisible(), model[call]);
-        QVERIFY2(users->drawing.isInModelSpace(usersLine), model[call]);
-    }
-    session.import([] {});
-    const std::size_t handles = session.host.session.handles().size();
-    session.host.begin();
-    importLine(session, {position, explode});
-    session.import([] {});
-    QVERIFY2(session.host.session.handles().size() == handles, "no import keeps handles");
-    QCOMPARE(refhost::HandleRegister::doubleDeletions(), 0);
 }
 
 void tst_SingleImport::commandDuringThePrompt()

@@ -141,7 +141,8 @@ kvResult ApplicationHandle::CloseDocument(const kvString &name, bool save)
         const HostDocumentPtr document = session().findDocument(toQString(name));
         if (!document)
             return kvResult_NotFound;
-        if (save && !session().save(document, document->fileName, false))
+        const QString &file = document->fileName.isEmpty() ? document->refusedFileName : document->fileName;
+        if (save && !session().save(document, file, false))
             return kvResult_Failed;
         session().close(document);
         return kvResult_Success;

@@ -10,42 +10,41 @@ namespace refhost {
 
 kvResult EllipseHandle::SetCenter(double x, double y, double z)
 {
-    const auto body = [&] {
-        auto *ellipse = state().edit<Ellipse>();
-        const Point center = {x, y, z};
-        if (!ellipse || !isFinite(center))
-            return kvResult_Failed;
-        ellipse->center = center;
-        return kvResult_Success;
+    const auto move = [center = Point{x, y, z}](Ellipse &ellipse) {
+        if (!isFinite(center))
+            return false;
+        ellipse.center = center;
+        return true;
     };
-    return call("kvEllipseArc_c::SetCenter", body, x, y, z);
+    return call(
+        "kvEllipseArc_c::SetCenter", [&] { return state().change<Ellipse>(move); }, x, y, z);
 }
 
 kvResult EllipseHandle::put_MajorRadius(double radius)
 {
-    const auto body = [&] {
-        auto *ellipse = state().edit<Ellipse>();
-        if (!ellipse || !std::isfinite(radius) || radius == 0.0)
-            return kvResult_Failed;
-        ellipse->axis = withLength(ellipse->axis, std::abs(radius));
-        return kvResult_Success;
+    const auto resize = [radius](Ellipse &ellipse) {
+        if (!std::isfinite(radius) || radius == 0.0)
+            return false;
+        ellipse.axis = withLength(ellipse.axis, std::abs(radius));
+        return true;
     };
-    return call("kvEllipseArc_c::put_MajorRadius", body, radius);
+    return call(
+        "kvEllipseArc_c::put_MajorRadius", [&] { return state().change<Ellipse>(resize); }, radius);
 }
 
 kvResult SplineHandle::SetControlPointCoordinate(int index, double x, double y, double z, bool *done)
 {
-    const auto body = [&] {
-        auto *spline = state().edit<Spline>();
+    const auto move = [index, point = Point{x, y, z}, done](Spline &spline) {
         const auto position = static_cast<std::size_t>(index);
-        const Point point = {x, y, z};
-        if (!spline || index < 0 || position >= spline->controlPoints.size() || !isFinite(point))
-            return kvResult_Failed;
-        spline->controlPoints[position] = point;
+        if (index < 0 || position >= spline.controlPoints.size() || !isFinite(point))
+            return false;
+        spline.controlPoints[position] = point;
         *done = true;
-        return kvResult_Success;
+        return true;
     };
-    return call("kvSpline_c::SetControlPointCoordinate", body, index, x, y, z);
+    return call(
+        "kvSpline_c::SetControlPointCoordinate", [&] { return state().change<Spline>(move); }, index, x, y,
+        z);
 }
 
 kvResult BlockInstanceHandle::Explode()

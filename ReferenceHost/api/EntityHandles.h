@@ -14,12 +14,13 @@ struct EntityRef {
     EntityId id = 0;
     std::shared_ptr<EntityNumbers> numbers;
 
-    /// The entity as `Kind`, to be changed, or null when it has left the drawing.
-    template <class Kind>
-    Kind *edit() const
+    /// Lets `change` work on the entity as a `Kind`; fails when `change` does, and when the entity has left
+    /// the drawing.
+    template <class Kind, class Change>
+    kvResult change(const Change &change) const
     {
         const HostDocumentPtr open = document.lock();
-        return open ? std::get_if<Kind>(open->drawing.edit(id)) : nullptr;
+        return open && open->drawing.change<Kind>(id, change) ? kvResult_Success : kvResult_Failed;
     }
 };
 

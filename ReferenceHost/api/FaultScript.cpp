@@ -2,6 +2,8 @@
 
 #include "api/FaultScript.h"
 
+#include <limits>
+
 namespace refhost {
 
 void FaultScript::failCall(const QByteArray &method, int nth)
@@ -15,9 +17,22 @@ void FaultScript::failEvery(const QByteArray &method)
     m_rules[method].every = true;
 }
 
+void FaultScript::failAnyCall(int nth, bool forGood)
+{
+    m_seen = 0;
+    m_firstFailing = nth;
+    m_lastFailing = forGood ? std::numeric_limits<int>::max() : nth;
+}
+
 void FaultScript::clear()
 {
-    m_rules.clear();
+    *this = FaultScript();
+}
+
+bool FaultScript::takesNextOfAny()
+{
+    ++m_seen;
+    return m_seen >= m_firstFailing && m_seen <= m_lastFailing;
 }
 
 bool FaultScript::takesNextOf(const char *method)

@@ -18,10 +18,16 @@ public:
     /// Every call of `method` fails.
     void failEvery(const QByteArray &method);
 
+    /// The `nth` call from now on fails, whatever its method, and with `forGood` every one after it.
+    void failAnyCall(int nth, bool forGood);
+
     void clear();
 
     /// Counts one call of `method` and tells whether it fails.
-    bool takesNext(const char *method) { return !m_rules.isEmpty() && takesNextOf(method); }
+    bool takesNext(const char *method)
+    {
+        return (m_firstFailing > 0 && takesNextOfAny()) || (!m_rules.isEmpty() && takesNextOf(method));
+    }
 
 private:
     struct Rule {
@@ -31,8 +37,12 @@ private:
     };
 
     bool takesNextOf(const char *method);
+    bool takesNextOfAny();
 
     QHash<QByteArray, Rule> m_rules;
+    int m_firstFailing = 0; // of all calls, counted from 1; 0 is none
+    int m_lastFailing = 0;
+    int m_seen = 0;
 };
 
 } // namespace refhost

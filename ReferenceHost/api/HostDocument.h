@@ -20,7 +20,7 @@ using EntityNumbers = std::unordered_map<EntityId, ObjectNumber>;
 struct HostDocument {
     Drawing drawing;
     QString title;                  ///< what a tab shows until the drawing has a file
-    QString fileName;               ///< full path; empty until the drawing was saved
+    QString fileName;               ///< full path; empty until the drawing was saved, and after a failed save
     QString refusedFileName;        ///< that of the last save if it failed
     std::uint64_t savedChanges = 0; ///< those that the drawing had when it was saved last
     std::vector<EntityId> selection;

@@ -7,6 +7,7 @@
 #include <QDebug>
 
 #include <algorithm>
+#include <utility>
 
 namespace refhost {
 
@@ -44,16 +45,21 @@ void HostSession::close(const HostDocumentPtr &document)
 
 HostDocumentPtr HostSession::findDocument(const QString &fileName) const
 {
-    const auto hasName = [&fileName](const HostDocumentPtr &document) {
-        return document && !document->fileName.isEmpty() && isSameFileName(document->fileName, fileName);
+    const auto documentWhose = [this, &fileName](QString HostDocument::*name) -> HostDocumentPtr {
+        const auto hasName = [&](const HostDocumentPtr &document) {
+            return document && !((*document).*name).isEmpty() && isSameFileName((*document).*name, fileName);
+        };
+        if (hasName(m_active))
+            return m_active;
+        const auto found = std::find_if(m_documents.begin(), m_documents.end(), hasName);
+        return found != m_documents.end() ? *found : nullptr;
     };
-    if (hasName(m_active))
-        return m_active;
+    const HostDocumentPtr saved = documentWhose(&HostDocument::fileName);
+    const HostDocumentPtr refused = documentWhose(&HostDocument::refusedFileName);
+    if (!saved)
+        return refused;
     // Who could not save the active drawing under the name of another one does not mean that one by it.
-    if (m_active && isSameFileName(m_active->refusedFileName, fileName))
-        return nullptr;
-    const auto found = std::find_if(m_documents.begin(), m_documents.end(), hasName);
-    return found != m_documents.end() ? *found : nullptr;
+    return refused == m_active && saved != m_active ? nullptr : saved;
 }
 
 bool HostSession::activate(const HostDocumentPtr &document)
@@ -65,20 +71,20 @@ bool HostSession::activate(const HostDocumentPtr &document)
     return true;
 }
 
-bool HostSession::save(const HostDocumentPtr &document, const QString &fileName, bool usedBlocksOnly)
+bool HostSession::save(const HostDocumentPtr &document, QString fileName, bool usedBlocksOnly)
 {
     const QString error = services.saveDrawing
         ? services.saveDrawing(document->drawing, fileName, usedBlocksOnly)
         : QStringLiteral("this host cannot save drawings");
-    document->refusedFileName = error.isEmpty() ? QString() : fileName;
-    if (!error.isEmpty()) {
+    const bool isSaved = error.isEmpty();
+    if (isSaved)
+        document->savedChanges = document->drawing.changes();
+    else
         report(QStringLiteral("%1: not saved: %2").arg(fileName, error));
-        return false;
-    }
-    document->fileName = fileName;
-    document->savedChanges = document->drawing.changes();
+    document->fileName = isSaved ? fileName : QString();
+    document->refusedFileName = isSaved ? QString() : std::move(fileName);
     notifyDocumentsChanged();
-    return true;
+    return isSaved;
 }
 
 void HostSession::report(const QString &message) const

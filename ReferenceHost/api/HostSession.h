@@ -76,14 +76,16 @@ public:
     void close(const HostDocumentPtr &document);
     /// Makes an open drawing the active one; false when it is not open.
     bool activate(const HostDocumentPtr &document);
-    /// Saves `document` and reports a failure to the user; true when the file was written.
-    bool save(const HostDocumentPtr &document, const QString &fileName, bool usedBlocksOnly);
+    /// Saves `document` and reports a failure to the user; true when the file was written. After a failure
+    /// the document has no file: nothing offers to save it over the one it had.
+    bool save(const HostDocumentPtr &document, QString fileName, bool usedBlocksOnly);
 
     /// Null when no drawing is open.
     HostDocumentPtr activeDocument() const { return m_active; }
     const std::vector<HostDocumentPtr> &documents() const { return m_documents; }
-    /// The open drawing saved under `fileName`, written with "\" or "/"; null when there is none. Of several
-    /// the active one is meant, and none when that one could not be saved under this name.
+    /// The open drawing saved under `fileName`, written with "\" or "/", or else the one that could not be
+    /// saved under it last; null when there is none. Of several the active one is meant, and none when that
+    /// one could not be saved under the name of another.
     HostDocumentPtr findDocument(const QString &fileName) const;
 
     void report(const QString &message) const;

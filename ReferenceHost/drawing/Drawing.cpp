@@ -22,12 +22,6 @@ const Entity *Drawing::find(EntityId id) const
     return found && found->place != Place::Erased ? &found->entity : nullptr;
 }
 
-Entity *Drawing::edit(EntityId id)
-{
-    ++m_changes;
-    return const_cast<Entity *>(find(id));
-}
-
 bool Drawing::isInModelSpace(EntityId id) const
 {
     const StoredEntity *found = stored(id);

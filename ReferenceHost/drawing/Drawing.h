@@ -31,8 +31,16 @@ public:
 
     /// The entity named `id`, in model space or in a block; null when it was erased or never existed.
     const Entity *find(EntityId id) const;
-    /// The same, to be changed.
-    Entity *edit(EntityId id);
+    /// Lets `change` work on the entity named `id` if that is a `Kind`. `change` answers whether it changed
+    /// anything; so does this, false also when there is no such entity.
+    template <class Kind, class Change>
+    bool change(EntityId id, const Change &change)
+    {
+        auto *entity = std::get_if<Kind>(const_cast<Entity *>(find(id)));
+        const bool isChanged = entity && change(*entity);
+        m_changes += isChanged ? 1 : 0;
+        return isChanged;
+    }
 
     bool isInModelSpace(EntityId id) const;
 

@@ -10,7 +10,6 @@
 #include <QtTest>
 
 #include <functional>
-#include <stdexcept>
 
 class ImportSession : public ImportDriver {
 public:
@@ -72,34 +71,3 @@ public:
 private:
     LoadedAddin m_addin;
 };
-
-/// How a host call can go wrong.
-enum class Fault { Refused, Throws };
-Q_DECLARE_METATYPE(Fault)
-
-inline void addFaultRows()
-{
-    QTest::addColumn<Fault>("fault");
-    QTest::newRow("the host refuses it") << Fault::Refused;
-    QTest::newRow("the host throws") << Fault::Throws;
-}
-
-/// Lets the call number `index` of those in `model`, counted from 0, go wrong when `session` makes the same
-/// calls again. The warning that the add-in writes about it is expected.
-inline void failCall(ImportSession &session, const QByteArrayList &model, int index, Fault fault)
-{
-    if (fault == Fault::Throws) {
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Import SVG: .* failed: out of order"));
-        session.host.session.journal().begin([index, seen = 0](const QByteArray & /*line*/) mutable {
-            if (seen++ == index)
-                throw std::runtime_error("out of order");
-        });
-        return;
-    }
-    const auto methodOf = [&model](int call) { return model[call].split('"').value(3); };
-    int nth = 1;
-    for (int before = 0; before < index; ++before)
-        nth += methodOf(before) == methodOf(index) ? 1 : 0;
-    session.host.session.faults.clear();
-    session.host.session.faults.failCall(methodOf(index), nth);
-}
