@@ -55,7 +55,7 @@ HostDocumentPtr HostSession::findDocument(const QString &fileName) const
         return found != m_documents.end() ? *found : nullptr;
     };
     const HostDocumentPtr saved = documentWhose(&HostDocument::fileName);
-    const HostDocumentPtr refused = documentWhose(&HostDocument::refusedFileName);
+    HostDocumentPtr refused = documentWhose(&HostDocument::refusedFileName);
     if (!saved)
         return refused;
     // Who could not save the active drawing under the name of another one does not mean that one by it.
