@@ -1,12 +1,13 @@
 // Turns a drawing as plain JSON into a document of the encoding package.
 
-import {
-    ACadVersion, AngularDirection, BlockRecord, CadDocument, Circle, DxfClass, Ellipse, Insert, Layer, Line,
-    LineType, LwPolyline, LwPolylineVertex, Spline, TextEntity, UnitsType, XY, XYZ,
-} from "@node-projects/acad-ts";
-
+import acad from "./acad.mjs";
 import { cadText } from "./cadText.mjs";
 import { extentsOf } from "./extents.mjs";
+
+const {
+    ACadVersion, AngularDirection, BlockRecord, CadDocument, Circle, DxfClass, Ellipse, Insert, Layer, Line,
+    LineType, LwPolyline, LwPolylineVertex, Spline, TextEntity, UnitsType, XY, XYZ,
+} = acad;
 
 /**
  * An instance of scale 0 is pressed flat, which the formats cannot say: readers refuse 0 or take it for 1. This is

@@ -2,9 +2,11 @@
 // list of all of them, copy the whole handle table once per page and encode everything again when a buffer turns out
 // too small: 100,000 lines take forty seconds. Each of the small replacements below takes one of these out.
 
-import {
+import acad from "./acad.mjs";
+
+const {
     DwgFileHeaderWriterAC15, DwgHandleWriter, DwgObjectWriter, DwgStreamWriterBase, DwgWriter, DxfWriter,
-} from "@node-projects/acad-ts";
+} = acad;
 
 /** The bytes of `document` as DWG. */
 export function writeDwg(document) {
