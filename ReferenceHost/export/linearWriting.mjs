@@ -2,6 +2,8 @@
 // list of all of them, copy the whole handle table once per page and encode everything again when a buffer turns out
 // too small: 100,000 lines take forty seconds. Each of the small replacements below takes one of these out.
 
+import "./writtenOnce.mjs";
+
 import acad from "./acad.mjs";
 
 const {
