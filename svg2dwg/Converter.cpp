@@ -69,7 +69,8 @@ void Converter::convertFile(const QString &input)
 
 SVGText Converter::textOf(const QString &input) const
 {
-    return m_options.prepare ? preparedText(input, m_options.preparation) : unpreparedText(input);
+    return m_options.prepare ? preparedText(input, m_options.preparation)
+                             : unpreparedText(input, m_report.showsGaps());
 }
 
 bool Converter::mayWrite(const QString &input, const QString &output)

@@ -37,6 +37,8 @@ public:
     void error(const QString &message);
 
     void printSummary();
+    /// Whether the summary names the gaps of converted files.
+    bool showsGaps() const { return m_verbosity == Verbosity::Normal; }
 
     /// Whether every file was converted.
     bool isAllConverted() const { return m_kept == 0 && m_failed == 0; }

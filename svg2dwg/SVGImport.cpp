@@ -8,7 +8,6 @@
 
 #include "SVGPreparation/SVGFile.h"
 #include "XMLParser/XMLParser.h"
-#include "XMLParser/XMLTree.h"
 
 #include <utility>
 
@@ -51,13 +50,15 @@ SVGText preparedText(const QString &path, const svgprep::PreparationOptions &opt
     return result;
 }
 
-SVGText unpreparedText(const QString &path)
+SVGText unpreparedText(const QString &path, bool countGaps)
 {
     const SilentCannotOpen silent;
     SVGText result;
-    result.text = loadSvgText(path);
+    QDomDocument document;
+    result.text = loadSvgText(path, countGaps ? &document : nullptr);
     if (!result.text.isEmpty()) {
-        result.gaps = readingGapsOf(documentFromText(QString::fromUtf8(result.text)));
+        if (countGaps)
+            result.gaps = readingGapsOf(document);
         return result;
     }
     result.error = svgprep::loadedSvg(path).error;

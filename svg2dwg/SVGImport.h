@@ -21,8 +21,9 @@ struct SVGText {
 /// The plain text of the SVG file at `path`.
 SVGText preparedText(const QString &path, const svgprep::PreparationOptions &options);
 
-/// The text of the SVG file at `path` as it is, loaded as the import dialog loads it.
-SVGText unpreparedText(const QString &path);
+/// The text of the SVG file at `path` as it is, loaded as the import dialog loads it. The gaps are counted on
+/// demand only.
+SVGText unpreparedText(const QString &path, bool countGaps);
 
 /// Draws `svgText` into a new drawing of `session`, as one block instance at the origin, exploded when
 /// `explode` is set. Returns the drawing, which is the active one.

@@ -23,10 +23,13 @@ CannotOpenMessage messageInUse = showMessageBox;
 
 } // namespace
 
-QByteArray loadSvgText(const QString &path)
+QByteArray loadSvgText(const QString &path, QDomDocument *document)
 {
     const XMLParser checkedOnly(path);
-    return XMLDocumentReader(path).toString().toUtf8();
+    const XMLDocumentReader reader(path);
+    if (document)
+        *document = reader.document();
+    return reader.toString().toUtf8();
 }
 
 XMLFile::XMLFile(const QString &path)

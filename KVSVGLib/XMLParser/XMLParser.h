@@ -63,8 +63,8 @@ private:
 
 /// The SVG file at `path` as UTF-8 text, written anew with an indentation of 1, for every import. Empty when
 /// the path is empty or the file is not well-formed, and when it cannot be opened, which the user is told
-/// twice.
-QByteArray loadSvgText(const QString &path);
+/// twice. `document` receives the tree that the text is written from.
+QByteArray loadSvgText(const QString &path, QDomDocument *document = nullptr);
 
 /// Tells the user that the file at `path` cannot be opened. A program without windows can report in its own
 /// way instead of waiting for a click.

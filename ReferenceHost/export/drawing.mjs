@@ -1,12 +1,15 @@
 // Turns a drawing as plain JSON into a document of the encoding package.
 
-import {
-    ACadVersion, AngularDirection, BlockRecord, CadDocument, Circle, DxfClass, Ellipse, Insert, Layer, Line,
-    LineType, LwPolyline, LwPolylineVertex, Spline, TextEntity, UnitsType, XY, XYZ,
-} from "@node-projects/acad-ts";
+import { randomUUID } from "node:crypto";
 
+import acad from "./acad.mjs";
 import { cadText } from "./cadText.mjs";
 import { extentsOf } from "./extents.mjs";
+
+const {
+    ACadVersion, AngularDirection, BlockRecord, CadDocument, Circle, DxfClass, Ellipse, Insert, Layer, Line,
+    LineType, LwPolyline, LwPolylineVertex, Spline, TextEntity, UnitsType, XY, XYZ,
+} = acad;
 
 /**
  * An instance of scale 0 is pressed flat, which the formats cannot say: readers refuse 0 or take it for 1. This is
@@ -92,23 +95,72 @@ const makers = {
 };
 
 /**
- * The document of a request {"blocks":[{"name":"...","base":[x,y,z],"entities":[...]}],"entities":[...]}. A block
- * may insert the blocks before it. Throws an error that names what is wrong.
+ * What `write` makes of the document of a request
+ * {"blocks":[{"name":"...","base":[x,y,z],"entities":[...]}],"entities":[...]}. A block may insert the blocks before
+ * it. The document is there for that call only. Throws an error that names what is wrong.
  */
-export function documentFrom({ blocks, entities }) {
-    const document = new CadDocument(ACadVersion.AC1015);
-    document.header.codePage = "ANSI_1252";
-    document.header.insUnits = UnitsType.Unitless;
-    document.header.angularDirection = AngularDirection.CounterClockWise;
-    document.classes.add(dictionaryVariableClass());
-    keepNoReferences(document);
+export function withDocument({ blocks, entities }, write) {
+    blank ??= new BlankDocument();
+    const document = blank.begun();
+    try {
+        const known = new Map();
+        for (const block of list(blocks, "blocks"))
+            known.set(block.name, defineBlock(document, block, known));
+        const extents = fill(document.modelSpace, entities, known, "model space");
+        lookAt(document, extents);
+        return write(document);
+    } finally {
+        blank.clear();
+    }
+}
 
-    const known = new Map();
-    for (const block of list(blocks, "blocks"))
-        known.set(block.name, defineBlock(document, block, known));
-    const extents = fill(document.modelSpace, entities, known, "model space");
-    lookAt(document, extents);
-    return document;
+let blank;
+
+/** The document that each drawing begins with. To make one takes as long as to encode a drawing of ten entities. */
+class BlankDocument {
+    #document = new CadDocument(ACadVersion.AC1015);
+    #header;
+    #objects;
+    #blocks;
+    #views;
+
+    constructor() {
+        const { header, classes, vPorts, blockRecords, _cadObjects } = this.#document;
+        header.codePage = "ANSI_1252";
+        header.insUnits = UnitsType.Unitless;
+        header.angularDirection = AngularDirection.CounterClockWise;
+        classes.add(dictionaryVariableClass());
+        keepNoReferences(this.#document);
+        shareDefaults();
+
+        const { handleSeed, modelSpaceExtMin, modelSpaceExtMax } = header;
+        this.#header = { handleSeed, modelSpaceExtMin, modelSpaceExtMax };
+        this.#objects = [..._cadObjects];
+        this.#blocks = [...blockRecords.entries];
+        this.#views = [...vPorts].map(view => [view, { center: view.center, viewHeight: view.viewHeight }]);
+    }
+
+    /** The document, with times and identifiers of its own. */
+    begun() {
+        const { header } = this.#document;
+        for (const time of ["createDateTime", "updateDateTime", "universalCreateDateTime", "universalUpdateDateTime"])
+            header[time] = new Date();
+        for (const identifier of ["fingerPrintGuid", "versionGuid"])
+            header[identifier] = randomUUID();
+        return this.#document;
+    }
+
+    /** Takes out what a drawing has put in. */
+    clear() {
+        const { header, modelSpace, blockRecords } = this.#document;
+        modelSpace.entities._entries.clear();
+        blockRecords.entries = new Map(this.#blocks);
+        this.#document._cadObjects = new Map(this.#objects);
+        this.#document.vEntityControl = null; // the DWG writer adds one
+        Object.assign(header, this.#header);
+        for (const [view, properties] of this.#views)
+            Object.assign(view, properties);
+    }
 }
 
 /** One reader rejects an AC1015 file without any class, so there is always this one, which nothing uses. */
@@ -125,9 +177,18 @@ function dictionaryVariableClass() {
  * The tables note for each entity how to tell it that its layer, line type or text style was renamed or removed.
  * That never happens here, and the notes take a fifth of the memory.
  */
-function keepNoReferences({ layers, lineTypes, textStyles }) {
-    for (const table of [layers, lineTypes, textStyles])
+function keepNoReferences({ blockRecords, layers, lineTypes, textStyles }) {
+    for (const table of [blockRecords, layers, lineTypes, textStyles])
         table._referenceHandler.addReference = () => {};
+}
+
+/**
+ * A new entity makes a layer and a line type of its own, which those of the document replace as soon as it is added:
+ * a quarter of the time. From now on all share one of each.
+ */
+function shareDefaults() {
+    for (const [owner, name] of [[Layer, "default"], [LineType, "byLayer"]])
+        Object.defineProperty(owner, name, { value: owner[name] });
 }
 
 function defineBlock(document, { name, base, entities }, known) {
@@ -147,32 +208,14 @@ function defineBlock(document, { name, base, entities }, known) {
 /** Adds `entities` to `record` and answers with their extents. */
 function fill(record, entities, known, place) {
     list(entities, `entities of ${place}`);
-    withSharedDefaults(() => entities.forEach((entity, index) => {
+    entities.forEach((entity, index) => {
         try {
             record.entities.add(made(entity, known));
         } catch (error) {
             throw new Error(`entity ${index} of ${place}: ${error.message}`);
         }
-    }));
+    });
     return extentsOf(entities, known);
-}
-
-const ownDefaults = [[Layer, "default"], [LineType, "byLayer"]].map(([owner, name]) =>
-    ({ owner, name, own: Object.getOwnPropertyDescriptor(owner, name), shared: owner[name] }));
-
-/**
- * A new entity makes a layer and a line type of its own, which those of the document replace as soon as it is added:
- * a quarter of the time. While `action` runs, they share one of each.
- */
-function withSharedDefaults(action) {
-    for (const { owner, name, shared } of ownDefaults)
-        Object.defineProperty(owner, name, { get: () => shared, configurable: true });
-    try {
-        action();
-    } finally {
-        for (const { owner, name, own } of ownDefaults)
-            Object.defineProperty(owner, name, own);
-    }
 }
 
 function made(entity, known) {

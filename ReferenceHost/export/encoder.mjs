@@ -7,7 +7,7 @@
 
 import { once } from "node:events";
 
-import { documentFrom } from "./drawing.mjs";
+import { withDocument } from "./drawing.mjs";
 import { writeDwg, writeDxf } from "./linearWriting.mjs";
 
 const writers = { dwg: writeDwg, dxf: writeDxf };
@@ -42,7 +42,7 @@ function answer(line) {
 function encoded(request) {
     if (!Object.hasOwn(writers, request?.format))
         throw new Error(`unknown drawing format ${JSON.stringify(request?.format)}`);
-    return writers[request.format](documentFrom(request));
+    return withDocument(request, writers[request.format]);
 }
 
 /** The lines of `stream` as buffers. Pieces are joined once per line, so a long line costs linear time. */

@@ -2,15 +2,20 @@
 // list of all of them, copy the whole handle table once per page and encode everything again when a buffer turns out
 // too small: 100,000 lines take forty seconds. Each of the small replacements below takes one of these out.
 
-import {
-    DwgFileHeaderWriterAC15, DwgHandleWriter, DwgObjectWriter, DwgStreamWriterBase, DwgWriter, DxfWriter,
-} from "@node-projects/acad-ts";
+import "./writtenOnce.mjs";
+
+import acad from "./acad.mjs";
+
+const {
+    DwgFileHeaderWriterAC15, DwgHandleWriter, DwgObjectWriter, DwgSectionDefinition, DwgStreamWriterBase, DwgWriter,
+    DxfWriter,
+} = acad;
 
 /** The bytes of `document` as DWG. */
 export function writeDwg(document) {
-    const writer = new DwgWriter(new Uint8Array(1 << 16), document);
+    const writer = new DwgWriter(new Uint8Array(0), document);
     writer.write();
-    return writer._fileHeaderWriter._stream.subarray(0, writer.bytesWritten);
+    return writer._fileHeaderWriter._stream;
 }
 
 /** The bytes of `document` as ASCII DXF. Its texts are ASCII already. */
@@ -58,14 +63,34 @@ function indexed(list) {
     return list;
 }
 
-/** Lets the file grow instead of giving up, so that nothing is encoded twice. */
-DwgFileHeaderWriterAC15.prototype.ensureCapacity = function (additional) {
-    const needed = this._streamPosition + additional;
-    if (needed <= this._stream.length)
-        return;
-    const larger = new Uint8Array(Math.max(needed, 2 * this._stream.length));
-    larger.set(this._stream);
-    this._stream = larger;
+const firstObjects = new Uint8Array(1 << 16); // the least that the writer takes
+
+/**
+ * Lets the objects of all drawings begin in one buffer, which the writer replaces by a larger one when it is full.
+ * Otherwise each drawing begins with a new one of 1 MiB.
+ */
+DwgWriter.prototype._writeObjects = function () {
+    const { writeXRecords, writeXData, writeShapes, writeDynamicBlockData } = this.configuration;
+    const writer = new DwgObjectWriter(firstObjects, this._document, this._encoding,
+        writeXRecords, writeXData, writeShapes, writeDynamicBlockData);
+    writer.write();
+    this._handlesMap = writer.map;
+    this._fileHeaderWriter.addSection(DwgSectionDefinition.acDbObjects, writer.getWrittenData(), true);
+};
+
+const setSeekers = DwgFileHeaderWriterAC15.prototype._setSeekers;
+
+/** Makes room for the file once the sizes of its sections are known, so that nothing is encoded twice. */
+DwgFileHeaderWriterAC15.prototype._setSeekers = function () {
+    setSeekers.call(this);
+    const last = [...this._records.values()].at(-1);
+    this._stream = new Uint8Array(last.seeker + (last.stream?.length ?? 0));
+};
+
+/** Copies `data` as a whole. */
+DwgFileHeaderWriterAC15.prototype.writeToStream = function (data) {
+    this._stream.set(data, this._streamPosition);
+    this._streamPosition += data.length;
 };
 
 const processPosition = DwgHandleWriter.prototype._processPosition;

@@ -1,0 +1,13 @@
+# The allocator of the programs. A third of an import with glibc's is page faults and merging what trees leave behind.
+
+option(KORVANE_MIMALLOC "Link the programs to mimalloc, where it is installed" ON)
+
+# Linked as a shared library and first, so that malloc, free and new of every library are its own, also those of an
+# add-in loaded later: what one allocates another may free. The add-in's library links none and takes its host's.
+set(KORVANE_ALLOCATOR "")
+if(KORVANE_MIMALLOC AND NOT KORVANE_SANITIZE AND NOT WIN32)
+    find_package(mimalloc QUIET)
+    if(TARGET mimalloc)
+        set(KORVANE_ALLOCATOR mimalloc)
+    endif()
+endif()
