@@ -2,8 +2,8 @@
 
 #include "Converter.h"
 
-#include "SVGPreparation/PlainFile.h"
 #include "export/DrawingFile.h"
+#include "export/WholeFile.h"
 #include "view/Picture.h"
 
 #include <QFileInfo>
@@ -122,14 +122,16 @@ void Converter::saveDrawing(const Pending &pending)
     if (!isSaved(output, refhost::writeDrawingFile(output, encoded)))
         return;
     const QString picture = OutputPaths::pictureBeside(output);
-    if (m_options.preview && !isSaved(picture, refhost::writePicture(pending.document->drawing, picture)))
+    if (m_options.preview
+        && !isSaved(picture,
+                    refhost::writeWholeFile(picture, refhost::pngPicture(pending.document->drawing))))
         return;
     m_report.converted(pending.file);
 }
 
 void Converter::savePlainSvg(const ConvertedFile &file, const QByteArray &plainText)
 {
-    if (isSaved(file.output, svgprep::writePlainFile(file.output, plainText)))
+    if (isSaved(file.output, refhost::writeWholeFile(file.output, plainText)))
         m_report.converted(file);
 }
 
