@@ -12,15 +12,20 @@ namespace svgprep {
 namespace {
 
 /// The path without links and ".."; of a file that does not exist yet, its folder's path and its name.
-QString canonicalPath(const QString &path)
+QString canonicalPath(const QString &path, int links = 0)
 {
     QString canonical = QFileInfo(path).canonicalFilePath();
     if (!canonical.isEmpty())
         return canonical;
+    // A file written through a link that leads nowhere yet comes to exist there. Some links go round in
+    // circles.
+    constexpr int mostLinks = 40;
+    if (QFileInfo(path).isSymLink() && links < mostLinks)
+        return canonicalPath(QFileInfo(path).symLinkTarget(), links + 1);
     const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
     const QFileInfo file(absolute);
     const QString folder = file.absolutePath();
-    return folder == absolute ? absolute : QDir(canonicalPath(folder)).filePath(file.fileName());
+    return folder == absolute ? absolute : QDir(canonicalPath(folder, links)).filePath(file.fileName());
 }
 
 bool isSameFile(const QString &one, const QString &other)

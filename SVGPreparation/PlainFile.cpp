@@ -1,9 +1,8 @@
-// An existing file is replaced in one step or not at all.
+// Names files after the ones they are made of.
 
 #include "SVGPreparation/PlainFile.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace svgprep {
 
@@ -17,19 +16,6 @@ QString outputName(const QString &path, const QString &suffix)
 QString plainFileName(const QString &path)
 {
     return outputName(path, QStringLiteral("svg"));
-}
-
-QString writePlainFile(const QString &path, const QByteArray &plainText)
-{
-    QSaveFile file(path);
-    // A disk that fills up midway takes a part and reports no error; a buffer would hide even that.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return file.errorString();
-    if (file.write(plainText) != plainText.size()) {
-        file.cancelWriting();
-        return QStringLiteral("the disk is full");
-    }
-    return file.commit() ? QString() : file.errorString();
 }
 
 } // namespace svgprep

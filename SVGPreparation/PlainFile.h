@@ -1,8 +1,7 @@
-// Plain SVG files on the disk: how they are named, and how one comes there whole.
+// How plain SVG files, and others made of a file, are named.
 
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 
 namespace svgprep {
@@ -14,9 +13,5 @@ QString outputName(const QString &path, const QString &suffix);
 /// The name of the plain copy of the SVG file at `path`: "plan.svg" of "plans/plan.svg" and of "plan.svgz".
 /// The suffix is in lower case always: IMPORTSVG takes no other.
 QString plainFileName(const QString &path);
-
-/// Writes `plainText` as the file at `path`, in the place of an earlier one, whole or not at all. Returns
-/// what went wrong, without the path; empty when nothing did.
-QString writePlainFile(const QString &path, const QByteArray &plainText);
 
 } // namespace svgprep

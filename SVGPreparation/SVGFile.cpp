@@ -31,6 +31,8 @@ Content contentOf(const QString &path)
     // A folder, a device or a pipe would not open, or would never end.
     if (info.exists() && !info.isFile())
         return {{}, QStringLiteral("cannot be read: not a regular file")};
+    if (info.isSymLink() && !info.exists())
+        return {{}, QStringLiteral("cannot be read: the link leads nowhere")};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {{}, QStringLiteral("cannot be read: %1").arg(file.errorString())};

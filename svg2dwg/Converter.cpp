@@ -2,19 +2,31 @@
 
 #include "Converter.h"
 
-#include "SVGPreparation/PlainFile.h"
+#include "FileNames.h"
+
 #include "export/DrawingFile.h"
+#include "export/WholeFile.h"
 #include "view/Picture.h"
 
 #include <QFileInfo>
 
+#include <new>
 #include <utility>
 
 namespace {
 
+constexpr std::size_t reserveSize = 1024 * 1024;
+
 refhost::DrawingFormat drawingFormat(OutputFormat format)
 {
     return format == OutputFormat::Dxf ? refhost::DrawingFormat::Dxf : refhost::DrawingFormat::Dwg;
+}
+
+/// Throws when there is no memory for the libraries below Qt, those of fonts above all: they crash without.
+void requireMemory()
+{
+    constexpr int enough = 16 * 1024 * 1024;
+    const QByteArray tried(enough, Qt::Uninitialized);
 }
 
 } // namespace
@@ -33,13 +45,39 @@ void Converter::convert(const QStringList &files)
 {
     if (!m_options.dryRun && m_options.format != OutputFormat::PlainSvg)
         m_encoder.prepare();
-    for (const QString &file : files)
-        convertFile(file);
+    for (const QString &file : files) {
+        attempt(file, "not converted", [&] {
+            if (!m_reserve)
+                m_reserve.reset(new char[reserveSize]);
+            requireMemory();
+            convertFile(file);
+        });
+    }
     finishPending();
+}
+
+template <class Step>
+void Converter::attempt(const QString &file, const char *undone, const Step &step)
+{
+    try {
+        step();
+    } catch (const std::exception &error) {
+        m_reserve.reset();
+        m_session.close(m_session.activeDocument()); // the drawing that was begun
+        finishPending();
+        m_report.failed(
+            QStringLiteral("%1: %2: %3").arg(file, QLatin1String(undone), QLatin1String(reasonOf(error))));
+    }
 }
 
 void Converter::convertFile(const QString &input)
 {
+    if (const QString problem = problemOfName(input); !problem.isEmpty()) {
+        finishPending();
+        m_report.failed(QStringLiteral("%1: not converted: %2")
+                            .arg(input.isEmpty() ? QStringLiteral("''") : input, problem));
+        return;
+    }
     const QString output = m_options.dryRun ? QString() : m_outputs.outputFor(input);
     if (!m_options.dryRun && !mayWrite(input, output))
         return;
@@ -112,8 +150,10 @@ QString Converter::conflictOf(const QString &input, const QStringList &outputs)
 
 void Converter::finishPending()
 {
-    if (m_pending)
-        saveDrawing(*std::exchange(m_pending, std::nullopt));
+    if (!m_pending)
+        return;
+    const Pending pending = *std::exchange(m_pending, std::nullopt);
+    attempt(pending.file.output, "not saved", [&] { saveDrawing(pending); });
 }
 
 void Converter::saveDrawing(const Pending &pending)
@@ -122,15 +162,21 @@ void Converter::saveDrawing(const Pending &pending)
     const refhost::EncodedDrawing encoded = m_encoder.take(pending.ticket);
     if (!isSaved(output, refhost::writeDrawingFile(output, encoded)))
         return;
-    const QString picture = OutputPaths::pictureBeside(output);
-    if (m_options.preview && !isSaved(picture, refhost::writePicture(pending.document->drawing, picture)))
+    if (m_options.preview && !savePicture(pending))
         return;
     m_report.converted(pending.file);
 }
 
+bool Converter::savePicture(const Pending &pending)
+{
+    requireMemory();
+    const QString picture = OutputPaths::pictureBeside(pending.file.output);
+    return isSaved(picture, refhost::writeWholeFile(picture, refhost::pngPicture(pending.document->drawing)));
+}
+
 void Converter::savePlainSvg(const ConvertedFile &file, const QByteArray &plainText)
 {
-    if (isSaved(file.output, svgprep::writePlainFile(file.output, plainText)))
+    if (isSaved(file.output, refhost::writeWholeFile(file.output, plainText)))
         m_report.converted(file);
 }
 
@@ -139,4 +185,9 @@ bool Converter::isSaved(const QString &file, const QString &error)
     if (!error.isEmpty())
         m_report.failed(QStringLiteral("%1: not saved: %2").arg(file, error));
     return error.isEmpty();
+}
+
+const char *reasonOf(const std::exception &error)
+{
+    return dynamic_cast<const std::bad_alloc *>(&error) ? "there is too little memory" : error.what();
 }

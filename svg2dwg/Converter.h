@@ -11,6 +11,8 @@
 #include "api/HostSession.h"
 #include "export/EncoderProcess.h"
 
+#include <exception>
+#include <memory>
 #include <optional>
 
 class Converter {
@@ -29,6 +31,9 @@ private:
         refhost::EncoderProcess::Ticket ticket;
     };
 
+    /// Takes one step for `file`, and reports when it throws that the file was `undone`.
+    template <class Step>
+    void attempt(const QString &file, const char *undone, const Step &step);
     void convertFile(const QString &input);
     SVGText textOf(const QString &input) const;
     /// Whether the outputs of `input` may be written; reports why not.
@@ -37,6 +42,7 @@ private:
     QString conflictOf(const QString &input, const QStringList &outputs);
     void finishPending();
     void saveDrawing(const Pending &pending);
+    bool savePicture(const Pending &pending);
     void savePlainSvg(const ConvertedFile &file, const QByteArray &plainText);
     bool isSaved(const QString &file, const QString &error);
 
@@ -47,4 +53,8 @@ private:
     Report &m_report;
     refhost::EncoderProcess m_encoder;
     std::optional<Pending> m_pending;
+    std::unique_ptr<char[]> m_reserve; // let go when memory runs out, so that there is some for saying so
 };
+
+/// What an exception says of itself, in words for the user.
+const char *reasonOf(const std::exception &error);

@@ -1,6 +1,10 @@
-// Writes journal lines to a file that replaces an earlier one only when it is complete.
+// Writes journal lines to a file that replaces an earlier one only when it is complete, or as they come to a
+// device or pipe.
 
 #include "JournalFile.h"
+
+#include <QFileInfo>
+#include <QSaveFile>
 
 #include <cstdio>
 
@@ -20,9 +24,14 @@ QString JournalFile::open(refhost::CallJournal &journal)
     if (m_fileName.isEmpty())
         return {};
     if (isFile()) {
-        m_file = std::make_unique<QSaveFile>(m_fileName);
+        // Qt would put a file in the place of a device.
+        const QFileInfo earlier(m_fileName);
+        if (earlier.exists() && !earlier.isFile())
+            m_file = std::make_unique<QFile>(m_fileName);
+        else
+            m_file = std::make_unique<QSaveFile>(m_fileName);
         if (!m_file->open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-            return error();
+            return error(m_file->errorString());
     }
     m_journal = &journal;
     journal.begin([this](const QByteArray &line) { writeLine(line); });
@@ -43,9 +52,10 @@ QString JournalFile::close()
     if (!m_file)
         return {};
     writeBuffer();
-    if (!m_isComplete)
-        m_file->cancelWriting();
-    return m_file->commit() ? QString() : error();
+    if (!m_writeError.isEmpty())
+        return error(m_writeError);
+    auto *file = qobject_cast<QSaveFile *>(m_file.get());
+    return !file || file->commit() ? QString() : error(m_file->errorString());
 }
 
 void JournalFile::writeLine(const QByteArray &line)
@@ -64,12 +74,13 @@ void JournalFile::writeLine(const QByteArray &line)
 void JournalFile::writeBuffer()
 {
     // A disk that fills up midway takes a part and reports no error.
-    m_isComplete = m_file->write(m_buffer) == m_buffer.size() && m_isComplete;
+    const qint64 written = m_writeError.isEmpty() ? m_file->write(m_buffer) : m_buffer.size();
+    if (written != m_buffer.size())
+        m_writeError = written < 0 ? m_file->errorString() : QStringLiteral("the disk is full");
     m_buffer.clear();
 }
 
-QString JournalFile::error() const
+QString JournalFile::error(const QString &reason) const
 {
-    const QString reason = m_isComplete ? m_file->errorString() : QStringLiteral("the disk is full");
     return QStringLiteral("%1: the journal cannot be written: %2").arg(m_fileName, reason);
 }

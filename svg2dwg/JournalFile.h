@@ -4,7 +4,7 @@
 
 #include "api/CallJournal.h"
 
-#include <QSaveFile>
+#include <QFileDevice>
 #include <QString>
 
 #include <memory>
@@ -17,7 +17,7 @@ public:
     /// An empty `fileName` means no journal.
     explicit JournalFile(const QString &fileName);
 
-    /// Whether the journal goes into a file of its own.
+    /// Whether the journal goes into a file of its own, or to a device or pipe.
     bool isFile() const { return !m_fileName.isEmpty() && m_fileName != standardOutput(); }
 
     /// Has `journal` write into the file. Returns an error text, empty when it went well.
@@ -26,17 +26,18 @@ public:
     /// Writes the line that announces the calls for `input`.
     void announce(const QString &input);
 
-    /// Ends the journal; the file appears now, as a whole. Returns an error text, empty when it went well.
+    /// Ends the journal; a regular file appears now, as a whole. Returns an error text, empty when it went
+    /// well.
     QString close();
 
 private:
     void writeLine(const QByteArray &line);
     void writeBuffer();
-    QString error() const;
+    QString error(const QString &reason) const;
 
     QString m_fileName;
-    std::unique_ptr<QSaveFile> m_file;
+    std::unique_ptr<QFileDevice> m_file;
     QByteArray m_buffer;
-    bool m_isComplete = true; // false once the disk took less than it was given
+    QString m_writeError; // why the file lacks something; empty while it lacks nothing
     refhost::CallJournal *m_journal = nullptr;
 };

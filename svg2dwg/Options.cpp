@@ -2,6 +2,8 @@
 
 #include "Options.h"
 
+#include "FileNames.h"
+
 #include <QCommandLineParser>
 
 #include <cmath>
@@ -68,7 +70,9 @@ struct CommandLine {
     const QCommandLineOption explode{"explode", "Draws single entities into model space instead of a block."};
     const QCommandLineOption preview{"preview", "Writes a picture (PNG) beside each drawing."};
     const QCommandLineOption journal{
-        "journal", "Writes every call of the host API to FILE (- prints them in the place of the table).",
+        "journal",
+        "Writes every call of the host API to FILE, which must be new without --force (- prints them in the "
+        "place of the table).",
         "FILE"};
     const QCommandLineOption dryRun{"dry-run", "Draws, but saves nothing; -o may be left out."};
     const QCommandLineOption force{"force", "Overwrites files that exist already, but never an input."};
@@ -92,7 +96,7 @@ struct CommandLine {
 Answer usageError(const QString &problem)
 {
     return {QStringLiteral("svg2dwg: %1\nUsage: svg2dwg [options] %2\nsvg2dwg --help says more.")
-                .arg(problem, synopsis),
+                .arg(shown(problem), synopsis),
             true};
 }
 
@@ -155,6 +159,16 @@ QString conflictIn(const CommandLine &line, const Options &options)
     return {};
 }
 
+/// What is wrong with the name of the folder or file that an option takes; empty when nothing is.
+QString wrongNameIn(const CommandLine &line)
+{
+    for (const QCommandLineOption *option : {&line.output, &line.journal}) {
+        if (const QString name = line.value(*option); !name.isEmpty() && !problemOfName(name).isEmpty())
+            return QStringLiteral("%1 %2: %3").arg(dashed(*option), name, problemOfName(name));
+    }
+    return {};
+}
+
 QString missingIn(const Options &options)
 {
     if (options.inputs.isEmpty())
@@ -203,6 +217,7 @@ std::variant<Options, Answer> optionsFrom(const QStringList &arguments)
         readChoice(line, line.text, textOutputs, preparation.text),
         readTolerance(line, preparation.flattenTolerance),
         conflictIn(line, options),
+        wrongNameIn(line),
         missingIn(options),
     };
     for (const QString &problem : problems) {

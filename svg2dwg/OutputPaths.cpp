@@ -26,6 +26,17 @@ QString OutputPaths::pictureBeside(const QString &drawing)
     return file.dir().filePath(svgprep::outputName(drawing, QStringLiteral("png")));
 }
 
+QString OutputPaths::outputAt(const QString &path, const QStringList &inputs) const
+{
+    svgprep::FileNotes outputs;
+    for (const QString &input : inputs) {
+        const QString output = outputFor(input);
+        outputs.add(output, output);
+        outputs.add(pictureBeside(output), pictureBeside(output));
+    }
+    return outputs.of(path);
+}
+
 QString OutputPaths::take(const QString &output, const QString &input)
 {
     QString earlier = m_taken.of(output);

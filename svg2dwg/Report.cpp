@@ -2,6 +2,8 @@
 
 #include "Report.h"
 
+#include "FileNames.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
@@ -36,7 +38,7 @@ Report::Report(const QStringList &files, Verbosity verbosity)
     , m_expected(files.size())
 {
     for (const QString &file : files)
-        m_fileWidth = std::max(m_fileWidth, file.size());
+        m_fileWidth = std::max(m_fileWidth, shown(file).size());
     m_fileWidth = std::min(m_fileWidth, widestFileColumn);
     if (m_verbosity == Verbosity::Normal && !files.isEmpty())
         printHeader();
@@ -113,11 +115,11 @@ void Report::printRow(const QString &name, const EntityCounts &counts, const QSt
     if (m_verbosity != Verbosity::Normal)
         return;
     hideBar();
-    QString row = name.leftJustified(m_fileWidth);
+    QString row = shown(name).leftJustified(m_fileWidth);
     for (std::size_t kind = 0; kind < std::size(entityKindNames); ++kind)
         row += QString::number(counts.byKind[kind]).rightJustified(countWidth);
     if (!output.isEmpty())
-        row += QStringLiteral("  ") + output;
+        row += QStringLiteral("  ") + shown(output);
     m_out << row << '\n';
     m_out.flush();
 }
@@ -125,7 +127,7 @@ void Report::printRow(const QString &name, const EntityCounts &counts, const QSt
 void Report::printProblem(const QString &message)
 {
     hideBar();
-    m_err << "svg2dwg: " << message << '\n';
+    m_err << "svg2dwg: " << shown(message) << '\n';
     m_err.flush();
 }
 

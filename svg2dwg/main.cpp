@@ -1,17 +1,21 @@
 // svg2dwg: converts SVG files to drawings without a window.
 
 #include "Converter.h"
+#include "FileNames.h"
 #include "InputFiles.h"
 #include "JournalFile.h"
 
 #include "SVGPreparation/SVGFile.h"
 
-#include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QTextCodec>
 
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <filesystem>
 #include <memory>
 
 namespace {
@@ -37,20 +41,36 @@ Report::Verbosity verbosity(const Options &options)
     return printsJournal ? Report::Verbosity::NoTable : Report::Verbosity::Normal;
 }
 
-/// Opens the journal and makes the folder for the outputs. Returns what went wrong; empty when nothing did.
-QString openOutputs(const Options &options, const OutputPaths &outputs, JournalFile &journal,
-                    refhost::HostSession &session)
+/// Why the journal may not be written where it is to go; empty when it may.
+QString journalConflict(const Options &options, const QStringList &inputs, const OutputPaths &outputs)
 {
-    const QString overwritten = journal.isFile() ? outputs.inputAt(options.journalFile) : QString();
-    if (!overwritten.isEmpty())
-        return QStringLiteral("%1: the journal would overwrite the input %2")
-            .arg(options.journalFile, overwritten);
-    QString error = journal.open(session.journal());
-    if (!error.isEmpty())
-        return error;
-    if (!options.dryRun && !QDir().mkpath(options.outputFolder))
-        return QStringLiteral("%1: the folder cannot be made").arg(options.outputFolder);
+    const auto refused = [&options](const QString &reason) {
+        return QStringLiteral("%1: %2").arg(options.journalFile, reason);
+    };
+    if (const QString input = outputs.inputAt(options.journalFile); !input.isEmpty())
+        return refused(QStringLiteral("the journal would overwrite the input %1").arg(input));
+    if (options.dryRun)
+        return {};
+    if (const QString output = outputs.outputAt(options.journalFile, inputs); !output.isEmpty())
+        return refused(QStringLiteral("the journal would overwrite the output %1").arg(output));
     return {};
+}
+
+/// Makes the folder for the outputs and opens the journal. Returns what went wrong; empty when nothing did.
+QString openOutputs(const Options &options, JournalFile &journal, refhost::HostSession &session)
+{
+    if (journal.isFile() && !options.force && QFileInfo(options.journalFile).isFile()) {
+        return QStringLiteral("%1: exists already and was kept. Use --force to overwrite it.")
+            .arg(options.journalFile);
+    }
+    std::error_code error;
+    if (!options.dryRun)
+        std::filesystem::create_directories(options.outputFolder.toStdU16String(), error);
+    if (error) {
+        return QStringLiteral("%1: the folder cannot be made: %2")
+            .arg(options.outputFolder, QString::fromLocal8Bit(error.message().c_str()));
+    }
+    return journal.open(session.journal());
 }
 
 int run(const Options &options)
@@ -63,29 +83,57 @@ int run(const Options &options)
     refhost::HostSession session;
     JournalFile journal(options.journalFile);
     OutputPaths outputs(options.outputFolder, nameOf(options.format), input.files);
-    if (const QString error = openOutputs(options, outputs, journal, session); !error.isEmpty()) {
+    const auto conflict = [&] {
+        return journal.isFile() ? journalConflict(options, input.files, outputs) : QString();
+    };
+    QString error = conflict();
+    if (error.isEmpty())
+        error = openOutputs(options, journal, session);
+    if (!error.isEmpty()) {
         report.error(error);
         return SomeFailed;
     }
 
     Converter(session, journal, options, outputs, report).convert(input.files);
-    if (const QString error = journal.close(); !error.isEmpty())
+    // Whether names that differ in upper and lower case mean one file can be told once that file exists.
+    error = conflict();
+    if (error.isEmpty())
+        error = journal.close();
+    if (!error.isEmpty())
         report.error(error);
     report.printSummary();
     return report.isAllConverted() ? AllConverted : SomeFailed;
 }
 
-/// Keeps from the user what only concerns how Qt was set up on this machine.
-void printQtMessage(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString &message)
+/// What standard output did not take, nobody has read.
+int afterOutput(int exitCode)
 {
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
+        return exitCode;
+    std::fputs("svg2dwg: the standard output cannot be written\n", stderr);
+    return exitCode == AllConverted ? SomeFailed : exitCode;
+}
+
+/// Ends the program where nothing else is possible any more.
+[[noreturn]] void stop(const char *reason)
+{
+    std::fprintf(stderr, "svg2dwg: stopped: %s\n", reason);
+    std::_Exit(SomeFailed);
+}
+
+/// Keeps from the user what only concerns how Qt was set up on this machine.
+void printQtMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
+{
+    if (type == QtFatalMsg)
+        stop(qPrintable(shown(message))); // Qt would abort
     if (!message.startsWith(QLatin1String("QStandardPaths:")))
-        std::fprintf(stderr, "%s\n", qPrintable(message));
+        std::fprintf(stderr, "%s\n", qPrintable(shown(message)));
 }
 
 std::variant<Options, Answer> readCommandLine(int &argc, char **argv)
 {
-    const QCoreApplication application(argc, argv); // knows the arguments in Unicode on every system
-    return optionsFrom(QCoreApplication::arguments());
+    const QCoreApplication application(argc, argv);
+    return optionsFrom(argumentsFrom(argc, argv));
 }
 
 /// Pictures and the preparation need fonts and so a QGuiApplication; nothing else does.
@@ -105,16 +153,19 @@ int main(int argc, char *argv[])
     // File names are UTF-8 whatever the locale; bare machines set none, and Qt would then read them as ASCII.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
 #endif
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN); // a file that would grow too large is an error to report
+#endif
     qInstallMessageHandler(printQtMessage);
+    std::set_terminate([] { stop("an error came where none can be handled"); });
     try {
         const std::variant<Options, Answer> commandLine = readCommandLine(argc, argv);
         if (const auto *answer = std::get_if<Answer>(&commandLine))
-            return print(*answer);
+            return afterOutput(print(*answer));
         const auto &options = std::get<Options>(commandLine);
         const auto application = applicationFor(options, argc, argv);
-        return run(options);
+        return afterOutput(run(options));
     } catch (const std::exception &error) {
-        std::fprintf(stderr, "svg2dwg: stopped: %s\n", error.what());
-        return SomeFailed;
+        stop(reasonOf(error));
     }
 }

@@ -6,7 +6,6 @@
 #include "view/Picture.h"
 
 #include <QPainter>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <cmath>
@@ -426,17 +425,12 @@ void tst_DrawingPainter::sheet()
 
 void tst_DrawingPainter::pictureFile()
 {
-    const QTemporaryDir folder;
-    const QString fileName = folder.filePath(QStringLiteral("label.png"));
     // Accents and descenders belong to a note's extents: none of its ink reaches the margin.
     const Drawing drawing = drawingOf({noteOf(QStringLiteral("Ågjq\n\u00c9"), 3, {0, 0, 0}, 0.3)});
-    QCOMPARE(writePicture(drawing, fileName), QString());
-    const QImage image(fileName);
+    const QImage image = QImage::fromData(pngPicture(drawing), "PNG");
     const QRect inked = inkedArea(image);
     QVERIFY(inked.width() > image.width() / 2);
     QVERIFY(image.rect().adjusted(31, 31, -31, -31).contains(inked));
-
-    QVERIFY(!writePicture(drawing, folder.filePath(QStringLiteral("missing/label.png"))).isEmpty());
 }
 
 QTEST_MAIN(tst_DrawingPainter)

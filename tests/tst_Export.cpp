@@ -247,6 +247,13 @@ void tst_Export::encoderThatCannotServe_data()
     QTest::newRow("it talks nonsense")
         << "node" << QByteArray("console.log('hello'); setInterval(() => {}, 1000)")
         << "the DWG encoder (node) gave an answer that makes no sense";
+    QTest::newRow("it answers for another drawing")
+        << "node"
+        << QByteArray(R"(console.log('{"id":2,"ok":true,"size":1}\n1'); setInterval(() => {}, 1000))")
+        << "the DWG encoder (node) gave an answer that makes no sense";
+    QTest::newRow("it has too little memory")
+        << "node" << QByteArray("console.error('# Fatal process out of memory: Zone'); process.exit(1)")
+        << "the DWG encoder (node) stopped unexpectedly: there is too little memory";
     QTest::newRow("it refuses the drawing")
         << "node" << QByteArray(R"(console.log('{"id":1,"ok":false,"error":"too round"}'))")
         << "the drawing cannot be encoded: too round";
@@ -321,6 +328,7 @@ void tst_Export::unwritablePlace_data()
     QTest::newRow("the folder does not exist") << "missing/drawing.dwg";
     QTest::newRow("the folder is a file") << "file/drawing.dwg";
     QTest::newRow("the file is a folder") << ".";
+    QTest::newRow("the file is a pipe") << "pipe";
 }
 
 void tst_Export::unwritablePlace()
@@ -328,6 +336,8 @@ void tst_Export::unwritablePlace()
     QFETCH(QString, fileName);
     script({}); // a file where a folder would have to be
     QFile(filePath("encoder.mjs")).copy(filePath("file"));
+    if (!QFileInfo::exists(filePath("pipe")))
+        QProcess::execute("mkfifo", {filePath("pipe")});
 
     const QString error = writeDrawingFile(filePath(fileName), {"AC1015", {}});
     QVERIFY(!error.isEmpty());

@@ -168,7 +168,9 @@ private slots:
     void previewShowsTheDrawing();
     void failingSaves_data();
     void failingSaves();
-    void fullDisk();
+    void failingSystem_data();
+    void failingSystem();
+    void littleMemory();
 
 private:
     void write(const QString &name, const QByteArray &content) const;
@@ -245,8 +247,16 @@ void tst_svg2dwg::commandLine_data()
         SomeFailed, "missing/j.jsonl: the journal cannot be written");
     row("a journal in the place of an input", {"a.svg", "--dry-run", "--journal", "./a.svg"}, SomeFailed,
         "./a.svg: the journal would overwrite the input a.svg");
+    row("a journal in the place of an output", {"a.svg", "-o", "x", "--journal", "x/../x/a.dwg"}, SomeFailed,
+        "x/../x/a.dwg: the journal would overwrite the output x/a.dwg");
+    row("a journal in the place of a picture", {"a.svg", "-o", "x", "--preview", "--journal", "x/a.png"},
+        SomeFailed, "x/a.png: the journal would overwrite the output x/a.png");
     row("an output folder that is a file", {"a.svg", "-o", SVG2DWG "/out"}, SomeFailed,
-        "the folder cannot be made");
+        "the folder cannot be made: Not a directory");
+    row("an empty name", {"", "--dry-run"}, SomeFailed, "svg2dwg: '': not converted: the name is empty\n");
+    row("names that steer the terminal", {"a\x1b[1m\n\u009b\u202e\u200dü.svg", "--dry-run"}, SomeFailed,
+        "svg2dwg: a\\x1B[1m\\x0A\\u009B\\u202E\u200dü.svg: cannot be read: ");
+    row("an option that steers the terminal", {"--\x1b[1m"}, UsageError, "Unknown option '\\x1B[1m'");
 }
 
 void tst_svg2dwg::commandLine()
@@ -614,6 +624,21 @@ void tst_svg2dwg::journal()
         lines, callsFor("a.svg", "1") + QByteArrayList{R"({"input":"bad.svg"})"} + callsFor("b.svg", "2"));
     QVERIFY2(difference.isEmpty(), qPrintable(difference));
 
+    const QStringList again = {"a.svg", "--dry-run", "--no-prepare", "--journal", "calls.jsonl"};
+    const QByteArray before = content("calls.jsonl");
+    const Run kept = convert(again);
+    QVERIFY2(kept.err.contains("calls.jsonl: exists already and was kept. Use --force"),
+             qPrintable(kept.err));
+    QCOMPARE(kept.exitCode, int(SomeFailed));
+    QCOMPARE(content("calls.jsonl"), before);
+    QCOMPARE(convert(again + QStringList{"--force"}).exitCode, int(AllConverted));
+    QVERIFY(content("calls.jsonl").size() < before.size());
+#ifndef Q_OS_WIN
+    const QString intoPipe = "mkfifo p; cat p & \"$0\" a.svg --dry-run -q --journal p; wait; test -p p";
+    const Run piped = run("sh", {"-c", intoPipe, SVG2DWG}, m_folder->path());
+    QVERIFY2(piped.exitCode == 0 && piped.out.startsWith(R"({"input":"a.svg"})"), qPrintable(piped.err));
+#endif
+
     const QByteArrayList printed =
         convert({"a.svg", "--no-prepare", "--dry-run", "--explode", "--journal", "-"})
             .out.toUtf8()
@@ -812,23 +837,79 @@ void tst_svg2dwg::failingSaves()
     QCOMPARE(content("out/plan.dwg"), QByteArray("an earlier drawing"));
 }
 
-void tst_svg2dwg::fullDisk()
+void tst_svg2dwg::failingSystem_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QStringList>("says");
+
+    const auto row = [](const char *name, const QString &script, const QStringList &says) {
+        QTest::newRow(name) << script << says;
+    };
+    // A limit on the size of files stands for a disk without room.
+    row("a disk that a drawing fills up", "ulimit -f 1; \"$0\" plan.svg -o out --force | cat",
+        {"out/plan.dwg: not saved: the disk is full"});
+    row("a full disk", "ulimit -f 0; \"$0\" plan.svg -o out --force --format svg | cat",
+        {"out/plan.svg: not saved: File too large"});
+    row("a table on a full device", "\"$0\" plan.svg --dry-run >/dev/full",
+        {"the standard output cannot be written"});
+    row("help on a full device", "\"$0\" --help >/dev/full", {"the standard output cannot be written"});
+    row("a journal on a full disk", "ulimit -f 0; \"$0\" plan.svg --dry-run --journal j | cat",
+        {"j: the journal cannot be written: File too large"});
+    row("too little memory for the encoder", "ulimit -v 600000; \"$0\" plan.svg -o out --force",
+        {"out/plan.dwg: not saved: the DWG encoder (node) stopped unexpectedly: there is too little memory"});
+    row("a name that is not UTF-8, as an argument", "\"$0\" \"$(printf 'b\\377.svg')\" plan.svg --dry-run",
+        {"svg2dwg: b\\xFF.svg: not converted: the name is not valid UTF-8"});
+    row("such a name and links that lead nowhere, in a folder",
+        "mkdir in; cp plan.svg \"in/$(printf 'b\\377.svg')\"; ln -s none in/a.svg; ln -s o.svg in/o.svg; "
+        "\"$0\" in --dry-run; code=$?; rm -r in; exit $code",
+        {"in/b\\xFF.svg: not converted: the name is not valid UTF-8", "in/a.svg: cannot be read: the link",
+         "in/o.svg: cannot be read: the link leads nowhere"});
+}
+
+void tst_svg2dwg::failingSystem()
 {
 #ifdef Q_OS_WIN
-    QSKIP("The size of files cannot be limited from outside.");
+    QSKIP("Needs a shell that sets limits.");
 #endif
+    QFETCH(QString, script);
+    QFETCH(QStringList, says);
     write("plan.svg", oneLine);
     write("out/plan.dwg", "an earlier drawing");
 
-    // A limit of one block on the size of files stands for a disk without room.
-    const Run result = run(
-        "sh",
-        {"-c", "trap '' XFSZ; ulimit -f 1; exec \"$0\" \"$@\"", SVG2DWG, "plan.svg", "-o", "out", "--force"},
-        m_folder->path());
+    const Run result = run("bash", {"-o", "pipefail", "-c", script, SVG2DWG}, m_folder->path());
     QCOMPARE(result.exitCode, int(SomeFailed));
-    QVERIFY2(result.err.contains("out/plan.dwg: not saved: "), qPrintable(result.err));
+    for (const QString &message : says)
+        QVERIFY2(result.err.contains(message), qPrintable(result.err));
     QCOMPARE(filesIn("out"), QStringList{"plan.dwg"});
     QCOMPARE(content("out/plan.dwg"), QByteArray("an earlier drawing"));
+}
+
+void tst_svg2dwg::littleMemory()
+{
+#if defined(Q_OS_WIN) || defined(__SANITIZE_ADDRESS__)
+    QSKIP("Needs a limit on memory, and a program that starts below it.");
+#endif
+    write("plan.svg",
+          "<svg>"
+              + QByteArray(R"svg(<text x="9" text-anchor="end">a</text><path d="M0 0C1 1 2 1 3 0"/>)svg")
+                    .repeated(9'000)
+              + "</svg>");
+    constexpr int step = 2'000; // KiB
+    int notStarted = 0;
+    int refused = 0;
+    Run result;
+    for (int limit = 30 * step; result.exitCode != AllConverted; limit += step) {
+        const QString script = QStringLiteral("ulimit -c 0; ulimit -v %1; exec \"$0\" \"$@\"").arg(limit);
+        result =
+            run("sh", {"-c", script, SVG2DWG, "plan.svg", "-o", "out", "--format", "svg"}, m_folder->path());
+        const bool isNamed = result.err.startsWith("svg2dwg: ") && result.err.contains("too little memory");
+        constexpr int neverReachedMain = 127;
+        notStarted += result.exitCode == neverReachedMain ? 1 : 0;
+        refused += result.exitCode == SomeFailed && isNamed && filesIn("out").isEmpty() ? 1 : 0;
+        QCOMPARE(notStarted + refused, limit / step - 29 - (result.exitCode == AllConverted ? 1 : 0));
+    }
+    QVERIFY(refused > 3);
+    QCOMPARE(filesIn("out"), QStringList{"plan.svg"});
 }
 
 QTEST_GUILESS_MAIN(tst_svg2dwg)

@@ -3,6 +3,7 @@
 #include "app/DrawingFiles.h"
 
 #include "app/HostWindow.h"
+#include "export/WholeFile.h"
 #include "view/Picture.h"
 
 #include <QDir>
@@ -108,7 +109,7 @@ bool exportPicture(HostWindow &window, const HostDocumentPtr &document)
 {
     const QString file = askFileName(window, QStringLiteral("Export picture"), document,
                                      {QStringLiteral("PNG picture (*.png)")});
-    return !file.isEmpty() && sayWritten(window, file, writePicture(document->drawing, file));
+    return !file.isEmpty() && sayWritten(window, file, writeWholeFile(file, pngPicture(document->drawing)));
 }
 
 } // namespace refhost

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <exception>
+#include <new>
 
 namespace refhost {
 
@@ -15,6 +16,8 @@ QString guarded(const Function &function)
     try {
         function();
         return {};
+    } catch (const std::bad_alloc &) {
+        return QStringLiteral("there is too little memory");
     } catch (const std::exception &exception) {
         const QString text = QString::fromLocal8Bit(exception.what());
         return text.isEmpty() ? QStringLiteral("an exception without a text") : text;

@@ -192,8 +192,11 @@ void HostWindow::provideServices()
         return {};
     };
     services.saveDrawing = [this](const Drawing &drawing, const QString &fileName, bool usedBlocksOnly) {
-        return refhost::saveDrawing(m_encoder, drawing, fileName,
-                                    usedBlocksOnly ? BlocksToSave::UsedOnly : BlocksToSave::All);
+        const BlocksToSave blocks = usedBlocksOnly ? BlocksToSave::UsedOnly : BlocksToSave::All;
+        QString error;
+        const QString thrown =
+            guarded([&] { error = refhost::saveDrawing(m_encoder, drawing, fileName, blocks); });
+        return thrown.isEmpty() ? error : thrown;
     };
     services.openWebHelp = [this](const QString &address) { return openHelp(QUrl(address)); };
     services.openHelpFile = [this](long /*topicId*/, const QString &path) {

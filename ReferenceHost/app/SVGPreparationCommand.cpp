@@ -10,6 +10,7 @@
 #include "SVGPreparation/FileNotes.h"
 #include "SVGPreparation/PlainFile.h"
 #include "SVGPreparation/SVGFile.h"
+#include "export/WholeFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -160,7 +161,7 @@ QString written(HostWindow &window, const Copy &copy)
     const svgprep::PreparedSvg prepared = svgprep::preparedFile(copy.input, {});
     if (!prepared.error.isEmpty())
         return prepared.error;
-    const QString error = svgprep::writePlainFile(copy.output, prepared.plainText);
+    const QString error = writeWholeFile(copy.output, prepared.plainText);
     if (!error.isEmpty())
         return QStringLiteral("%1: not written: %2").arg(copy.output, error);
     for (const QString &note : prepared.notes())

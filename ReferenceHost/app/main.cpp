@@ -1,16 +1,34 @@
 // The desktop reference host: a window with an add-in connected.
 
+#include "app/Guarded.h"
 #include "app/HostSettingsStore.h"
 #include "app/HostWindow.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDebug>
 #include <QStyleFactory>
 
 #include <algorithm>
+#include <csignal>
 #include <string>
 
 namespace {
+
+/// An application that survives what its windows throw, for lack of memory mostly.
+class Application : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject *receiver, QEvent *event) override
+    {
+        bool isHandled = true;
+        const QString thrown = refhost::guarded([&] { isHandled = QApplication::notify(receiver, event); });
+        if (!thrown.isEmpty())
+            qWarning().noquote() << "An event was not handled:" << thrown;
+        return isHandled;
+    }
+};
 
 const QString addinOption = QStringLiteral("addin");
 const QString samplesOption = QStringLiteral("samples");
@@ -49,7 +67,10 @@ int main(int argc, char **argv)
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication application(argc, argv);
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN); // a drawing that would grow too large is an error to report
+#endif
+    Application application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Korvane"));
     QApplication::setApplicationName(QStringLiteral("ReferenceHost"));
     parser.process(application);

@@ -1,8 +1,8 @@
-// Saves drawings as files. An existing drawing is replaced in one step or not at all.
+// Saves drawings as files.
 
 #include "export/DrawingFile.h"
 
-#include <QSaveFile>
+#include "export/WholeFile.h"
 
 namespace refhost {
 
@@ -21,18 +21,7 @@ QString saveDrawing(EncoderProcess &encoder, const Drawing &drawing, const QStri
 
 QString writeDrawingFile(const QString &fileName, const EncodedDrawing &drawing)
 {
-    if (!drawing.error.isEmpty())
-        return drawing.error;
-
-    QSaveFile file(fileName);
-    // A disk that fills up midway takes a part and reports no error; a buffer would hide even that.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return file.errorString();
-    if (file.write(drawing.bytes) != drawing.bytes.size()) {
-        file.cancelWriting();
-        return QStringLiteral("the disk is full");
-    }
-    return file.commit() ? QString() : file.errorString();
+    return drawing.error.isEmpty() ? writeWholeFile(fileName, drawing.bytes) : drawing.error;
 }
 
 } // namespace refhost

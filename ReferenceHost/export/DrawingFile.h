@@ -14,9 +14,8 @@ DrawingFormat formatForFileName(const QString &fileName);
 QString saveDrawing(EncoderProcess &encoder, const Drawing &drawing, const QString &fileName,
                     BlocksToSave blocks);
 
-/// Writes the bytes of `drawing` to `fileName` by way of a temporary file in the same folder. Returns an
-/// empty text, or what went wrong (also when `drawing` already says so); an earlier file of that name is then
-/// untouched.
+/// Writes the bytes of `drawing` to `fileName`. Returns an empty text, or what went wrong (also when
+/// `drawing` already says so); an earlier file of that name is then untouched.
 QString writeDrawingFile(const QString &fileName, const EncodedDrawing &drawing);
 
 } // namespace refhost

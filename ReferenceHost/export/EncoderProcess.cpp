@@ -43,9 +43,13 @@ QString couldNotStart(const QString &reason)
     return QStringLiteral("the DWG encoder (node) could not be started: %1").arg(reason);
 }
 
-/// The line of node's report that says what happened; the rest is a stack trace.
+/// What node's report says of what happened; most of it is a stack trace.
 QString essence(const QByteArray &messages)
 {
+    for (const char *const phrase : {"out of memory", "OOM", "bad_alloc"}) {
+        if (messages.contains(phrase))
+            return QStringLiteral("there is too little memory");
+    }
     for (const QByteArray &line : messages.split('\n')) {
         if (line.contains("Error"))
             return QString::fromUtf8(line).trimmed();
@@ -81,7 +85,12 @@ EncoderProcess::Ticket EncoderProcess::submit(const Drawing &drawing, DrawingFor
 
     const QByteArray request = encoderRequest(ticket, drawing, format, blocks);
     m_jobs.push_back({ticket, request.size()});
-    m_process->write(request);
+    try {
+        m_process->write(request);
+    } catch (...) { // too little memory: nobody is to wait for an answer
+        m_jobs.pop_back();
+        throw;
+    }
     // An idle process takes even a long request at once, so that it works while the caller reads the next
     // file. A busy one gets the rest while somebody waits for an answer.
     constexpr int busyAfterMilliseconds = 20;
@@ -164,7 +173,9 @@ bool EncoderProcess::readAnswer()
     if (m_incoming >= 0) {
         if (m_process->bytesAvailable() < m_incoming)
             return false;
-        finishFirst({m_process->read(std::exchange(m_incoming, -1)), {}});
+        const QByteArray bytes = m_process->read(m_incoming);
+        m_incoming = -1;
+        finishFirst({bytes, {}});
         return true;
     }
 
@@ -172,7 +183,9 @@ bool EncoderProcess::readAnswer()
         return false;
     const QJsonObject header = QJsonDocument::fromJson(m_process->readLine()).object();
     const double size = header.value(QLatin1String("size")).toDouble(-1.0);
-    if (header.value(QLatin1String("ok")).toBool() && size > 0 && size <= std::numeric_limits<int>::max()) {
+    const bool isExpected = header.value(QLatin1String("id")) == static_cast<double>(m_jobs.front().ticket);
+    if (isExpected && header.value(QLatin1String("ok")).toBool() && size > 0
+        && size <= std::numeric_limits<int>::max()) {
         m_incoming = static_cast<qint64>(size);
         return true;
     }

@@ -1,13 +1,14 @@
-// Chooses a sheet for a drawing's extents, paints it and saves it.
+// Chooses a sheet for a drawing's extents and paints it.
 
 #include "view/Picture.h"
 
 #include "view/DrawingPainter.h"
 
+#include <QBuffer>
 #include <QPainter>
-#include <QSaveFile>
 
 #include <algorithm>
+#include <new>
 
 namespace refhost {
 
@@ -46,6 +47,8 @@ QImage picture(const Drawing &drawing)
     drawingPainter.setLineWidth(lineWidth);
 
     QImage image(sheetFor(extents), QImage::Format_RGB32);
+    if (image.isNull())
+        throw std::bad_alloc();
     image.fill(drawingPainter.colours().paper);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -53,13 +56,13 @@ QImage picture(const Drawing &drawing)
     return image;
 }
 
-QString writePicture(const Drawing &drawing, const QString &fileName)
+QByteArray pngPicture(const Drawing &drawing)
 {
-    const QImage image = picture(drawing);
-    QSaveFile file(fileName);
-    if (file.open(QIODevice::WriteOnly) && image.save(&file, "PNG") && file.commit())
-        return {};
-    return file.errorString();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly) || !picture(drawing).save(&buffer, "PNG"))
+        throw std::bad_alloc(); // memory is all that a buffer can lack
+    return bytes;
 }
 
 } // namespace refhost

@@ -4,17 +4,17 @@
 
 #include "drawing/Drawing.h"
 
+#include <QByteArray>
 #include <QImage>
-#include <QString>
 
 namespace refhost {
 
 /// `drawing` fitted into a picture whose longer side has 1024 pixels. An empty drawing gives an empty sheet;
-/// a very long or very high one gets a sheet that is wide enough to look at. Needs a QGuiApplication.
+/// a very long or very high one gets a sheet that is wide enough to look at. Needs a QGuiApplication. Throws
+/// std::bad_alloc when there is too little memory.
 QImage picture(const Drawing &drawing);
 
-/// Writes picture() as a PNG file. Returns an empty text, or the reason of a failure; an existing file stays
-/// as it was then.
-QString writePicture(const Drawing &drawing, const QString &fileName);
+/// The bytes of picture() as a PNG file.
+QByteArray pngPicture(const Drawing &drawing);
 
 } // namespace refhost
