@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <new>
 #include <string>
 
 namespace {
@@ -70,6 +71,7 @@ int main(int argc, char **argv)
 #ifdef SIGXFSZ
     std::signal(SIGXFSZ, SIG_IGN); // a drawing that would grow too large is an error to report
 #endif
+    std::set_new_handler([] { throw std::bad_alloc(); }); // an allocator written in C would end the program
     Application application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Korvane"));
     QApplication::setApplicationName(QStringLiteral("ReferenceHost"));
