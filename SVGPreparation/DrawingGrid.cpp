@@ -30,8 +30,9 @@ DrawingGrid::DrawingGrid(double size)
     : m_decimals(decimalsFor(size))
     , m_power(std::pow(10.0, m_decimals))
 {
-    // A size that rounds up to a power of ten is read again as that.
-    m_decimals = decimalsFor(snapped(size));
+    // A size that rounds up to a power of ten is read again as that, one that rounds to 0 as sizeText() says.
+    if (size > 0.0)
+        m_decimals = decimalsFor(std::max(snapped(size), 1.0 / m_power));
     m_power = std::pow(10.0, m_decimals);
 }
 
@@ -81,6 +82,11 @@ QByteArray DrawingGrid::text(double value) const
     QByteArray text;
     append(text, value);
     return text;
+}
+
+QByteArray DrawingGrid::sizeText(double size) const
+{
+    return text(std::max(size, 1.0 / m_power));
 }
 
 } // namespace svgprep

@@ -21,6 +21,8 @@ public:
     /// Appends `value` as a decimal number without exponent and without needless zeros.
     void append(QByteArray &text, double value) const;
     QByteArray text(double value) const;
+    /// A size above 0 as text: at least the smallest number of the grid, since a size of 0 means none.
+    QByteArray sizeText(double size) const;
 
 private:
     int m_decimals;

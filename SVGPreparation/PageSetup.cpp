@@ -46,9 +46,9 @@ QByteArray textOf(const Side &side)
     };
     for (const Row &row : rows) {
         if (row.unit == side.length.unit)
-            return DrawingGrid(side.length.value).text(side.length.value) + row.name;
+            return DrawingGrid(side.length.value).sizeText(side.length.value) + row.name;
     }
-    return DrawingGrid(side.pixels).text(side.pixels);
+    return DrawingGrid(side.pixels).sizeText(side.pixels);
 }
 
 /// The side that is left open, from the other one by the proportion of the viewBox.
@@ -107,6 +107,12 @@ QByteArray aspectRatioOf(const QDomElement &root)
     return slices ? words.first() + " slice" : words.first();
 }
 
+bool isFinite(const QRectF &box)
+{
+    return std::isfinite(box.x()) && std::isfinite(box.y()) && std::isfinite(box.width())
+        && std::isfinite(box.height());
+}
+
 } // namespace
 
 PageSetup pageSetup(const QDomElement &root, double fontSize, DrawingUnit unit)
@@ -147,6 +153,10 @@ PageSetup pageSetup(const QDomElement &root, double fontSize, DrawingUnit unit)
     setup.page.width = textOf(width);
     setup.page.height = textOf(height);
     setup.page.aspectRatio = aspectRatioOf(root);
+    if (!isFinite(setup.page.viewBox) || !isFinite(sheet)) { // no number says how large it is
+        setup.page = pageAround({});
+        setup.isHidden = true;
+    }
     return setup;
 }
 

@@ -177,11 +177,8 @@ QByteArray PlainSVG::text() const
 {
     const QRectF &box = m_page.viewBox;
     QByteArray text = R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox=")";
-    for (const double value : {box.x(), box.y(), box.width(), box.height()}) {
-        m_grid.append(text, value);
-        text += ' ';
-    }
-    text.chop(1);
+    text += m_grid.text(box.x()) + ' ' + m_grid.text(box.y()) + ' ' + m_grid.sizeText(box.width()) + ' '
+        + m_grid.sizeText(box.height());
     text += "\" width=\"" + m_page.width + "\" height=\"" + m_page.height + '"';
     if (!m_page.aspectRatio.isEmpty())
         text += " preserveAspectRatio=\"" + m_page.aspectRatio + '"';

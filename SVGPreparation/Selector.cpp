@@ -302,11 +302,14 @@ bool reachesFarther(Combinator combinator)
     return combinator == Combinator::Ancestor || combinator == Combinator::Earlier;
 }
 
+bool asksUpwards(Combinator combinator)
+{
+    return combinator == Combinator::Ancestor || combinator == Combinator::Parent;
+}
+
 QDomElement neighbour(const QDomElement &element, Combinator combinator)
 {
-    return combinator == Combinator::Ancestor || combinator == Combinator::Parent
-        ? element.parentNode().toElement()
-        : element.previousSiblingElement();
+    return asksUpwards(combinator) ? element.parentNode().toElement() : element.previousSiblingElement();
 }
 
 } // namespace
@@ -333,24 +336,24 @@ std::optional<Selector> Selector::parsed(QStringView text)
 
 bool Selector::matches(const QDomElement &element, std::uint64_t &steps) const
 {
-    return matchesFrom(m_compounds.size() - 1, element, steps);
+    return matchFrom(m_compounds.size() - 1, element, steps) == Match::Yes;
 }
 
-bool Selector::matchesFrom(std::size_t index, const QDomElement &element, std::uint64_t &steps) const
+Selector::Match Selector::matchFrom(std::size_t index, const QDomElement &element, std::uint64_t &steps) const
 {
     if (!isMatch(element, m_compounds[index], steps))
-        return false;
+        return Match::NotHere;
     if (index == 0)
-        return true;
+        return Match::Yes;
     const Combinator combinator = m_combinators[index - 1];
+    const Match noneLeft = asksUpwards(combinator) ? Match::NotBelowAnyAncestor : Match::NotAmongSiblings;
     for (QDomElement other = neighbour(element, combinator); !other.isNull();
          other = neighbour(other, combinator)) {
-        if (matchesFrom(index - 1, other, steps))
-            return true;
-        if (!reachesFarther(combinator))
-            return false;
+        const Match match = matchFrom(index - 1, other, steps);
+        if (match == Match::Yes || match >= noneLeft || !reachesFarther(combinator))
+            return match;
     }
-    return false;
+    return noneLeft;
 }
 
 std::uint32_t Selector::specificity() const

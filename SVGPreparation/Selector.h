@@ -51,7 +51,11 @@ public:
     const CompoundSelector &subject() const { return m_compounds.back(); }
 
 private:
-    bool matchesFrom(std::size_t index, const QDomElement &element, std::uint64_t &steps) const;
+    /// How far a failure reaches. What fails for want of an element up to the first sibling, or up to the
+    /// root, fails from any sibling or ancestor farther out too: trying those would multiply with every part.
+    enum class Match { Yes, NotHere, NotAmongSiblings, NotBelowAnyAncestor };
+
+    Match matchFrom(std::size_t index, const QDomElement &element, std::uint64_t &steps) const;
 
     std::vector<CompoundSelector> m_compounds; // in the order written
     std::vector<Combinator> m_combinators;     // one between each two

@@ -2,7 +2,7 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
-#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 
 #include <cstddef>
@@ -17,9 +17,9 @@ int main(int argc, char *argv[])
     LLVMFuzzerInitialize(&argc, &argv);
     int count = 0;
     for (int i = 1; i < argc; ++i) {
-        const QDir folder(QString::fromLocal8Bit(argv[i]));
-        for (const QString &name : folder.entryList(QDir::Files, QDir::Name)) {
-            QFile file(folder.filePath(name));
+        QDirIterator files(QString::fromLocal8Bit(argv[i]), QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
             if (!file.open(QIODevice::ReadOnly))
                 continue;
             const QByteArray bytes = file.readAll();

@@ -1,6 +1,8 @@
 // Feeds arbitrary bytes to the preparation. What comes out must be a plain SVG: preparing it again changes
 // nothing, and the reader finds every shape in it.
 
+#include "Require.h"
+
 #include "SVGPreparation/SVGPreparation.h"
 
 #include "XMLParser/SVGDocument.h"
@@ -11,18 +13,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
-
-void require(bool holds, const char *what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 int shapesIn(const QDomDocument &plain)
 {

@@ -1,6 +1,8 @@
 // Feeds arbitrary bytes to the reader: load, write as text, parse again, read all shapes. Each tree and its
 // text are compared with what Qt makes of the same bytes, where they are not refused.
 
+#include "Require.h"
+
 #include "XMLParser/SVGDocument.h"
 #include "XMLParser/SVGTransform.h"
 #include "XMLParser/XMLScan.h"
@@ -11,7 +13,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
 
@@ -53,12 +54,16 @@ int levelsIn(const QDomNode &node)
 QString checkedText(const QDomDocument &tree)
 {
     QString text = textOfDocument(tree);
-    if (text != tree.toString(1))
-        std::abort();
+    require(text == tree.toString(1), "a tree is not written as Qt writes it");
     return text;
 }
 
 } // namespace
+
+extern "C" int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
+{
+    return 0;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
@@ -71,9 +76,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (!refusalOf(content)) {
         QDomDocument loadedByQt;
         const bool isLoaded = file.seek(0) && loadedByQt.setContent(&file);
-        if (isLoaded == loaded.isNull() || levelsIn(loadedByQt) > deepestAllowed
-            || (isLoaded && loadedByQt.toString(1) != text))
-            std::abort();
+        require(isLoaded != loaded.isNull(), "a text that is not refused is not loaded as Qt loads it");
+        require(levelsIn(loadedByQt) <= deepestAllowed, "an accepted text nests too deep");
+        require(!isLoaded || loadedByQt.toString(1) == text, "the tree is not the one that Qt builds");
     }
     const QDomDocument tree = documentFromText(text);
     checkedText(tree);

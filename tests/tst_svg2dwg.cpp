@@ -146,8 +146,6 @@ private slots:
     void commandLine();
     void badInput_data();
     void badInput();
-    void smallStack();
-    void hostilePreparation();
     void savedDrawing();
     void samplesReadBackAsDrawn_data();
     void samplesReadBackAsDrawn();
@@ -293,13 +291,6 @@ void tst_svg2dwg::badInput_data()
         "bad.svg: not converted: larger than 256 MiB when unpacked");
     row("nothing at all", QByteArray(), "bad.svg:1:1: not well-formed XML: the file is empty");
     row("binary data", QByteArray("\x89PNG\r\n\x1a\n\0\0\0\xff\xfe", 13), "bad.svg:1:1: not well-formed XML");
-    row("nested a million deep",
-        "<svg>" + QByteArray("<g>").repeated(1'000'000) + QByteArray("</g>").repeated(1'000'000) + "</svg>",
-        "bad.svg:1:773: not converted: nested deeper than 256 levels");
-    row("nested a million deep and never closed", QByteArray("<g>").repeated(1'000'000),
-        "bad.svg:1:771: not converted: nested deeper than 256 levels");
-    row("300,000 attributes", "<svg\n" + QByteArray(" a=''").repeated(300'000) + "/>",
-        "bad.svg:2:20484: not converted: more than 4096 attributes in one element");
 }
 
 void tst_svg2dwg::badInput()
@@ -317,78 +308,6 @@ void tst_svg2dwg::badInput()
     QCOMPARE(result.err.count("svg2dwg: "), 2);
     QVERIFY2(result.out.endsWith("svg2dwg: 3 files: 1 converted, 2 failed\n"), qPrintable(result.out));
     QCOMPARE(filesIn("out"), QStringList{"good.dwg"});
-}
-
-void tst_svg2dwg::smallStack()
-{
-#ifdef Q_OS_WIN
-    QSKIP("The stack of a process cannot be limited from outside.");
-#endif
-    write("deep.svg",
-          "<svg>" + QByteArray("<g>").repeated(1'000'000) + QByteArray("</g>").repeated(1'000'000)
-              + "</svg>");
-    write("allowed.svg",
-          "<svg>" + QByteArray("<g>").repeated(255) + QByteArray("</g>").repeated(255) + "</svg>");
-
-    const QStringList arguments = {
-        "-c", "ulimit -s 1024 && exec \"$0\" \"$@\"", SVG2DWG, "deep.svg", "allowed.svg", "--dry-run"};
-    for (const QStringList &option : {QStringList(), QStringList{"--no-prepare"}}) {
-        const Run result = run("sh", arguments + option, m_folder->path());
-        QCOMPARE(result.exitCode, int(SomeFailed));
-        QVERIFY2(result.err.contains("deep.svg:1:773: not converted: nested deeper"), qPrintable(result.err));
-        QVERIFY2(result.out.endsWith("svg2dwg: 2 files: 1 converted, 1 failed\n"), qPrintable(result.out));
-    }
-}
-
-void tst_svg2dwg::hostilePreparation()
-{
-#ifdef Q_OS_WIN
-    QSKIP("The stack of a process cannot be limited from outside.");
-#endif
-    // %1 is a number that counts up; each pattern stands in the file as often as its row says.
-    struct Hostile {
-        const char *name;
-        const char *begin;
-        const char *pattern;
-        int count;
-        const char *end;
-    };
-    const Hostile files[] = {
-        {"uses-in-a-row", R"svg(<defs><rect id="u0" width="1" height="1"/>)svg",
-         R"svg(<use id="u%2" href="#u%1"/>)svg", 30'000, R"svg(</defs><use href="#u30000"/>)svg"},
-        {"use-of-itself", "", R"svg(<g id="g"><use href="#g"/><use id="v" href="#v"/></g>)svg", 1, ""},
-        {"rules-for-all", "<style>", "* *{fill:none}.c%1{fill:red}", 2'000, "</style><g><rect/></g>"},
-        {"runs-in-runs", "<text>", R"svg(<tspan dx="1" baseline-shift="sub">a)svg", 200, ""},
-        {"texts", "", R"svg(<text x="%1" text-anchor="end" transform="rotate(%1)">a</text>)svg", 300, ""},
-        {"endless-text", "<text text-anchor=\"middle\">", "word %1 ", 100'000, "</text>"},
-        {"markers",
-         R"svg(<marker id="m"><path d="M0 0 1 1"/></marker><path marker-mid="url(#m)" d = "M0 0)svg", " %1-7",
-         20'000, R"svg("/>)svg"},
-        {"numbers-beyond", R"svg(<rect width="1e308" height="NaN"/><g transform="scale(1e200)">)svg",
-         R"svg(<circle r="1e200"/><path d="M1e999 1L1e-99-1e15 3a1 1 0 11 1e300 1"/>)svg", 9, "</g>"},
-        {"long-curve", "", R"svg(<path d="M0 0C0 1e15 1e15 0 9 9"/>)svg", 1, ""},
-    };
-    for (const Hostile &file : files) {
-        QByteArray svg = QByteArray("<svg>") + file.begin;
-        for (int i = 0; i < file.count; ++i)
-            svg += QByteArray(file.pattern)
-                       .replace("%1", QByteArray::number(i))
-                       .replace("%2", QByteArray::number(i + 1));
-        svg += file.end;
-        if (qstrcmp(file.name, "runs-in-runs") == 0)
-            svg += QByteArray("</tspan>").repeated(file.count) + "</text>";
-        write(QStringLiteral("in/%1.svg").arg(file.name), svg + "</svg>");
-    }
-    const QStringList arguments = {"-c", "ulimit -s 1024 && exec \"$0\" \"$@\"", SVG2DWG, "--dry-run"};
-    const Run all = run("sh", arguments + QStringList{"in"}, m_folder->path());
-    QCOMPARE(all.err, QString());
-    QVERIFY2(all.out.endsWith("svg2dwg: 9 files: 9 converted\n"), qPrintable(all.out));
-
-    const Run fine =
-        run("sh", arguments + QStringList{"in/long-curve.svg", "--flatten", "1e-9"}, m_folder->path());
-    QCOMPARE(fine.exitCode, int(SomeFailed));
-    QCOMPARE(fine.err,
-             QString("svg2dwg: in/long-curve.svg: not converted: it draws more than 2,000,000 shapes\n"));
 }
 
 void tst_svg2dwg::savedDrawing()
