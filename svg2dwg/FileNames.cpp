@@ -51,7 +51,7 @@ bool steersTerminal(QChar character)
 
 QString escaped(ushort value)
 {
-    const bool isShort = value <= 0x7f || (value >= firstByte && value <= firstByte + 0xff);
+    const bool isShort = value < 0x20 || (value >= firstByte && value <= firstByte + 0xff);
     const QString digits = QString::number(isShort ? value & 0xff : value, 16).toUpper();
     return isShort ? QStringLiteral("\\x") + digits.rightJustified(2, QLatin1Char('0'))
                    : QStringLiteral("\\u") + digits.rightJustified(4, QLatin1Char('0'));

@@ -3,6 +3,8 @@
 
 #include "JournalFile.h"
 
+#include "FileNames.h"
+
 #include <QFileInfo>
 #include <QSaveFile>
 
@@ -40,8 +42,9 @@ QString JournalFile::open(refhost::CallJournal &journal)
 
 void JournalFile::announce(const QString &input)
 {
+    // JSON escapes no control characters beyond U+001F; these escapes are its own.
     if (m_journal)
-        writeLine(R"({"input":)" + refhost::jsonText(input) + '}');
+        writeLine(R"({"input":)" + shown(QString::fromUtf8(refhost::jsonText(input))).toUtf8() + '}');
 }
 
 QString JournalFile::close()
