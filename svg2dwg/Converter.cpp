@@ -169,9 +169,14 @@ void Converter::saveDrawing(const Pending &pending)
 
 bool Converter::savePicture(const Pending &pending)
 {
-    requireMemory();
     const QString picture = OutputPaths::pictureBeside(pending.file.output);
-    return isSaved(picture, refhost::writeWholeFile(picture, refhost::pngPicture(pending.document->drawing)));
+    bool result = false;
+    attempt(picture, "not saved", [&] {
+        requireMemory();
+        const QByteArray png = refhost::pngPicture(pending.document->drawing);
+        result = isSaved(picture, refhost::writeWholeFile(picture, png));
+    });
+    return result;
 }
 
 void Converter::savePlainSvg(const ConvertedFile &file, const QByteArray &plainText)

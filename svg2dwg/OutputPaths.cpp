@@ -26,13 +26,14 @@ QString OutputPaths::pictureBeside(const QString &drawing)
     return file.dir().filePath(svgprep::outputName(drawing, QStringLiteral("png")));
 }
 
-QString OutputPaths::outputAt(const QString &path, const QStringList &inputs) const
+QString OutputPaths::outputAt(const QString &path, const QStringList &inputs, bool pictures) const
 {
     svgprep::FileNotes outputs;
     for (const QString &input : inputs) {
         const QString output = outputFor(input);
         outputs.add(output, output);
-        outputs.add(pictureBeside(output), pictureBeside(output));
+        if (pictures)
+            outputs.add(pictureBeside(output), pictureBeside(output));
     }
     return outputs.of(path);
 }

@@ -20,8 +20,9 @@ public:
     /// The input of this run that is the file at `output`, whatever path leads there; empty when none is.
     QString inputAt(const QString &output) const { return m_inputs.of(output); }
 
-    /// The output, drawing or picture, of one of `inputs` that is the file at `path`; empty when none is.
-    QString outputAt(const QString &path, const QStringList &inputs) const;
+    /// The output of one of `inputs` that is the file at `path`, with `pictures` also a picture beside one;
+    /// empty when none is.
+    QString outputAt(const QString &path, const QStringList &inputs, bool pictures) const;
 
     /// Remembers `output` as written for `input`. Returns the input that it was written for before in this
     /// run, empty when there is none. Names that mean the same file on this file system count as one, from

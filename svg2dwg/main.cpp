@@ -52,7 +52,8 @@ QString journalConflict(const Options &options, const QStringList &inputs, const
         return refused(QStringLiteral("the journal would overwrite the input %1").arg(input));
     if (options.dryRun)
         return {};
-    if (const QString output = outputs.outputAt(options.journalFile, inputs); !output.isEmpty())
+    const QString output = outputs.outputAt(options.journalFile, inputs, options.preview);
+    if (!output.isEmpty())
         return refused(QStringLiteral("the journal would overwrite the output %1").arg(output));
     return {};
 }
@@ -119,6 +120,7 @@ int afterOutput(int exitCode)
 [[noreturn]] void stop(const char *reason)
 {
     std::fprintf(stderr, "svg2dwg: stopped: %s\n", reason);
+    std::fflush(stdout);
     std::_Exit(SomeFailed);
 }
 
