@@ -813,13 +813,18 @@ void tst_svg2dwg::littleMemory()
               + QByteArray(R"svg(<text x="9" text-anchor="end">a</text><path d="M0 0C1 1 2 1 3 0"/>)svg")
                     .repeated(9'000)
               + "</svg>");
+    // What fontconfig finds with too little memory it would keep as the fonts of this machine.
+    write("fonts.conf",
+          "<fontconfig><dir>/usr/share/fonts</dir><cachedir>" + path("fonts").toUtf8()
+              + "</cachedir></fontconfig>");
+    const QProcessEnvironment ownFonts = with("FONTCONFIG_FILE", path("fonts.conf"));
     int refused = 0;
     Run result;
     for (int kibibytes = 60'000; result.exitCode != AllConverted && kibibytes < 1'000'000;
          kibibytes += 2'000) {
         const QString script = QStringLiteral("ulimit -c 0; ulimit -v %1; exec \"$0\" \"$@\"").arg(kibibytes);
-        result =
-            run("sh", {"-c", script, SVG2DWG, "plan.svg", "-o", "out", "--format", "svg"}, m_folder->path());
+        result = run("sh", {"-c", script, SVG2DWG, "plan.svg", "-o", "out", "--format", "svg"},
+                     m_folder->path(), ownFonts);
         constexpr int libraryNotLoaded = 127;
         if (result.exitCode == libraryNotLoaded || result.err.startsWith("GLib (")
             || result.exitCode == AllConverted)
