@@ -95,6 +95,42 @@ QByteArray shortCommandsSvg(int numbers)
     return pathSvg("L%1,%2.5C%1-1 %2 3.25 4 5 6Q%1 %2 7 8.125", 2 + 6 + 4, numbers);
 }
 
+QByteArray longElementsSvg(int elements)
+{
+    return mixedSvg(elements).replace("/>",
+                                      R"svg( data-layer="ground floor, outer walls and openings"/>)svg");
+}
+
+QByteArray deepSvg(int elements)
+{
+    constexpr int groups = 254; // the reader takes 256 levels, among them the root's and the line's
+    QByteArray content;
+    for (int i = 0; i < elements; i += groups) {
+        content += QByteArray(R"svg(<g><line x1="1" y1="2" x2="3" y2="4"/>)svg").repeated(groups);
+        content += QByteArray("</g>").repeated(groups);
+    }
+    return svgOf(content);
+}
+
+QByteArray longAttributeSvg(int characters)
+{
+    return svgOf(R"svg(<line x2="1" y2="1" data-note=")svg" + QByteArray(characters, 'n') + R"svg("/>)svg");
+}
+
+QByteArray sharedTransformSvg(int characters)
+{
+    const QByteArray transform = "matrix(1 0 0 1 0 0" + QByteArray(" 0").repeated(characters / 2) + ')';
+    const QByteArray lines =
+        QByteArray(R"svg(<line x1="1" y1="2" x2="3" y2="4"/>)svg").repeated(characters / 10);
+    return svgOf("<g transform=\"" + transform + "\">" + lines + "</g>");
+}
+
+QByteArray textsSvg(int texts)
+{
+    return svgOf(QByteArray(R"svg(<text x="1.5" y="2.5" font-size="3.5">Room 12, &lt;20 m²</text>)svg")
+                     .repeated(texts));
+}
+
 SvgFile::SvgFile(const QByteArray &svgText)
 {
     QFile file(path());

@@ -22,6 +22,21 @@ QByteArray longPathSvg(int numbers);
 /// that a text of that size can give.
 QByteArray shortCommandsSvg(int numbers);
 
+/// The same elements as mixedSvg() with an attribute more, 150 bytes each.
+QByteArray longElementsSvg(int elements);
+
+/// Chains of groups as deep as the reader allows, with a line in each group; `elements` lines in all.
+QByteArray deepSvg(int elements);
+
+/// One line with an attribute of `characters` characters that nothing reads.
+QByteArray longAttributeSvg(int characters);
+
+/// A group with a matrix written in `characters` characters, and one line for every ten of them.
+QByteArray sharedTransformSvg(int characters);
+
+/// `texts` short texts.
+QByteArray textsSvg(int texts);
+
 /// `svgText` in a temporary file that lives as long as this object.
 class SvgFile {
 public:
