@@ -17,7 +17,6 @@
 #include <exception>
 #include <filesystem>
 #include <memory>
-#include <new>
 
 namespace {
 
@@ -160,7 +159,6 @@ int main(int argc, char *argv[])
     std::signal(SIGXFSZ, SIG_IGN); // a file that would grow too large is an error to report
 #endif
     qInstallMessageHandler(printQtMessage);
-    std::set_new_handler([] { throw std::bad_alloc(); }); // an allocator written in C would end the program
     std::set_terminate([] { stop("an error came where none can be handled"); });
     try {
         const std::variant<Options, Answer> commandLine = readCommandLine(argc, argv);

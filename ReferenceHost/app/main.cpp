@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <csignal>
-#include <new>
 #include <string>
 
 namespace {
@@ -71,7 +70,6 @@ int main(int argc, char **argv)
 #ifdef SIGXFSZ
     std::signal(SIGXFSZ, SIG_IGN); // a drawing that would grow too large is an error to report
 #endif
-    std::set_new_handler([] { throw std::bad_alloc(); }); // an allocator written in C would end the program
     Application application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Korvane"));
     QApplication::setApplicationName(QStringLiteral("ReferenceHost"));
