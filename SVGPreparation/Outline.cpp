@@ -87,6 +87,10 @@ void Subpath::arcTo(double rx, double ry, double xAxisRotation, bool isLargeArc,
     }
 
     const ArcCircle circle = arcCircle(from, rx, ry, xAxisRotation, isLargeArc, sweeps, end);
+    if (!std::isfinite(circle.sweep)) { // the numbers go beyond what can be computed with
+        lineTo(end);
+        return;
+    }
     constexpr double slack = 1e-9; // a quarter turn computed a little too large is still one
     const int pieces = std::max(1, static_cast<int>(std::ceil(std::abs(circle.sweep) / M_PI_2 - slack)));
     const double step = circle.sweep / pieces;
