@@ -259,10 +259,12 @@ void mainWindow::listFiles(const QStringList &names)
 void mainWindow::addListedFile(const QString &name)
 {
     ui->treeWidget->setColumnCount(1);
-    m_treeItem = new QTreeWidgetItem(ui->treeWidget);
+    m_treeItem = new QTreeWidgetItem;
     m_treeItem->setCheckState(0, Qt::Unchecked);
     m_treeItem->setText(0, name);
     m_treeChildItem = new QTreeWidgetItem(m_treeItem);
+    // Last: a tree that shows an item hears of each change to it.
+    ui->treeWidget->addTopLevelItem(m_treeItem);
     m_treeItemArray.append(m_treeItem);
     ++m_treeItemCount;
 }
