@@ -12,7 +12,6 @@
 #include "api/HostSession.h"
 
 #include <QFile>
-#include <QGuiApplication>
 #include <QTemporaryDir>
 
 #include <cstddef>
@@ -95,13 +94,6 @@ QString writtenFile(const std::uint8_t *data, std::size_t size)
 }
 
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    new QGuiApplication(*argc, *argv); // texts are measured; Qt knows it as the application, until the end
-    return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {

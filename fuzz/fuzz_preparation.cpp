@@ -9,7 +9,6 @@
 #include "XMLParser/XMLTree.h"
 
 #include <QBuffer>
-#include <QGuiApplication>
 
 #include <cstddef>
 #include <cstdint>
@@ -36,13 +35,6 @@ void checkPlain(const svgprep::PreparedSvg &first)
 }
 
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    new QGuiApplication(*argc, *argv); // texts are measured; Qt knows it as the application, until the end
-    return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
