@@ -254,6 +254,9 @@ void tst_svg2dwg::commandLine_data()
     row("an empty name", {"", "--dry-run"}, SomeFailed, "svg2dwg: '': not converted: the name is empty\n");
     row("names that steer the terminal", {"a\x1b[1m\n\u009b\u202e\u200dü.svg", "--dry-run"}, SomeFailed,
         "svg2dwg: a\\x1B[1m\\x0A\\u009B\\u202E\u200dü.svg: cannot be read: ");
+    row("a tolerance that a long curve divides too finely",
+        {"fine/curve.svg", "--dry-run", "--flatten", "1e-9"}, SomeFailed,
+        "svg2dwg: fine/curve.svg: not converted: it draws more than 2,000,000 shapes\n");
     row("an option that steers the terminal", {"--\x1b[1m"}, UsageError, "Unknown option '\\x1B[1m'");
 }
 
@@ -263,6 +266,7 @@ void tst_svg2dwg::commandLine()
     QFETCH(int, exitCode);
     QFETCH(QString, says);
 
+    write("fine/curve.svg", R"svg(<svg><path d="M0 0C0 1e15 1e15 0 9 9"/></svg>)svg");
     const Run result = convert(arguments);
     QVERIFY2((result.out + result.err).contains(says), qPrintable(result.out + result.err));
     QCOMPARE(result.exitCode, exitCode);

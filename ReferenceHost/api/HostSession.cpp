@@ -55,11 +55,11 @@ HostDocumentPtr HostSession::findDocument(const QString &fileName) const
         return found != m_documents.end() ? *found : nullptr;
     };
     const HostDocumentPtr saved = documentWhose(&HostDocument::fileName);
-    HostDocumentPtr refused = documentWhose(&HostDocument::refusedFileName);
-    if (!saved)
-        return refused;
+    const HostDocumentPtr refused = documentWhose(&HostDocument::refusedFileName);
     // Who could not save the active drawing under the name of another one does not mean that one by it.
-    return refused == m_active && saved != m_active ? nullptr : saved;
+    if (saved && refused && refused == m_active)
+        return nullptr;
+    return saved ? saved : refused;
 }
 
 bool HostSession::activate(const HostDocumentPtr &document)
