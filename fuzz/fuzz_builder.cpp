@@ -68,9 +68,9 @@ int drawn(const QByteArray &svgText)
         session.application()->GetActiveDocument(given.out());
         insertAtOrigin(given.get(), createBlock(builder), instance);
         require(document->drawing.blocks().size() == 1 && instance, "no block is made and inserted");
-        checkEntities(document->drawing, document->drawing.blocks()[0].entities);
+        checkEntities(document->drawing, document->drawing.blocks()[0]->entities);
 
-        const std::size_t count = document->drawing.blocks()[0].entities.size();
+        const std::size_t count = document->drawing.blocks()[0]->entities.size();
         if (instance->Explode() == kvResult_Success) {
             const std::vector<EntityId> exploded = document->drawing.modelSpace();
             require(exploded.size() == count, "an exploded block does not give all its entities");
@@ -79,7 +79,7 @@ int drawn(const QByteArray &svgText)
     }
     require(session.handles().size() == handles && HandleRegister::doubleDeletions() == 0,
             "a handle is not released once");
-    return static_cast<int>(document->drawing.blocks()[0].entities.size());
+    return static_cast<int>(document->drawing.blocks()[0]->entities.size());
 }
 
 QString writtenFile(const std::uint8_t *data, std::size_t size)

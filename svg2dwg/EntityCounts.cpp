@@ -18,8 +18,8 @@ void EntityCounts::add(const EntityCounts &other)
 EntityCounts countBlockEntities(const refhost::Drawing &drawing)
 {
     EntityCounts counts;
-    for (const refhost::BlockDefinition &block : drawing.blocks()) {
-        for (const refhost::EntityId id : block.entities) {
+    for (const refhost::BlockDefinitionPtr &block : drawing.blocks()) {
+        for (const refhost::EntityId id : block->entities) {
             if (const refhost::Entity *entity = drawing.find(id))
                 ++counts.byKind[entity->index()];
         }

@@ -32,8 +32,8 @@ void failCall(RecordingHost &host, int index, Fault fault)
 std::size_t entityCount(const refhost::Drawing &drawing)
 {
     std::size_t count = drawing.modelSpace().size();
-    for (const refhost::BlockDefinition &block : drawing.blocks())
-        count += block.entities.size();
+    for (const refhost::BlockDefinitionPtr &block : drawing.blocks())
+        count += block->entities.size();
     return count;
 }
 

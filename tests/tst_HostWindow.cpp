@@ -581,7 +581,7 @@ void tst_HostWindow::tabsFollowTheDrawings()
     QVERIFY(
         m_window->canvas().rect().contains(m_window->canvas().view().toPixels({9900, 9100, 0}).toPoint()));
     first->drawing.erase(first->drawing.modelSpace().front());
-    first->savedChanges = first->drawing.changes();
+    first->savedRevision = first->drawing.revision();
     m_window->session().notifyDocumentsChanged();
 
     QTest::mouseClick(tabs->tabButton(1, QTabBar::RightSide), Qt::LeftButton);

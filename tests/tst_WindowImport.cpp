@@ -344,7 +344,7 @@ void tst_WindowImport::failedSave()
     QDir().mkpath(host.path("out"));
     const HostDocumentPtr users = host.window.session().activeDocument();
     users->drawing.add(Line{{0, 0, 0}, {10, 5, 0}});
-    const std::uint64_t changes = users->drawing.changes();
+    const std::uint64_t changes = users->drawing.revision();
     host.typeCommand([&] {
         host.chooseFolders();
         trouble(host);
@@ -361,7 +361,7 @@ void tst_WindowImport::failedSave()
     QCOMPARE(QDir(host.path("out")).entryList(QDir::Files).join(' '), files);
     QTRY_COMPARE(host.tabs(), QString("Drawing1*"));
     QCOMPARE(host.window.session().activeDocument(), users);
-    QCOMPARE(users->drawing.changes(), changes);
+    QCOMPARE(users->drawing.revision(), changes);
 }
 
 void tst_WindowImport::closedDuringTheRun()

@@ -19,16 +19,16 @@ using EntityNumbers = std::unordered_map<EntityId, ObjectNumber>;
 
 struct HostDocument {
     Drawing drawing;
-    QString title;                  ///< what a tab shows until the drawing has a file
-    QString fileName;               ///< full path; empty until the drawing was saved, and after a failed save
-    QString refusedFileName;        ///< that of the last save if it failed
-    std::uint64_t savedChanges = 0; ///< those that the drawing had when it was saved last
+    QString title;           ///< what a tab shows until the drawing has a file
+    QString fileName;        ///< full path; empty until the drawing was saved, and after a failed save
+    QString refusedFileName; ///< that of the last save if it failed
+    std::uint64_t savedRevision = 0; ///< that which the drawing had when it was saved last
     std::vector<EntityId> selection;
     ObjectNumber number;
     std::shared_ptr<EntityNumbers> entityNumbers = std::make_shared<EntityNumbers>();
 
     /// Whether closing the document would lose something.
-    bool isModified() const { return drawing.changes() != savedChanges; }
+    bool isModified() const { return drawing.revision() != savedRevision; }
 
     /// The name of its file without the folder, or its title.
     QString shownName() const;

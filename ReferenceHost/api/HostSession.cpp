@@ -78,7 +78,7 @@ bool HostSession::save(const HostDocumentPtr &document, QString fileName, bool u
         : QStringLiteral("this host cannot save drawings");
     const bool isSaved = error.isEmpty();
     if (isSaved)
-        document->savedChanges = document->drawing.changes();
+        document->savedRevision = document->drawing.revision();
     else
         report(QStringLiteral("%1: not saved: %2").arg(fileName, error));
     document->fileName = isSaved ? fileName : QString();

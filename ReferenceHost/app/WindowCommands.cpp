@@ -23,8 +23,8 @@ using Body = bool (*)(HostWindow &window, const HostDocumentPtr &document);
 bool insertBlock(HostWindow &window, const HostDocumentPtr &document)
 {
     QStringList names;
-    for (const BlockDefinition &block : document->drawing.blocks())
-        names << block.name;
+    for (const BlockDefinitionPtr &block : document->drawing.blocks())
+        names << block->name;
     if (names.isEmpty()) {
         window.say(QStringLiteral("This drawing has no blocks. Import one first."));
         return true;

@@ -6,9 +6,10 @@
 
 #include <QHash>
 #include <QString>
+#include <QVector>
 
 #include <cstdint>
-#include <deque>
+#include <memory>
 #include <vector>
 
 namespace refhost {
@@ -22,8 +23,11 @@ struct BlockDefinition {
     std::vector<EntityId> entities; ///< in drawing order
 };
 
+using BlockDefinitionPtr = std::shared_ptr<const BlockDefinition>;
+
 /// One drawing. Entities are added to model space and may later move into a block definition or be erased; an
-/// id is never used twice.
+/// id is never used twice. A copy takes little time and room: it shares the entities until one of the two
+/// drawings changes them.
 class Drawing {
 public:
     /// Appends `entity` to model space.
@@ -36,9 +40,11 @@ public:
     template <class Kind, class Change>
     bool change(EntityId id, const Change &change)
     {
-        auto *entity = std::get_if<Kind>(const_cast<Entity *>(find(id)));
-        const bool isChanged = entity && change(*entity);
-        m_changes += isChanged ? 1 : 0;
+        const Entity *entity = find(id);
+        const bool isChanged =
+            entity && std::holds_alternative<Kind>(*entity) && change(std::get<Kind>(ownEntity(id)));
+        if (isChanged)
+            changed();
         return isChanged;
     }
 
@@ -55,36 +61,50 @@ public:
     /// on one already in use; block names do not differ by case alone.
     bool createBlock(const QString &name, const Point &base, const std::vector<EntityId> &entities);
 
-    /// The definition of that name, or null. The pointer holds until the next createBlock().
+    /// `name` if no definition has it, or the next one that none has: "plan8" where "plan7" is in use.
+    QString freeBlockName(const QString &name) const;
+
+    /// The definition of that name, or null. Definitions never change.
     const BlockDefinition *block(const QString &name) const;
 
     /// All definitions in the order they were made.
-    const std::vector<BlockDefinition> &blocks() const { return m_blocks; }
+    const std::vector<BlockDefinitionPtr> &blocks() const { return m_blocks; }
 
     /// The definitions that model space uses, also through other blocks, in the order they were made.
     std::vector<const BlockDefinition *> usedBlocks() const;
 
-    /// How often the drawing has been changed.
-    std::uint64_t changes() const { return m_changes; }
+    /// Names the state of the drawing: no two states it ever was in have the same, and a state that it goes
+    /// back to has the one it had.
+    std::uint64_t revision() const { return m_revision; }
+
+    /// Goes back to what `state`, a copy of this drawing, holds. Ids and revisions given out since then are
+    /// not given out again.
+    void goTo(const Drawing &state);
 
 private:
-    enum class Place { ModelSpace, Block, Erased };
+    enum class Place { ModelSpace, Block };
 
     struct StoredEntity {
-        Entity entity;
+        std::shared_ptr<Entity> entity; // null when it was erased
         Place place = Place::ModelSpace;
     };
+    using Chunk = QVector<StoredEntity>;
 
     const StoredEntity *stored(EntityId id) const;
+    StoredEntity &ownStored(EntityId id);
+    Entity &ownEntity(EntityId id);
 
     void removeFromModelSpace();
+    void changed() { m_revision = ++m_lastRevision; }
 
-    // By id less one. An erased entity leaves an empty place: few are, since blocks keep theirs.
-    std::deque<StoredEntity> m_entities;
-    std::vector<EntityId> m_modelSpace; // may name entities that have left; they are skipped
-    std::size_t m_left = 0;
-    std::uint64_t m_changes = 0;
-    std::vector<BlockDefinition> m_blocks;
+    // By id less one, chunkSize to a chunk; a chunk may hold fewer. Qt's containers share what is not
+    // changed.
+    QVector<Chunk> m_chunks;
+    QVector<EntityId> m_modelSpace; // may name entities that have left; they are skipped
+    int m_left = 0;
+    std::uint64_t m_revision = 0;
+    std::uint64_t m_lastRevision = 0;
+    std::vector<BlockDefinitionPtr> m_blocks;
     QHash<QString, std::size_t> m_blockIndex; // by lower-case name
 };
 

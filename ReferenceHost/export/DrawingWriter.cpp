@@ -48,7 +48,7 @@ QByteArray RequestWriter::request(quint64 id, DrawingFormat format, BlocksToSave
     m_json += format == DrawingFormat::Dwg ? "\"dwg\"" : "\"dxf\"";
     m_json += ",\"blocks\":";
     if (blocks == BlocksToSave::All)
-        list(m_drawing.blocks(), [this](const BlockDefinition &definition) { block(definition); });
+        list(m_drawing.blocks(), [this](const BlockDefinitionPtr &definition) { block(*definition); });
     else
         list(m_drawing.usedBlocks(), [this](const BlockDefinition *definition) { block(*definition); });
     m_json += ",\"entities\":";
