@@ -22,6 +22,14 @@ refhost::DrawingFormat drawingFormat(OutputFormat format)
     return format == OutputFormat::Dxf ? refhost::DrawingFormat::Dxf : refhost::DrawingFormat::Dwg;
 }
 
+refhost::EntityCounts drawnIn(const refhost::Drawing &drawing)
+{
+    refhost::EntityCounts counts;
+    for (const refhost::BlockDefinitionPtr &block : drawing.blocks())
+        counts.add(countEntities(drawing, *block));
+    return counts;
+}
+
 /// Throws when there is no memory for the libraries below Qt, those of fonts above all: they crash without.
 void requireMemory()
 {
@@ -91,7 +99,7 @@ void Converter::convertFile(const QString &input)
     }
 
     const refhost::HostDocumentPtr document = drawingFrom(m_session, svg.text, m_options.explode);
-    const ConvertedFile file = {input, output, countBlockEntities(document->drawing), svg.notes, svg.gaps};
+    const ConvertedFile file = {input, output, drawnIn(document->drawing), svg.notes, svg.gaps};
     m_session.close(document);
     finishPending();
     if (m_options.dryRun) {

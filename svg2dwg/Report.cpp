@@ -104,19 +104,19 @@ void Report::printSummary()
 void Report::printHeader()
 {
     m_out << QStringLiteral("file").leftJustified(m_fileWidth);
-    for (const char *kind : entityKindNames)
+    for (const char *kind : refhost::entityKindNames)
         m_out << QString::fromLatin1(kind).rightJustified(countWidth);
     m_out << "  output\n";
     m_out.flush();
 }
 
-void Report::printRow(const QString &name, const EntityCounts &counts, const QString &output)
+void Report::printRow(const QString &name, const refhost::EntityCounts &counts, const QString &output)
 {
     if (m_verbosity != Verbosity::Normal)
         return;
     hideBar();
     QString row = shown(name).leftJustified(m_fileWidth);
-    for (std::size_t kind = 0; kind < std::size(entityKindNames); ++kind)
+    for (std::size_t kind = 0; kind < std::size(refhost::entityKindNames); ++kind)
         row += QString::number(counts.byKind[kind]).rightJustified(countWidth);
     if (!output.isEmpty())
         row += QStringLiteral("  ") + shown(output);

@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "EntityCounts.h"
 #include "ReadingGaps.h"
+#include "drawing/EntityCounts.h"
 
 #include <QString>
 #include <QStringList>
@@ -13,7 +13,7 @@
 struct ConvertedFile {
     QString input;
     QString output; ///< empty in a dry run
-    EntityCounts counts;
+    refhost::EntityCounts counts;
     QString notes;    ///< what the output lacks, one line; empty for nothing
     ReadingGaps gaps; ///< what the reading left out
 };
@@ -44,7 +44,7 @@ public:
     bool isAllConverted() const { return m_kept == 0 && m_failed == 0; }
 
 private:
-    void printRow(const QString &name, const EntityCounts &counts, const QString &output);
+    void printRow(const QString &name, const refhost::EntityCounts &counts, const QString &output);
     void printHeader();
     void printProblem(const QString &message);
     void advance();
@@ -61,6 +61,6 @@ private:
     int m_converted = 0;
     int m_kept = 0;
     int m_failed = 0;
-    EntityCounts m_total;
+    refhost::EntityCounts m_total;
     ReadingGaps m_gaps;
 };

@@ -509,6 +509,8 @@ void tst_BatchImport::clicksAfterClosing()
             session.widget<QAbstractButton>(name)->click();
     });
     QCOMPARE(session.saved, QStringList());
+    // The run has saved nothing, so that it could not name its drawing to close it.
+    QCOMPARE(session.host.session.documents().size(), std::size_t(1));
 }
 
 void tst_BatchImport::withoutStartingDrawing()

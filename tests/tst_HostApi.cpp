@@ -86,7 +86,7 @@ struct Sketch : RecordingHost {
         return document->CreateBlockDefinition(name, L"", x, 0, 0, types, objects,
                                                kvBlockDefinitionEntities_Move, block.out());
     }
-    kvResult insertBlock(const wchar_t *name, double scale)
+    kvResult insertBlock(const kvString &name, double scale)
     {
         return manager->InsertBlock2(name, 1, 2, 0, scale, 1, 1, 0, instance.out());
     }
@@ -159,6 +159,9 @@ private slots:
     void handlesOutliveWhatTheyStandFor();
 
     void hostCommands();
+    void nameInUse_data();
+    void nameInUse();
+    void undoneAndRedone();
     void saving();
     void closingByName_data();
     void closingByName();
@@ -218,7 +221,6 @@ void tst_HostApi::accepted_data()
     row("a note of infinite height", no, [](Sketch &s) { return s.drawNote(infinity); });
 
     row("an empty block", yes, [](Sketch &s) { return s.defineBlock(L"new"); });
-    row("a block of a name in use", no, [](Sketch &s) { return s.defineBlock(L"gate"); });
     row("a block without a name", no, [](Sketch &s) { return s.defineBlock(L""); });
     row("a block about infinity", no, [](Sketch &s) { return s.defineBlock(L"new", {}, infinity); });
     row("an instance at scale 0", yes, [](Sketch &s) { return s.insertBlock(L"gate", 0); });
@@ -586,6 +588,88 @@ void tst_HostApi::hostCommands()
     QCOMPARE(sketch.document->Activate(), kvResult_Failed);
     QCOMPARE(sketch.application()->GetActiveDocument(sketch.document.out()), kvResult_NotFound);
     QCOMPARE(runCommand(sketch.application(), L"_SELECTALL"), kvRunCommand_Refused);
+}
+
+void tst_HostApi::nameInUse_data()
+{
+    QTest::addColumn<QStringList>("inUse");
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<QString>("given");
+
+    QTest::newRow("a free name is given as it is") << QStringList{"gate1"} << "gate"
+                                                   << "gate";
+    QTest::newRow("a number counts on") << QStringList{"b0", "B1"} << "b0"
+                                        << "b2";
+    QTest::newRow("a name without a number gets one") << QStringList{"gate"} << "gate"
+                                                      << "gate1";
+    QTest::newRow("names differ by more than case") << QStringList{"gate"} << "GATE"
+                                                    << "GATE1";
+    QTest::newRow("a number beyond all counting") << QStringList{"b9999999999"} << "b9999999999"
+                                                  << "b91000000000";
+}
+
+void tst_HostApi::nameInUse()
+{
+    QFETCH(QStringList, inUse);
+    QFETCH(QString, asked);
+    Sketch sketch;
+    for (const QString &name : inUse)
+        sketch.defineBlock(name.toStdWString().c_str());
+    QCOMPARE(sketch.defineBlock(asked.toStdWString().c_str()), kvResult_Success);
+    kvString name;
+    sketch.block->GetName(&name);
+    QTEST(toQString(name), "given");
+    QCOMPARE(sketch.insertBlock(name, 1), kvResult_Success);
+}
+
+/// Each command that changed the drawing is one step back, and the drawing knows its saved state again.
+void tst_HostApi::undoneAndRedone()
+{
+    Sketch sketch;
+    const HostDocumentPtr document = sketch.session.activeDocument();
+    const auto run = [&sketch](const char *name) { sketch.session.commands.runForUser(name); };
+    const auto count = [&sketch] { return sketch.drawing().modelSpace().size(); };
+    sketch.session.commands.add("IMPORT", "addin", [&sketch] {
+        sketch.drawEllipse(0, 8, 2);
+        sketch.drawLine();
+        return true;
+    });
+    sketch.session.commands.add("GROW", "addin", [&sketch] {
+        sketch.ellipse->put_MajorRadius(7);
+        return true;
+    });
+
+    run("IMPORT");
+    document->savedRevision = sketch.drawing().revision();
+    const EntityId ellipse = sketch.drawing().modelSpace().front();
+    const auto axis = [&] { return std::get<Ellipse>(*sketch.drawing().find(ellipse)).axis.x; };
+    const double drawn = axis();
+    run("GROW");
+    run("_SELECTALL"); // changes nothing in the drawing
+    run("_UNDO");
+    QCOMPARE(axis(), drawn);
+    QVERIFY(!document->isModified());
+    run("_REDO");
+    QCOMPARE(axis(), 7.0);
+    QVERIFY(document->isModified());
+
+    run("_DELETE");
+    QCOMPARE(document->history.undoName(), QString("_DELETE"));
+    for (int i = 0; i < 3; ++i)
+        run("_UNDO");
+    QCOMPARE(count(), std::size_t(0));
+    QVERIFY(document->selection.empty());
+    QCOMPARE(sketch.ellipse->put_MajorRadius(9), kvResult_Failed); // it is gone
+    run("_REDO");
+    QCOMPARE(count(), std::size_t(2));
+    QVERIFY(!document->isModified());
+
+    run("_UNDO");
+    run("IMPORT"); // another future
+    QCOMPARE(document->history.redoName(), QString());
+    QVERIFY(document->isModified()); // as many changes as were saved, but others
+    QVERIFY(sketch.drawing().modelSpace().front() != ellipse);
+    QVERIFY(!sketch.drawing().find(ellipse));
 }
 
 void tst_HostApi::saving()

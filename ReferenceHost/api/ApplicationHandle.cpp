@@ -139,8 +139,11 @@ kvResult ApplicationHandle::CloseDocument(const kvString &name, bool save)
 {
     const auto body = [&] {
         const HostDocumentPtr document = session().findDocument(toQString(name));
-        if (!document)
+        if (!document) {
+            if (CommandRecord *record = session().record())
+                record->hasClosedNothing |= toQString(name).isEmpty();
             return kvResult_NotFound;
+        }
         const QString &file = document->fileName.isEmpty() ? document->refusedFileName : document->fileName;
         if (save && !session().save(document, file, false))
             return kvResult_Failed;

@@ -3,6 +3,7 @@
 #include "api/CommandRegistry.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 namespace refhost {
@@ -35,12 +36,29 @@ void removeItems(std::vector<Item> &items, const QString &appId)
 
 } // namespace
 
-CommandPtr CommandRegistry::add(const QString &name, const QString &appId, std::function<bool()> execute)
+CommandPtr CommandRegistry::add(const QString &name, const QString &appId, std::function<bool()> execute,
+                                const QString &description)
 {
     if (name.isEmpty() || find(name))
         return {};
-    m_commands.push_back(std::make_shared<Command>(Command{name, appId, std::move(execute), {}}));
+    m_commands.push_back(
+        std::make_shared<Command>(Command{name, appId, std::move(execute), {}, description}));
     return m_commands.back();
+}
+
+void CommandRegistry::watch(std::function<void(const Command &)> began, std::function<void()> ended)
+{
+    m_began = std::move(began);
+    m_ended = std::move(ended);
+}
+
+QString CommandRegistry::description(const Command &command) const
+{
+    const auto isForIt = [&command](const UserCommandPtr &candidate) {
+        return commandName(candidate->commandLine).compare(command.name, Qt::CaseInsensitive) == 0;
+    };
+    const auto found = std::find_if(m_userCommands.begin(), m_userCommands.end(), isForIt);
+    return found == m_userCommands.end() ? command.description : (*found)->description;
 }
 
 UserCommandPtr CommandRegistry::addUserCommand(UserCommand command)
@@ -100,10 +118,29 @@ kvRunCommandError_e CommandRegistry::run(const QString &name)
     if (runsAlready || !command->execute)
         return kvRunCommand_Refused;
 
-    const RunningCommand running(m_running, command->name);
+    const bool isWatched = m_running.empty() && m_began;
+    if (isWatched)
+        m_began(*command);
+    bool isDone = false;
+    std::exception_ptr thrown;
+    try {
+        isDone = execute(*command);
+    } catch (...) {
+        thrown = std::current_exception();
+    }
+    if (isWatched)
+        m_ended();
+    if (thrown)
+        std::rethrow_exception(thrown);
+    return isDone ? kvRunCommand_Succeeded : kvRunCommand_Refused;
+}
+
+bool CommandRegistry::execute(const Command &command)
+{
+    const RunningCommand running(m_running, command.name);
     // A copy: the command may be removed while it runs.
-    const std::function<bool()> execute = command->execute;
-    return execute() ? kvRunCommand_Succeeded : kvRunCommand_Refused;
+    const std::function<bool()> body = command.execute;
+    return body();
 }
 
 QString commandName(const QString &commandLine)

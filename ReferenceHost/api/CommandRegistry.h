@@ -19,6 +19,7 @@ struct Command {
     QString appId;                 ///< empty for the host's own
     std::function<bool()> execute; ///< empty until an add-in has registered its callback
     ObjectNumber number;
+    QString description; ///< one line; an add-in's are with its user commands
 };
 
 struct UserCommand {
@@ -38,7 +39,11 @@ using UserCommandPtr = std::shared_ptr<UserCommand>;
 class CommandRegistry {
 public:
     /// Adds a command; null when the name is empty or taken.
-    CommandPtr add(const QString &name, const QString &appId, std::function<bool()> execute = {});
+    CommandPtr add(const QString &name, const QString &appId, std::function<bool()> execute = {},
+                   const QString &description = {});
+
+    /// Lets `began` and `ended` know of each command that does not run within another one.
+    void watch(std::function<void(const Command &)> began, std::function<void()> ended);
 
     /// Adds a user command with an id of its own; null when the add-in has one of that name already.
     UserCommandPtr addUserCommand(UserCommand command);
@@ -47,6 +52,8 @@ public:
     UserCommandPtr findUserCommand(const QString &id) const;
 
     const std::vector<CommandPtr> &commands() const { return m_commands; }
+    /// What the command says of itself in one line.
+    QString description(const Command &command) const;
 
     void removeAllOf(const QString &appId);
 
@@ -62,10 +69,13 @@ public:
 
 private:
     kvRunCommandError_e run(const QString &name);
+    bool execute(const Command &command);
 
     std::vector<CommandPtr> m_commands;
     std::vector<UserCommandPtr> m_userCommands;
     std::vector<QString> m_running;
+    std::function<void(const Command &)> m_began;
+    std::function<void()> m_ended;
     int m_userCommandsMade = 0;
 };
 

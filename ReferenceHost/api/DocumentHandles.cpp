@@ -37,8 +37,8 @@ kvResult DocumentHandle::CreateBlockDefinition(const kvString &name, const kvStr
         const Point base = {x, y, z};
         if (!isFinite(base) || mode != kvBlockDefinitionEntities_Move)
             return kvResult_Failed;
-        const QString blockName = toQString(name);
         HostDocument &document = *state();
+        const QString blockName = document.drawing.freeBlockName(toQString(name));
         const bool isCreated = document.drawing.createBlock(
             blockName, base, entitiesOf(document, session().handles(), entities));
         // Also when it was refused: what was drawn for it is in model space.

@@ -13,6 +13,12 @@ QString HostDocument::shownName() const
     return fileName.isEmpty() ? title : QFileInfo(fileName).fileName();
 }
 
+bool HostDocument::isUntouched() const
+{
+    return fileName.isEmpty() && refusedFileName.isEmpty() && drawing.modelSpace().empty()
+        && drawing.blocks().empty();
+}
+
 void HostDocument::select(EntityId id)
 {
     deselect(id);
@@ -34,6 +40,25 @@ void HostDocument::eraseSelection()
     for (const EntityId id : selection)
         drawing.erase(id);
     selection.clear();
+}
+
+void HostDocument::undo()
+{
+    history.undo(drawing);
+    deselectWhatIsGone();
+}
+
+void HostDocument::redo()
+{
+    history.redo(drawing);
+    deselectWhatIsGone();
+}
+
+void HostDocument::deselectWhatIsGone()
+{
+    selection.erase(std::remove_if(selection.begin(), selection.end(),
+                                   [this](EntityId id) { return !drawing.isInModelSpace(id); }),
+                    selection.end());
 }
 
 bool isSameFileName(const QString &first, const QString &second)

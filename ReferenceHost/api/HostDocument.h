@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "api/DrawingHistory.h"
 #include "api/HandleRegister.h"
 #include "drawing/Drawing.h"
 
@@ -23,12 +24,17 @@ struct HostDocument {
     QString fileName;        ///< full path; empty until the drawing was saved, and after a failed save
     QString refusedFileName; ///< that of the last save if it failed
     std::uint64_t savedRevision = 0; ///< that which the drawing had when it was saved last
+    bool isLocked = false;           ///< nothing may change the drawing: it is being saved
+    DrawingHistory history;
     std::vector<EntityId> selection;
     ObjectNumber number;
     std::shared_ptr<EntityNumbers> entityNumbers = std::make_shared<EntityNumbers>();
 
     /// Whether closing the document would lose something.
     bool isModified() const { return drawing.revision() != savedRevision; }
+
+    /// Whether it is empty and was never to be saved.
+    bool isUntouched() const;
 
     /// The name of its file without the folder, or its title.
     QString shownName() const;
@@ -37,7 +43,14 @@ struct HostDocument {
     void select(EntityId id);
     void deselect(EntityId id);
     void selectAll();
+
     void eraseSelection();
+    /// Undoes the last command that is not undone, or does it again; nothing happens when there is none.
+    void undo();
+    void redo();
+
+private:
+    void deselectWhatIsGone();
 };
 
 using HostDocumentPtr = std::shared_ptr<HostDocument>;

@@ -16,6 +16,7 @@ HostSession::HostSession()
     m_application =
         new ApplicationHandle(*this, {}, Parent::Host); // here, since the register is the last member
     addHostCommands();
+    commands.watch([this](const Command &command) { beginCommand(command); }, [this] { endCommand(); });
 }
 
 HostSession::~HostSession() = default;
@@ -26,6 +27,8 @@ HostDocumentPtr HostSession::newDocument()
     document->title = QStringLiteral("Drawing%1").arg(++m_documentsMade);
     m_documents.push_back(document);
     m_active = document;
+    if (m_record)
+        m_record->opened.push_back(document);
     m_journal.objectCreated("kvDocument_c", document->number);
     notifyDocumentsChanged();
     return document;
@@ -71,20 +74,32 @@ bool HostSession::activate(const HostDocumentPtr &document)
     return true;
 }
 
-bool HostSession::save(const HostDocumentPtr &document, QString fileName, bool usedBlocksOnly)
+bool HostSession::save(const HostDocumentPtr &document, const QString &fileName, bool usedBlocksOnly)
 {
+    const std::uint64_t revision = document->drawing.revision();
     const QString error = services.saveDrawing
         ? services.saveDrawing(document->drawing, fileName, usedBlocksOnly)
         : QStringLiteral("this host cannot save drawings");
+    noteSaved(document, fileName, revision, error);
+    if (m_record && error.isEmpty())
+        ++m_record->saved;
+    else if (m_record)
+        m_record->notSaved << fileName;
+    return error.isEmpty();
+}
+
+void HostSession::noteSaved(const HostDocumentPtr &document, const QString &fileName, std::uint64_t revision,
+                            const QString &error)
+{
     const bool isSaved = error.isEmpty();
+    const QString name = fileName; // it may be the very one that changes
     if (isSaved)
-        document->savedRevision = document->drawing.revision();
+        document->savedRevision = revision;
     else
-        report(QStringLiteral("%1: not saved: %2").arg(fileName, error));
-    document->fileName = isSaved ? fileName : QString();
-    document->refusedFileName = isSaved ? QString() : std::move(fileName);
+        report(QStringLiteral("%1: not saved: %2").arg(name, error));
+    document->fileName = isSaved ? name : QString();
+    document->refusedFileName = isSaved ? QString() : name;
     notifyDocumentsChanged();
-    return isSaved;
 }
 
 void HostSession::report(const QString &message) const
@@ -113,14 +128,58 @@ void HostSession::addHostCommands()
         return [this, operation] {
             if (!m_active)
                 return false;
+            if (m_active->isLocked) {
+                report(QStringLiteral("%1 is being saved.").arg(m_active->shownName()));
+                return false;
+            }
             ((*m_active).*operation)();
             notifyDocumentsChanged();
             return true;
         };
     };
-    commands.add(QStringLiteral("_SMARTNEW"), {}, [this] { return newDocument() != nullptr; });
-    commands.add(QStringLiteral("_SELECTALL"), {}, inActiveDocument(&HostDocument::selectAll));
-    commands.add(QStringLiteral("_DELETE"), {}, inActiveDocument(&HostDocument::eraseSelection));
+    commands.add(
+        QStringLiteral("_SMARTNEW"), {}, [this] { return newDocument() != nullptr; },
+        QStringLiteral("Opens an empty drawing"));
+
+    struct Entry {
+        const char *name;
+        void (HostDocument::*operation)();
+        const char *description;
+    };
+    const Entry entries[] = {
+        {"_SELECTALL", &HostDocument::selectAll, "Selects everything in the drawing"},
+        {"_DELETE", &HostDocument::eraseSelection, "Deletes what is selected"},
+        {"_UNDO", &HostDocument::undo, "Undoes the last command that changed the drawing"},
+        {"_REDO", &HostDocument::redo, "Does again what was undone last"},
+    };
+    for (const Entry &entry : entries)
+        commands.add(QLatin1String(entry.name), {}, inActiveDocument(entry.operation),
+                     QLatin1String(entry.description));
+}
+
+void HostSession::beginCommand(const Command &command)
+{
+    m_record.emplace();
+    m_record->name = command.name;
+    m_record->appId = command.appId;
+    for (const HostDocumentPtr &document : m_documents)
+        document->history.begin(document->drawing);
+}
+
+void HostSession::endCommand()
+{
+    const CommandRecord record = *std::exchange(m_record, std::nullopt);
+    for (const HostDocumentPtr &document : m_documents)
+        document->history.end(document->drawing, record.name);
+    // An add-in knows the drawing it has opened by the name it saved it under. Without one it cannot close
+    // it.
+    for (const HostDocumentPtr &document : record.opened) {
+        if (record.hasClosedNothing && document->isUntouched())
+            close(document);
+    }
+    notifyDocumentsChanged();
+    if (services.commandEnded)
+        services.commandEnded(record);
 }
 
 } // namespace refhost

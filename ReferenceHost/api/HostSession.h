@@ -4,6 +4,7 @@
 #pragma once
 
 #include "api/CallJournal.h"
+#include "api/CommandRecord.h"
 #include "api/CommandRegistry.h"
 #include "api/FaultScript.h"
 #include "api/HandleRegister.h"
@@ -57,6 +58,9 @@ struct HostServices {
 
     /// Called after commands or user interface items came or went.
     std::function<void()> userInterfaceChanged;
+
+    /// Called after a command has ended that ran within no other one.
+    std::function<void(const CommandRecord &)> commandEnded;
 };
 
 class HostSession {
@@ -78,7 +82,11 @@ public:
     bool activate(const HostDocumentPtr &document);
     /// Saves `document` and reports a failure to the user; true when the file was written. After a failure
     /// the document has no file: nothing offers to save it over the one it had.
-    bool save(const HostDocumentPtr &document, QString fileName, bool usedBlocksOnly);
+    bool save(const HostDocumentPtr &document, const QString &fileName, bool usedBlocksOnly);
+    /// Takes note of how saving `document` went elsewhere, in the state `revision` under the name `fileName`:
+    /// `error` is empty when the file was written.
+    void noteSaved(const HostDocumentPtr &document, const QString &fileName, std::uint64_t revision,
+                   const QString &error);
 
     /// Null when no drawing is open.
     HostDocumentPtr activeDocument() const { return m_active; }
@@ -87,6 +95,9 @@ public:
     /// saved under it last; null when there is none. Of several the active one is meant, and none when that
     /// one could not be saved under the name of another.
     HostDocumentPtr findDocument(const QString &fileName) const;
+
+    /// The record of the command that runs; null when none does.
+    CommandRecord *record() { return m_record ? &*m_record : nullptr; }
 
     void report(const QString &message) const;
     void notifyDocumentsChanged() const;
@@ -103,10 +114,13 @@ public:
 
 private:
     void addHostCommands();
+    void beginCommand(const Command &command);
+    void endCommand();
 
     std::vector<HostDocumentPtr> m_documents;
     HostDocumentPtr m_active;
     int m_documentsMade = 0;
+    std::optional<CommandRecord> m_record;
     kvApplication_c *m_application = nullptr; // owned by the register, like every handle
     CallJournal m_journal{m_handles};
     HandleRegister m_handles; // goes first: the handles still reach for the rest

@@ -105,6 +105,8 @@ kvResult SketchManagerHandle::InsertBlock2(const kvString &blockName, double x, 
             return kvResult_NotFound;
         const Placement placement = {{x, y, z}, {scaleX, scaleY, scaleZ}, rotation};
         const kvResult result = insert<BlockInstanceHandle>(BlockInstance{block->name, placement}, instance);
+        if (CommandRecord *record = session().record(); record && result == kvResult_Success)
+            record->insertions.push_back({document, block->name, placement});
         session().notifyDocumentsChanged();
         return result;
     };
