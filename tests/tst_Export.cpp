@@ -78,6 +78,7 @@ private slots:
     void encoderThatCannotServe_data();
     void encoderThatCannotServe();
     void killedProcessIsReplaced();
+    void eventLoopMovesDrawingsThatCanBeCancelled();
     void failedSaveLeavesTheEarlierFile();
     void diskThatFillsUpMidway();
     void unwritablePlace_data();
@@ -278,7 +279,29 @@ void tst_Export::killedProcessIsReplaced()
     EncoderProcess encoder;
     const auto underWay = encoder.submit(linesDrawing(50'000), DrawingFormat::Dwg);
     QCOMPARE(QProcess::execute("kill", {"-9", QString::number(encoder.processId())}), 0);
+    QTRY_VERIFY(encoder.isFinished(underWay));
     QCOMPARE(encoder.take(underWay).error, QString("the DWG encoder (node) stopped unexpectedly"));
+
+    const auto next = encoder.submit(linesDrawing(1), DrawingFormat::Dwg);
+    QVERIFY(encoder.take(next).bytes.startsWith("AC1015"));
+}
+
+void tst_Export::eventLoopMovesDrawingsThatCanBeCancelled()
+{
+    EncoderProcess encoder;
+    const Drawing drawing = linesDrawing(20'000);
+    const auto first = encoder.submit(drawing, DrawingFormat::Dwg);
+    const auto second = encoder.submit(drawing, DrawingFormat::Dxf);
+    QVERIFY(!encoder.isFinished(first));
+    QTRY_VERIFY(encoder.isFinished(second));
+
+    const auto cancelled = encoder.submit(drawing, DrawingFormat::Dwg);
+    encoder.cancel();
+    QVERIFY(encoder.isFinished(cancelled));
+    QCOMPARE(encoder.take(cancelled).error, QString("cancelled"));
+    QCOMPARE(encoder.processId(), 0);
+    QVERIFY(encoder.take(first).bytes.startsWith("AC1015"));
+    QVERIFY(encoder.take(second).bytes.endsWith("EOF\n"));
 
     const auto next = encoder.submit(linesDrawing(1), DrawingFormat::Dwg);
     QVERIFY(encoder.take(next).bytes.startsWith("AC1015"));

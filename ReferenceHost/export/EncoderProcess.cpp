@@ -3,13 +3,14 @@
 #include "export/EncoderProcess.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
 
+#include <algorithm>
 #include <limits>
+#include <numeric>
 
 namespace refhost {
 
@@ -84,7 +85,7 @@ EncoderProcess::Ticket EncoderProcess::submit(const Drawing &drawing, DrawingFor
     }
 
     const QByteArray request = encoderRequest(ticket, drawing, format, blocks);
-    m_jobs.push_back({ticket, request.size()});
+    m_jobs.push_back({ticket, request.size(), deadlineFor(outstanding() + request.size())});
     try {
         m_process->write(request);
     } catch (...) { // too little memory: nobody is to wait for an answer
@@ -92,7 +93,7 @@ EncoderProcess::Ticket EncoderProcess::submit(const Drawing &drawing, DrawingFor
         throw;
     }
     // An idle process takes even a long request at once, so that it works while the caller reads the next
-    // file. A busy one gets the rest while somebody waits for an answer.
+    // file. A busy one gets the rest while somebody waits for an answer or an event loop runs.
     constexpr int busyAfterMilliseconds = 20;
     while (m_process->bytesToWrite() > 0 && m_process->waitForBytesWritten(busyAfterMilliseconds))
         continue;
@@ -101,23 +102,39 @@ EncoderProcess::Ticket EncoderProcess::submit(const Drawing &drawing, DrawingFor
 
 EncodedDrawing EncoderProcess::take(Ticket ticket)
 {
-    qint64 outstanding = 0;
-    for (const Job &job : m_jobs)
-        outstanding += job.size;
-    const QDeadlineTimer deadline = deadlineFor(outstanding);
+    // Without an event loop nothing has moved since submit(), so the time until now does not count.
+    const QDeadlineTimer deadline = deadlineFor(outstanding());
 
     readAnswers();
     while (!m_results.contains(ticket) && !m_jobs.empty()) {
         const bool ready = m_process->waitForReadyRead(static_cast<int>(deadline.remainingTime()));
-        if (!ready && deadline.hasExpired()) {
-            stop();
-            failAll(QStringLiteral("the DWG encoder (node) did not answer in time"));
-        }
+        if (!ready && deadline.hasExpired())
+            giveUp();
         readAnswers();
     }
     if (!m_results.contains(ticket))
         return {{}, QStringLiteral("there is no such drawing")};
     return m_results.take(ticket);
+}
+
+bool EncoderProcess::isFinished(Ticket ticket)
+{
+    readAnswers();
+    const auto job = std::find_if(m_jobs.begin(), m_jobs.end(),
+                                  [ticket](const Job &candidate) { return candidate.ticket == ticket; });
+    if (job != m_jobs.end() && job->deadline.hasExpired())
+        giveUp();
+    else if (job != m_jobs.end())
+        return false;
+    return true;
+}
+
+void EncoderProcess::cancel()
+{
+    if (m_jobs.empty())
+        return;
+    stop();
+    failAll(QStringLiteral("cancelled"));
 }
 
 qint64 EncoderProcess::processId() const
@@ -199,6 +216,19 @@ bool EncoderProcess::readAnswer()
     stop();
     failAll(QStringLiteral("the DWG encoder (node) gave an answer that makes no sense"));
     return false;
+}
+
+/// The size of all requests under way.
+qint64 EncoderProcess::outstanding() const
+{
+    return std::accumulate(m_jobs.begin(), m_jobs.end(), qint64(0),
+                           [](qint64 sum, const Job &job) { return sum + job.size; });
+}
+
+void EncoderProcess::giveUp()
+{
+    stop();
+    failAll(QStringLiteral("the DWG encoder (node) did not answer in time"));
 }
 
 void EncoderProcess::finishFirst(const EncodedDrawing &result)

@@ -4,6 +4,7 @@
 
 #include "export/DrawingWriter.h"
 
+#include <QDeadlineTimer>
 #include <QHash>
 #include <QString>
 
@@ -44,6 +45,13 @@ public:
     /// error when the process dies or takes far longer than the size of the drawings explains.
     EncodedDrawing take(Ticket ticket);
 
+    /// Whether take() would answer at once, also with an error. Never waits. To be asked now and then while
+    /// an event loop runs, which moves the data; a process that died or takes far too long is noticed here.
+    bool isFinished(Ticket ticket);
+
+    /// Ends the process if it is at work. Every drawing under way fails with "cancelled".
+    void cancel();
+
     /// The child process, or 0 while none runs.
     qint64 processId() const;
 
@@ -51,12 +59,15 @@ private:
     struct Job {
         Ticket ticket = 0;
         qint64 size = 0; // of the request
+        QDeadlineTimer deadline;
     };
 
     bool start(QString *error);
     bool isRunning() const;
     void readAnswers();
     bool readAnswer();
+    qint64 outstanding() const;
+    void giveUp();
     void finishFirst(const EncodedDrawing &result);
     void failAll(const QString &error);
     QString unexpectedStop() const;
