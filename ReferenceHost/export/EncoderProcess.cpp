@@ -1,4 +1,4 @@
-// The node child process that turns drawings into DWG or DXF bytes.
+// The node child process that turns drawings into DWG or DXF bytes and back.
 
 #include "export/EncoderProcess.h"
 
@@ -76,6 +76,23 @@ void EncoderProcess::prepare()
 EncoderProcess::Ticket EncoderProcess::submit(const Drawing &drawing, DrawingFormat format,
                                               BlocksToSave blocks)
 {
+    return submitRequest([&](Ticket ticket) { return encoderRequest(ticket, drawing, format, blocks); },
+                         QStringLiteral("the drawing cannot be encoded: %1"));
+}
+
+EncoderProcess::Ticket EncoderProcess::submitFile(const QByteArray &bytes)
+{
+    return submitRequest(
+        [&](Ticket ticket) {
+            return "{\"id\":" + QByteArray::number(ticket) + ",\"read\":\"" + bytes.toBase64() + "\"}\n";
+        },
+        QStringLiteral("the drawing cannot be read: %1"));
+}
+
+/// Hands over what `makeRequest` makes for the new ticket.
+template <typename Request>
+EncoderProcess::Ticket EncoderProcess::submitRequest(const Request &makeRequest, const QString &failure)
+{
     const Ticket ticket = ++m_lastTicket;
     readAnswers(); // notices a process that has died since
     QString error;
@@ -84,8 +101,8 @@ EncoderProcess::Ticket EncoderProcess::submit(const Drawing &drawing, DrawingFor
         return ticket;
     }
 
-    const QByteArray request = encoderRequest(ticket, drawing, format, blocks);
-    m_jobs.push_back({ticket, request.size(), deadlineFor(outstanding() + request.size())});
+    const QByteArray request = makeRequest(ticket);
+    m_jobs.push_back({ticket, request.size(), deadlineFor(outstanding() + request.size()), failure});
     try {
         m_process->write(request);
     } catch (...) { // too little memory: nobody is to wait for an answer
@@ -210,7 +227,7 @@ bool EncoderProcess::readAnswer()
     }
     const QString error = header.value(QLatin1String("error")).toString();
     if (!error.isEmpty()) {
-        finishFirst({{}, QStringLiteral("the drawing cannot be encoded: %1").arg(error)});
+        finishFirst({{}, m_jobs.front().failure.arg(error)});
         return true;
     }
     stop();

@@ -1,4 +1,4 @@
-// The node child process that turns drawings into DWG or DXF bytes.
+// The node child process that turns drawings into DWG or DXF bytes and back.
 
 #pragma once
 
@@ -41,6 +41,10 @@ public:
     /// given; any number may be under way. After the process has died, this starts a new one.
     Ticket submit(const Drawing &drawing, DrawingFormat format, BlocksToSave blocks = BlocksToSave::All);
 
+    /// Hands the bytes of a DWG or DXF file over, to be read. They tell the format by themselves. What take()
+    /// gives for it is for openedDrawing().
+    Ticket submitFile(const QByteArray &bytes);
+
     /// Waits for the drawing submitted as `ticket`. Every ticket can be taken once. The wait ends with an
     /// error when the process dies or takes far longer than the size of the drawings explains.
     EncodedDrawing take(Ticket ticket);
@@ -60,8 +64,11 @@ private:
         Ticket ticket = 0;
         qint64 size = 0; // of the request
         QDeadlineTimer deadline;
+        QString failure; // what to say where the process refuses it, with a place for the reason
     };
 
+    template <typename Request>
+    Ticket submitRequest(const Request &request, const QString &failure);
     bool start(QString *error);
     bool isRunning() const;
     void readAnswers();

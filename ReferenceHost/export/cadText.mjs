@@ -1,4 +1,4 @@
-// Writes any text with the ASCII letters that every reader of a drawing understands.
+// Writes any text with the ASCII letters that every reader of a drawing understands, and reads it back.
 
 /**
  * The longest text that is saved, in encoded letters: its length field has 16 bits, which some readers take for
@@ -17,6 +17,11 @@ export function cadText(text) {
     const oneLine = text.replace(/\r\n|[\x00-\x1f\x7f]/g, " ");
     const escaped = oneLine.replace(/\\(?=[UuMm]\+)|[\^\x80-\uffff]/g, escapedUnits);
     return escaped.length <= longestText ? escaped : shortened(escaped);
+}
+
+/** The text that `text` of a drawing file stands for. "%%" stays here too, so that it is saved as it was. */
+export function plainText(text) {
+    return text.replace(/\\[Uu]\+([0-9A-Fa-f]{4})/g, (_, digits) => String.fromCharCode(Number.parseInt(digits, 16)));
 }
 
 // Without the flag u a regular expression sees UTF-16 units, so `unit` is always a single one.

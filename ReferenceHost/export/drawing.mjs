@@ -7,8 +7,8 @@ import { cadText } from "./cadText.mjs";
 import { extentsOf } from "./extents.mjs";
 
 const {
-    ACadVersion, AngularDirection, BlockRecord, CadDocument, Circle, DxfClass, Ellipse, Insert, Layer, Line,
-    LineType, LwPolyline, LwPolylineVertex, Spline, TextEntity, UnitsType, XY, XYZ,
+    ACadVersion, AngularDirection, BlockRecord, CadDocument, Circle, DxfClass, Ellipse, Insert, Line, LwPolyline,
+    LwPolylineVertex, Spline, TextEntity, UnitsType, XY, XYZ,
 } = acad;
 
 /**
@@ -130,8 +130,6 @@ class BlankDocument {
         header.insUnits = UnitsType.Unitless;
         header.angularDirection = AngularDirection.CounterClockWise;
         classes.add(dictionaryVariableClass());
-        keepNoReferences(this.#document);
-        shareDefaults();
 
         const { handleSeed, modelSpaceExtMin, modelSpaceExtMax } = header;
         this.#header = { handleSeed, modelSpaceExtMin, modelSpaceExtMax };
@@ -171,24 +169,6 @@ function dictionaryVariableClass() {
         itemClassId: 0x1f3, // an object, not an entity
         dwgVersion: 0,
     });
-}
-
-/**
- * The tables note for each entity how to tell it that its layer, line type or text style was renamed or removed.
- * That never happens here, and the notes take a fifth of the memory.
- */
-function keepNoReferences({ blockRecords, layers, lineTypes, textStyles }) {
-    for (const table of [blockRecords, layers, lineTypes, textStyles])
-        table._referenceHandler.addReference = () => {};
-}
-
-/**
- * A new entity makes a layer and a line type of its own, which those of the document replace as soon as it is added:
- * a quarter of the time. From now on all share one of each.
- */
-function shareDefaults() {
-    for (const [owner, name] of [[Layer, "default"], [LineType, "byLayer"]])
-        Object.defineProperty(owner, name, { value: owner[name] });
 }
 
 function defineBlock(document, { name, base, entities }, known) {

@@ -1,14 +1,19 @@
-// Encodes drawings as DWG or DXF for a parent process, one after the other until standard input ends.
+// Encodes drawings as DWG or DXF for a parent process, and reads such files, one after the other until standard input
+// ends.
 //
-// Request:  one line of JSON, {"id":n,"format":"dwg"|"dxf","blocks":[...],"entities":[...]}
-// Response: {"id":n,"ok":true,"size":BYTES} and a line break, then exactly that many bytes; or
+// Request:  one line of JSON, {"id":n,"format":"dwg"|"dxf","blocks":[...],"entities":[...]} to encode a drawing or
+//           {"id":n,"read":"BASE64"} to read a file, whose format its bytes tell.
+// Response: {"id":n,"ok":true,"size":BYTES} and a line break, then exactly that many bytes: the file or, where one was
+//           read, {"blocks":[...],"entities":[...],"others":["12 arcs",...]}; or
 //           {"id":n,"ok":false,"error":"text"} and a line break.
-// drawing.mjs says what blocks and entities look like. Nothing else goes to standard output.
+// drawing.mjs says what blocks and entities look like, readDrawing.mjs what others are. Nothing else goes to standard
+// output.
 
 import { once } from "node:events";
 
 import { withDocument } from "./drawing.mjs";
 import { writeDwg, writeDxf } from "./linearWriting.mjs";
+import { readDrawing } from "./readDrawing.mjs";
 
 const writers = { dwg: writeDwg, dxf: writeDxf };
 const lineBreak = 0x0a;
@@ -32,7 +37,7 @@ function answer(line) {
     try {
         const request = JSON.parse(line.toString("utf8"));
         id = request?.id ?? null;
-        const bytes = encoded(request);
+        const bytes = typeof request?.read === "string" ? decoded(request.read) : encoded(request);
         return [`${JSON.stringify({ id, ok: true, size: bytes.length })}\n`, bytes];
     } catch (error) {
         return [`${JSON.stringify({ id, ok: false, error: String(error?.message ?? error) })}\n`];
@@ -43,6 +48,10 @@ function encoded(request) {
     if (!Object.hasOwn(writers, request?.format))
         throw new Error(`unknown drawing format ${JSON.stringify(request?.format)}`);
     return withDocument(request, writers[request.format]);
+}
+
+function decoded(base64) {
+    return Buffer.from(JSON.stringify(readDrawing(Buffer.from(base64, "base64"))));
 }
 
 /** The lines of `stream` as buffers. Pieces are joined once per line, so a long line costs linear time. */

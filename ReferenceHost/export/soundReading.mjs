@@ -1,0 +1,198 @@
+// Runs the package's DWG and DXF readers so that no file keeps them busy for ever and nothing gets lost unnoticed. As
+// they come, they take what lies behind the end of a file for zeros, drop what they do not know, and find names in the
+// wrong table. Each of the small replacements below takes one of these out.
+
+import acad from "./acad.mjs";
+
+const {
+    CadDocumentBuilder, CadNotSupportedException, CadTemplate, DwgReader, DwgStreamReaderBase, DxfCode, DxfProperty,
+    DxfReader, DxfSectionReaderBase, DxfStreamReaderBase, DxfTextReader, Entity, MathHelper, XYZ,
+} = acad;
+
+const dwgVersions = ["AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"];
+
+/** What the replacements need to know of the file that is being read: leaveOut, onPaper, encoding. */
+let reading;
+
+/**
+ * The document in `bytes`, which are a DWG or a DXF, whatever the name of the file. Calls `leaveOut` with the kind
+ * ("HELIX", "damaged", "paper", "lost") of each entity that the document lacks. Throws an error that says what is wrong.
+ */
+export function documentOf(bytes, leaveOut) {
+    const reader = readerOf(bytes);
+    reading.leaveOut = leaveOut;
+    reader.configuration.keepUnknownEntities = true;
+    reader.onNotification = (_, { message }) => {
+        if (/^(Could not read|Exception while reading|Error while reading an? (entity|block)) /.test(message))
+            leaveOut("damaged");
+    };
+    try {
+        const document = reader.read();
+        for (const { cadObject } of reading.onPaper) {
+            if (document.modelSpace.entities._entries.delete(cadObject))
+                leaveOut("paper");
+        }
+        for (const object of reader._builder.cadObjects.values()) {
+            if (object instanceof Entity && !object.owner && !parts.has(object.objectName))
+                leaveOut("lost");
+        }
+        return document;
+    } catch (error) {
+        if (error instanceof CadNotSupportedException)
+            throw new Error("its version cannot be read");
+        throw error instanceof Problem ? error : new Error(damaged, { cause: error });
+    }
+}
+
+class Problem extends Error {}
+
+const damaged = "it is damaged";
+const endsTooEarly = "it ends too early";
+
+/** What belongs to another entity and is found there. */
+const parts = new Set(["BLOCK", "ENDBLK", "SEQEND", "VERTEX", "ATTRIB"]);
+
+function readerOf(bytes) {
+    if (bytes.length === 0)
+        throw new Error("it is empty");
+    const start = bytes.toString("latin1", 0, 1 << 16);
+    if (/^AC(1\.|2\.|10)\d\d/.test(start)) {
+        if (!dwgVersions.includes(start.slice(0, 6)))
+            throw new Error(`its version, ${start.slice(0, 6)}, cannot be read`);
+        reading = { onPaper: [] };
+        return new DwgReader(bytes);
+    }
+    if (!/(^|\n)\s*0\r?\n\s*SECTION\s/.test(start) && !DxfReader.isBinaryStream(bytes))
+        throw new Error("it is neither a DWG nor a DXF drawing");
+    // From 2007 on the texts are UTF-8, though the header still names a code page.
+    const [, version] = /\$ACADVER[\s\0\x01]*1?[\s\0]*AC(\d{4})/.exec(start) ?? [];
+    reading = { onPaper: [], encoding: version >= "1021" ? "utf-8" : null };
+    return new DxfReader(start.startsWith("\xef\xbb\xbf") ? bytes.subarray(3) : bytes);
+}
+
+const { readByte, advanceByte } = DwgStreamReaderBase.prototype;
+const slack = 64; // looking ahead at the end of the file is usual
+
+function withinStream(read) {
+    return function () {
+        if (this._position > this._stream.length + slack)
+            throw new Problem(endsTooEarly);
+        return read.call(this);
+    };
+}
+
+Object.assign(DwgStreamReaderBase.prototype, {
+    readByte: withinStream(readByte),
+    advanceByte: withinStream(advanceByte),
+});
+
+const { readNext } = DxfStreamReaderBase.prototype;
+const decoders = new Map();
+
+Object.assign(DxfStreamReaderBase.prototype, {
+    /** After an error the package looks for the next entity, so it must not take the present code for one. */
+    readNext() {
+        this.dxfCode = DxfCode.Invalid;
+        readNext.call(this);
+    },
+
+    decodeString(bytes) {
+        const encoding = reading.encoding ?? this.encoding;
+        if (!decoders.has(encoding))
+            decoders.set(encoding, new TextDecoder(encoding));
+        return decoders.get(encoding).decode(bytes);
+    },
+});
+
+const carets = { "^ ": "^", "^I": "\t", "^J": "\n", "^M": "\r" };
+
+Object.assign(DxfTextReader.prototype, {
+    readCode() {
+        if (this._bytePos >= this._data.length)
+            throw new Problem(endsTooEarly);
+        return Number.parseInt(this.readStringLine(), 10);
+    },
+
+    /** Keeps the blanks around texts and names, and makes a string of ASCII at once. */
+    readStringLine() {
+        const lineEnd = this._data.indexOf(0x0a, this._bytePos);
+        const end = lineEnd < 0 ? this._data.length : lineEnd;
+        let line = this._data.latin1Slice(this._bytePos, end);
+        if (/[\x80-\xff]/.test(line))
+            line = this.decodeString(this._data.subarray(this._bytePos, end));
+        this._bytePos = end + 1;
+        const isText = this.dxfCode === 1 || this.dxfCode === 2;
+        this.valueRaw = isText ? line.replace(/\r$/, "").replace(/\^[ IJM]/g, code => carets[code]) : line.trim();
+        return this.valueRaw;
+    },
+
+    /** Not a number where there is none, instead of zero. */
+    lineAsDouble() {
+        return Number.parseFloat(this.readStringLine());
+    },
+});
+
+const { readEntity, readCommonEntityCodes } = DxfSectionReaderBase.prototype;
+
+Object.assign(DxfSectionReaderBase.prototype, {
+    /**
+     * An entity with a value that the package refuses is dropped as a whole. One whose owner the file lacks belongs to
+     * where it stands.
+     */
+    readEntity() {
+        const { configuration } = this._builder;
+        const kind = this._reader.valueAsString;
+        configuration.failsafe = false;
+        try {
+            const template = readEntity.call(this);
+            if (!template)
+                reading.leaveOut(kind);
+            else if (template.ownerHandle !== null && !this._builder.tryGetObjectTemplate(template.ownerHandle))
+                template.ownerHandle = null;
+            return template;
+        } finally {
+            configuration.failsafe = true;
+        }
+    },
+
+    /** Old files say only by this code that an entity is on paper. */
+    readCommonEntityCodes(template, ...rest) {
+        if (this._reader.code === 67 && this._reader.valueAsInt === 1)
+            reading.onPaper.push(template);
+        return readCommonEntityCodes.call(this, template, ...rest);
+    },
+});
+
+const { setValue } = DxfProperty.prototype;
+
+/** Gives the object a point of its own, since all blocks begin with the same base point. */
+DxfProperty.prototype.setValue = function (code, object, value) {
+    const present = this.getPropertyValue(object);
+    if (present instanceof XYZ)
+        this.setPropertyValue(object, new XYZ(present.x, present.y, present.z));
+    setValue.call(this, code, object, value);
+};
+
+/** A layer, a block and a text style may have the same name. */
+const tables = { Layer: "layers", LineType: "lineTypesTable", TextStyle: "textStyles", BlockRecord: "blockRecords" };
+const { getTableReference } = CadTemplate.prototype;
+const { tryGetTableEntry } = CadDocumentBuilder.prototype;
+
+CadTemplate.prototype.getTableReference = function (builder, handle, name, type) {
+    const found = getTableReference.call(this, builder, handle, "", type);
+    return found ?? builder[tables[type.name]]?.tryGetValue(name ?? "") ?? null;
+};
+
+CadDocumentBuilder.prototype.tryGetTableEntry = function (name) {
+    return this.blockRecords.tryGetValue(name ?? "") ?? tryGetTableEntry.call(this, name);
+};
+
+const { degToRad, radToDeg } = MathHelper;
+
+/** The angle that the writer turned into these degrees; rounding may have led next to it. */
+MathHelper.degToRad = function (degrees) {
+    const radians = degToRad(degrees);
+    const step = radians * Number.EPSILON;
+    return [radians, radians - step / 2, radians + step / 2, radians - step, radians + step]
+        .find(candidate => radToDeg(candidate) === degrees) ?? radians;
+};
