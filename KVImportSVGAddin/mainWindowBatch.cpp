@@ -4,6 +4,7 @@
 
 #include "SVGBlockBuilder.h"
 #include "SVGImportSteps.h"
+#include "WaitCursor.h"
 #include "kvAddinConnection.h"
 #include "kvAddinGuard.h"
 #include "kvTextConversion.h"
@@ -18,6 +19,7 @@
 #include <QHeaderView>
 #include <QTableWidget>
 
+#include <optional>
 #include <utility>
 
 namespace {
@@ -161,6 +163,7 @@ void mainWindow::convertFiles(const QStringList &names, QString &lastOutput)
 
 void mainWindow::convertFile(const QString &name, QString &lastOutput)
 {
+    const WaitCursor waitCursor;
     m_batchSvgData.clear();
     const QString source = ui->source_path_lineEdit->text() + QLatin1Char('/') + name;
     // Cut at the first dot of all, be it one in a folder's name.
@@ -225,8 +228,11 @@ void mainWindow::On_source_path_browse_pushButton()
 
         QDir folder(path);
         folder.remove(QStringLiteral(" "));
-        listFiles(folder.entryList({QStringLiteral("*.svg")},
-                                   QDir::Files | QDir::NoDotAndDotDot | QDir::NoSymLinks));
+        std::optional<WaitCursor> waitCursor(std::in_place);
+        const QStringList names = folder.entryList({QStringLiteral("*.svg")},
+                                                   QDir::Files | QDir::NoDotAndDotDot | QDir::NoSymLinks);
+        waitCursor.reset(); // there may be something to say
+        listFiles(names);
         if (m_treeItemArray.isEmpty())
             return;
         ui->source_path_lineEdit->setText(folder.absolutePath());
@@ -245,6 +251,7 @@ void mainWindow::listFiles(const QStringList &names)
                     DialogText::tr("No SVG file Found in the specified path."), QMessageBox::Ok);
         return;
     }
+    const WaitCursor waitCursor;
     ui->treeWidget->clear();
     // A table is made when its row is opened: thousands of them in advance take many seconds.
     disconnect(ui->treeWidget, &QTreeWidget::itemExpanded, this, nullptr);

@@ -4,6 +4,7 @@
 
 #include "SVGBlockBuilder.h"
 #include "SVGImportSteps.h"
+#include "WaitCursor.h"
 #include "kvAddinConnection.h"
 #include "kvAddinGuard.h"
 #include "mainWindowText.h"
@@ -14,6 +15,8 @@
 #include <QDebug>
 #include <QFileInfo>
 #include <QSettings>
+
+#include <optional>
 
 namespace {
 
@@ -47,10 +50,12 @@ bool askForTheRest(kvCommandMessage_c *commandMessage, const kvString &blockName
 /// nothing is inserted.
 void insertBlock(const QByteArray &svgText, Insertion at, kvInterfacePtr<kvBlockInstance_c> &instance)
 {
+    std::optional<WaitCursor> waitCursor(std::in_place);
     kvInterfacePtr<kvDocument_c> document;
     hostApplication()->GetActiveDocument(document.out());
     SVGBlockBuilder builder(hostApplication(), svgText);
     const kvString name = createBlock(builder);
+    waitCursor.reset(); // the user may be asked now
     const kvInterfacePtr<kvSketchManager_c> sketchManager = sketchManagerOf(document.get());
     kvInterfacePtr<kvCommandMessage_c> commandMessage;
     hostApplication()->GetCommandMessage(commandMessage.out());
@@ -130,6 +135,7 @@ void mainWindow::openSvgFile(QString &path)
         path.clear();
         return;
     }
+    const WaitCursor waitCursor;
     m_svgData = loadSvgText(chosen);
     path = chosen;
 }

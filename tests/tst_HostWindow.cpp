@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QToolButton>
 #include <QtMath>
 
 using namespace refhost;
@@ -101,6 +102,7 @@ private slots:
     void cancelledPreparation();
     void tabsFollowTheDrawings();
     void drawingInFrontStaysDuringACommand();
+    void savedBesideTheWindow();
     void unsavedDrawing_data();
     void unsavedDrawing();
     void settingsAreStored();
@@ -138,6 +140,10 @@ void tst_HostWindow::everyShownItemNamesACommand()
     QVERIFY(commands.size() > 20);
     for (const QString &command : commands)
         QVERIFY2(m_window->session().commands.find(command), qPrintable(command));
+
+    type(*m_window, QStringLiteral("?"));
+    for (const CommandPtr &command : m_window->session().commands.commands())
+        QVERIFY2(command->name == "?" || hasSaid(*m_window, command->description), qPrintable(command->name));
 }
 
 void tst_HostWindow::itemsOfAnAddin_data()
@@ -219,35 +225,42 @@ void tst_HostWindow::commandThatThrows()
 
 void tst_HostWindow::prompt_data()
 {
+    QTest::addColumn<double>("offeredScale");
     QTest::addColumn<QStringList>("lines");
     QTest::addColumn<bool>("isAnswered");
     QTest::addColumn<QVector<double>>("placement"); // x, y, z, scale, degrees
 
     using Numbers = QVector<double>;
     QTest::newRow("Enter takes what is offered")
-        << QStringList{"", "", ""} << true << Numbers{1, 2, 3, 4, 90};
+        << 4.0 << QStringList{"", "", ""} << true << Numbers{1, 2, 3, 4, 90};
     QTest::newRow("a point without z lies in the plane")
-        << QStringList{"5.5,-6", "", ""} << true << Numbers{5.5, -6, 0, 4, 90};
+        << 4.0 << QStringList{"5.5,-6", "", ""} << true << Numbers{5.5, -6, 0, 4, 90};
     QTest::newRow("a point with z, a factor and an angle in degrees")
-        << QStringList{" 1e2, 7 ,8", "0.5", "-45"} << true << Numbers{100, 7, 8, 0.5, -45};
+        << 4.0 << QStringList{" 1e2, 7 ,8", "0.5", "-45"} << true << Numbers{100, 7, 8, 0.5, -45};
     QTest::newRow("what is no answer is asked again")
-        << QStringList{"here", "1", "1,2,3,4", "1,nan", "9,9", "big", "2", "left", "30"} << true
+        << 4.0 << QStringList{"here", "1", "1,2,3,4", "1,nan", "9,9", "big", "2", "left", "30"} << true
         << Numbers{9, 9, 0, 2, 30};
-    QTest::newRow("^C cancels") << QStringList{"5,6", "^C^C"} << false << Numbers{};
+    QTest::newRow("a scale of 0 is asked again with 1 offered")
+        << 4.0 << QStringList{"", "0", "", ""} << true << Numbers{1, 2, 3, 1, 90};
+    QTest::newRow("so is one that Enter has taken")
+        << 0.0 << QStringList{"", "", "3", ""} << true << Numbers{1, 2, 3, 3, 90};
+    QTest::newRow("^C cancels") << 4.0 << QStringList{"5,6", "^C^C"} << false << Numbers{};
 }
 
 void tst_HostWindow::prompt()
 {
+    QFETCH(double, offeredScale);
     QFETCH(QStringList, lines);
     QFETCH(bool, isAnswered);
     QFETCH(QVector<double>, placement);
+    const Point offered = {offeredScale, offeredScale, offeredScale};
 
     std::vector<std::function<void()>> steps;
     for (const QString &line : lines)
         steps.emplace_back([this, line] { type(*m_window, line); });
     Later later(std::move(steps));
     const auto answer = m_window->session().services.promptForInsertion(
-        {QStringLiteral("SQUARE"), {{1, 2, 3}, {4, 4, 4}, qDegreesToRadians(90.0)}, true, true, true});
+        {QStringLiteral("SQUARE"), {{1, 2, 3}, offered, qDegreesToRadians(90.0)}, true, true, true});
 
     QCOMPARE(answer.has_value(), isAnswered);
     if (!isAnswered)
@@ -257,6 +270,8 @@ void tst_HostWindow::prompt()
     QCOMPARE(answer->position.z, placement[2]);
     QCOMPARE(answer->scale.y, placement[3]);
     QCOMPARE(qRadiansToDegrees(answer->rotation), placement[4]);
+    if (lines[0].isEmpty())
+        QVERIFY(hasSaid(*m_window, QStringLiteral("Insertion point <1,2,3>: 1,2,3")));
 }
 
 void tst_HostWindow::pickedPoint()
@@ -435,7 +450,9 @@ void tst_HostWindow::fileDialogNamesThePicture_data()
     QTest::newRow("a name keeps the suffix") << "other.PNG"
                                              << "other.PNG";
     QTest::newRow("another suffix would lie") << "sheet.jpg"
-                                              << "";
+                                              << "sheet.jpg.png";
+    QTest::newRow("a dot is part of the name") << "sheet.v2"
+                                               << "sheet.v2.png";
 }
 
 void tst_HostWindow::fileDialogNamesThePicture()
@@ -448,7 +465,15 @@ void tst_HostWindow::fileDialogNamesThePicture()
     answers.choose(folder.filePath(typed));
     click(*actionOf(*m_window, QStringLiteral("Export Picture")));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(' '), written);
-    QCOMPARE(hasSaid(*m_window, QStringLiteral("must end in .png")), written.isEmpty());
+    if (!typed.contains(QLatin1String(".v2")))
+        return;
+    // The dialog asks about the name as typed, so the one that it becomes is asked about as well.
+    answers.choose(folder.filePath(typed));
+    answers.press(QMessageBox::Cancel);
+    answers.cancel();
+    writeFile(folder.filePath(written), "mine");
+    click(*actionOf(*m_window, QStringLiteral("Export Picture")));
+    QCOMPARE(contentsOf(folder.path()), QStringList{written + ": mine"});
 }
 
 void tst_HostWindow::preparedFiles_data()
@@ -612,6 +637,33 @@ void tst_HostWindow::drawingInFrontStaysDuringACommand()
     QCOMPARE(session.activeDocument(), inFront);
     QCOMPARE(session.documents().size(), std::size_t(2));
     QCOMPARE(tabs->currentIndex(), 1);
+}
+
+void tst_HostWindow::savedBesideTheWindow()
+{
+    const HostDocumentPtr document = m_window->session().activeDocument();
+    const QString file = m_folder.filePath(QStringLiteral("beside.dwg"));
+    auto *bar = m_window->findChild<QWidget *>(QStringLiteral("savingProgress"));
+    m_window->show();
+    document->fileName = file;
+    for (const bool cancels : {false, true}) {
+        document->drawing.add(Line{{0, 0, 0}, {10, 5, 0}});
+        document->selectAll();
+        const QStringList before = contentsOf(m_folder.path());
+        type(*m_window, QStringLiteral("_SAVE"));
+        QVERIFY(bar->isVisible());
+        for (const char *refused : {"_DELETE", "_SAVE", "_UNDO"})
+            type(*m_window, QLatin1String(refused));
+        QCOMPARE(m_window->commandLine().history().count(QStringLiteral("is being saved.")), cancels ? 6 : 3);
+        QVERIFY(!document->drawing.modelSpace().empty());
+        if (cancels)
+            m_window->findChild<QToolButton *>(QStringLiteral("cancelSaving"))->click();
+        QTRY_VERIFY(!bar->isVisible());
+        QVERIFY(!document->isLocked);
+        QCOMPARE(document->isModified(), cancels);
+        QCOMPARE(document->fileName, file);
+        QCOMPARE(contentsOf(m_folder.path()) == before, cancels);
+    }
 }
 
 void tst_HostWindow::unsavedDrawing_data()

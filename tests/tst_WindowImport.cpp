@@ -5,6 +5,8 @@
 #include "JournalDrawing.h"
 #include "ReadBack.h"
 
+#include "app/PointText.h"
+
 #include <QCloseEvent>
 #include <QJsonDocument>
 #include <QLabel>
@@ -64,6 +66,7 @@ private slots:
     void buttonsKeepTheirOrder();
     void explodedFromAClick_data();
     void explodedFromAClick();
+    void outOfViewOrEmpty();
     void savedByTheFileMenu_data();
     void savedByTheFileMenu();
     void batch();
@@ -164,6 +167,8 @@ void tst_WindowImport::insertion()
     for (int i = 0; i < 5; ++i)
         QCOMPARE(actual[i], inserted[i]);
 
+    QVERIFY(
+        hasSaid(host.window, ": 1 line, 1 circle, 2 polylines, 1 note, at " + textFromPoint(at.position)));
     const Point seen = Affine::fromPlacement(at, {}).mapPoint(middleOfLine);
     QTRY_VERIFY(host.isDrawnAt(seen));
     QCOMPARE(host.clickAt(seen), entities);
@@ -235,6 +240,40 @@ void tst_WindowImport::explodedFromAClick()
     type(host.window, "_DELETE");
     QCOMPARE(drawing.modelSpace().size(), std::size_t(4));
     QVERIFY(host.clickAt(middle).empty());
+
+    const auto press = [&](int key, std::size_t count, const QString &tab) {
+        QTest::keyClick(&edit(host.window), Qt::Key(key), Qt::ControlModifier);
+        QCOMPARE(drawing.modelSpace().size(), count);
+        QTRY_COMPARE(host.tabs(), tab);
+    };
+    press(Qt::Key_Z, 5, "Drawing1*");
+    press(Qt::Key_Z, 0, "Drawing1"); // the whole import
+    QVERIFY(actionOf(host.window, "&Redo IMPORTSVG"));
+    press(Qt::Key_Y, 5, "Drawing1*");
+}
+
+/// What was imported beside the view is offered to be shown, and what holds nothing is named.
+void tst_WindowImport::outOfViewOrEmpty()
+{
+    ImportWindow host;
+    const auto *offer = host.window.findChild<QWidget *>("zoomOffer");
+    const auto importAt = [&](const char *x, const QByteArray &svg) {
+        host.typeCommand([&] {
+            host.choose("browse_pushButton", host.write("plan.svg", svg));
+            host.click("specify_checkBox");
+            host.type("x_lineEdit", x);
+            host.click("OK_pushButton");
+        });
+        return offer->isVisible();
+    };
+    QVERIFY(!importAt("0", shapes)); // the first one is shown as a whole
+    QVERIFY(importAt("5000", shapes));
+    QVERIFY(hasSaid(host.window, "It is out of view."));
+    QTest::mouseClick(host.window.findChild<QWidget *>("zoomOffer"), Qt::LeftButton);
+    QVERIFY(!offer->isVisible());
+    QVERIFY(!importAt("2500", shapes));
+    QVERIFY(!importAt("9000", "<svg><image/></svg>"));
+    QVERIFY(hasSaid(host.window, " is empty: nothing in the file can be drawn"));
 }
 
 void tst_WindowImport::savedByTheFileMenu_data()
@@ -253,7 +292,7 @@ void tst_WindowImport::savedByTheFileMenu()
     host.answers.choose(host.path(file));
     click(*actionOf(host.window, "Save &As..."));
 
-    QVERIFY(hasSaid(host.window, "Saved " + QDir::toNativeSeparators(host.path(file))));
+    QTRY_VERIFY(hasSaid(host.window, "Saved " + QDir::toNativeSeparators(host.path(file))));
     QTRY_COMPARE(host.tabs(), file);
     const JournalDrawing drawn(host.calls);
     QCOMPARE(drawn.blocks[0].toObject().value("entities").toArray().size(), 5);
@@ -355,7 +394,8 @@ void tst_WindowImport::failedSave()
 
     QCOMPARE(host.answers.messages, QStringList{finished});
     const QString said = host.window.commandLine().history();
-    QCOMPARE(said.count("not saved"), notSaved.size());
+    QCOMPARE(said.count(": not saved: "), notSaved.size());
+    QVERIFY(said.contains(QStringLiteral("%1 not saved: ").arg(notSaved.size())));
     for (const QString &message : notSaved)
         QVERIFY2(said.contains(host.path("out/") + message), qPrintable(said));
     QCOMPARE(QDir(host.path("out")).entryList(QDir::Files).join(' '), files);

@@ -7,6 +7,7 @@
 #include <QDomElement>
 #include <QFile>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QMessageBox>
 
 #include <utility>
@@ -15,8 +16,10 @@ namespace {
 
 void showMessageBox(const QString &path)
 {
+    QGuiApplication::setOverrideCursor(Qt::ArrowCursor); // files are loaded under the wait cursor
     QMessageBox::critical(nullptr, QStringLiteral("Error"), QObject::tr("Cannot open xml file: %1").arg(path),
                           QMessageBox::Ok, QMessageBox::NoButton);
+    QGuiApplication::restoreOverrideCursor();
 }
 
 CannotOpenMessage messageInUse = showMessageBox;

@@ -6,7 +6,7 @@
 #include "api/HandleRegister.h"
 #include "drawing/Drawing.h"
 
-#include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <unordered_map>
@@ -23,6 +23,7 @@ struct HostDocument {
     QString title;           ///< what a tab shows until the drawing has a file
     QString fileName;        ///< full path; empty until the drawing was saved, and after a failed save
     QString refusedFileName; ///< that of the last save if it failed
+    QStringList leftOut;     ///< what its file holds and the drawing does not, "12 arcs"
     std::uint64_t savedRevision = 0; ///< that which the drawing had when it was saved last
     bool isLocked = false;           ///< nothing may change the drawing: it is being saved
     DrawingHistory history;

@@ -36,7 +36,9 @@ UserInterfaceModel standardUserInterface()
 
     model.toolbars.children = {
         node("ID_ToolbarStandard", "Standard", "",
-             {node("ID_NEW", "New", "_SMARTNEW"), node("ID_SAVEAS", "Save as", "_SAVEAS")}),
+             {node("ID_NEW", "New", "_SMARTNEW"), node("ID_OPEN", "Open", "_OPEN"),
+              node("ID_SAVE", "Save", "_SAVE"), node("ID_UNDO", "Undo", "_UNDO"),
+              node("ID_REDO", "Redo", "_REDO")}),
         node("ID_ToolbarInsert", "Insert", "",
              {node("ID_INSERTBLOCK", "Insert Block", "_INSERTBLOCK"),
               node("ID_EXPORTDRAWING", "Export Drawing", "_EXPORTDRAWING"),
@@ -45,10 +47,12 @@ UserInterfaceModel standardUserInterface()
 
     model.menuBar.children = {
         node("ID_File", "&File", "",
-             {node("ID_NEW", "&New", "_SMARTNEW"), node("ID_SAVEAS", "Save &As...", "_SAVEAS"),
+             {node("ID_NEW", "&New", "_SMARTNEW"), node("ID_OPEN", "&Open...", "_OPEN"),
+              node("ID_SAVE", "&Save", "_SAVE"), node("ID_SAVEAS", "Save &As...", "_SAVEAS"),
               node("ID_EXPORTPICTURE", "&Export Picture...", "_EXPORTPICTURE")}),
         node("ID_Edit", "&Edit", "",
-             {node("ID_SELECTALL", "Select &All", "_SELECTALL"), node("ID_DELETE", "&Delete", "_DELETE")}),
+             {node("ID_UNDO", "&Undo", "_UNDO"), node("ID_REDO", "&Redo", "_REDO"),
+              node("ID_SELECTALL", "Select &All", "_SELECTALL"), node("ID_DELETE", "&Delete", "_DELETE")}),
         node("ID_View", "&View", "", {node("ID_ZOOMEXTENTS", "Zoom to &Extents", "_ZOOMEXTENTS")}),
         node("ID_Import", "&Import", "", {node("ID_INSERTBLOCK", "&Block...", "_INSERTBLOCK")}),
     };
@@ -57,9 +61,11 @@ UserInterfaceModel standardUserInterface()
         node("ID_DraftingAndAnnotation", "Drafting and Annotation", "",
              {node("ID_HomeTab", "Home", "",
                    {panel("ID_FilePanel", "Drawing", "ID_FilePANELROW",
-                          {node("ID_NEW", "New", "_SMARTNEW"), node("ID_SAVEAS", "Save As", "_SAVEAS")}),
+                          {node("ID_NEW", "New", "_SMARTNEW"), node("ID_OPEN", "Open", "_OPEN"),
+                           node("ID_SAVE", "Save", "_SAVE"), node("ID_SAVEAS", "Save As", "_SAVEAS")}),
                     panel("ID_ModifyPanel", "Modify", "ID_ModifyPANELROW",
-                          {node("ID_SELECTALL", "Select All", "_SELECTALL"),
+                          {node("ID_UNDO", "Undo", "_UNDO"), node("ID_REDO", "Redo", "_REDO"),
+                           node("ID_SELECTALL", "Select All", "_SELECTALL"),
                            node("ID_DELETE", "Delete", "_DELETE")}),
                     panel("ID_ViewPanel", "View", "ID_ViewPANELROW",
                           {node("ID_ZOOMEXTENTS", "Zoom to Extents", "_ZOOMEXTENTS")})}),

@@ -85,8 +85,9 @@ void CommandLine::appendAnswer(const QString &answer)
     append(m_prompt->text() + QLatin1Char(' ') + answer);
 }
 
-void CommandLine::setPrompt(const QString &prompt)
+void CommandLine::setPrompt(const QString &prompt, const QString &offered)
 {
+    m_offered = offered;
     m_isPrompting = !prompt.isEmpty();
     m_prompt->setText(m_isPrompting ? prompt : anyCommand());
     m_edit->setPlaceholderText(m_isPrompting ? QString() : QStringLiteral("Type a command"));
@@ -122,7 +123,7 @@ QString CommandLine::history() const
 void CommandLine::enter()
 {
     const QString line = m_edit->takeLine();
-    appendAnswer(line);
+    appendAnswer(line.isEmpty() ? m_offered : line);
     emit entered(line);
 }
 
@@ -141,8 +142,8 @@ QString CommandEdit::takeLine()
     return line;
 }
 
-/// The tab key completes a line and moves the focus only from an empty one; an empty line leaves the keys of
-/// Select All and Delete to the drawing.
+/// The tab key completes a line and moves the focus only from an empty one; an empty line leaves the keys
+/// that edit a text to the drawing.
 bool CommandEdit::event(QEvent *event)
 {
     if (event->type() == QEvent::KeyPress) {
@@ -154,9 +155,12 @@ bool CommandEdit::event(QEvent *event)
     }
     if (event->type() == QEvent::ShortcutOverride && text().isEmpty()) {
         auto *keyEvent = static_cast<QKeyEvent *>(event);
-        if (keyEvent->matches(QKeySequence::SelectAll) || keyEvent->matches(QKeySequence::Delete)) {
-            event->ignore();
-            return true;
+        for (const auto key :
+             {QKeySequence::SelectAll, QKeySequence::Delete, QKeySequence::Undo, QKeySequence::Redo}) {
+            if (keyEvent->matches(key)) {
+                event->ignore();
+                return true;
+            }
         }
     }
     return QLineEdit::event(event);

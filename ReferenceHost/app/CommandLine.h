@@ -50,8 +50,8 @@ public:
     /// Adds the prompt that waits with its answer.
     void appendAnswer(const QString &answer);
 
-    /// What the user is asked for; empty when any command may be typed.
-    void setPrompt(const QString &prompt);
+    /// What the user is asked for; empty when any command may be typed. An empty answer takes `offered`.
+    void setPrompt(const QString &prompt, const QString &offered = {});
 
     /// The names that are completed while no prompt waits.
     void setCommands(QStringList names);
@@ -76,6 +76,7 @@ private:
     CommandEdit *m_edit;
     QStringListModel *m_names;
     QStringList m_commands;
+    QString m_offered;
     bool m_isPrompting = false;
 };
 

@@ -1,8 +1,12 @@
-// Asks for a file name and tells how writing went; the session and the export do the work.
+// Asks for file names and tells how reading and writing went; the session and the export do the work.
 
 #include "app/DrawingFiles.h"
 
+#include "app/HostSettingsStore.h"
 #include "app/HostWindow.h"
+#include "app/SavingBar.h"
+#include "app/WaitCursor.h"
+#include "export/DrawingReader.h"
 #include "export/WholeFile.h"
 #include "view/Picture.h"
 
@@ -26,8 +30,32 @@ QString suffixOf(const QString &filter)
     return filter.mid(filter.indexOf(QLatin1String("*.")) + 2).remove(QLatin1Char(')'));
 }
 
-/// Asks for a file to write; empty when the user cancels. A name without a suffix gets that of the filter,
-/// one with another suffix than the filters' is refused, which the user is told.
+bool asks(HostWindow &window, const QString &question, QMessageBox::StandardButton yes)
+{
+    return QMessageBox::question(&window, QStringLiteral("Reference Host"), question,
+                                 yes | QMessageBox::Cancel, yes)
+        == yes;
+}
+
+/// Lets the user choose a name in `dialog`; empty when he cancels. A name that does not end in one of
+/// `suffixes` gets that of the chosen filter, dots or not: the dialog itself takes ".v2" of "plan.v2" for a
+/// suffix, and asks for the shorter name whether it may be replaced.
+QString chosenName(HostWindow &window, QFileDialog &dialog, const QStringList &suffixes)
+{
+    while (dialog.exec() == QDialog::Accepted) {
+        const QString file = dialog.selectedFiles().value(0);
+        if (suffixes.contains(QFileInfo(file).suffix(), Qt::CaseInsensitive))
+            return file;
+        const QString whole = file + QLatin1Char('.') + dialog.defaultSuffix();
+        const QString question = QStringLiteral("%1 already exists.\nDo you want to replace it?");
+        if (!QFileInfo::exists(whole)
+            || asks(window, question.arg(QFileInfo(whole).fileName()), QMessageBox::Yes))
+            return whole;
+    }
+    return {};
+}
+
+/// Asks for a file to write; empty when the user cancels.
 QString askFileName(HostWindow &window, const QString &title, const HostDocumentPtr &document,
                     const QStringList &filters)
 {
@@ -48,23 +76,34 @@ QString askFileName(HostWindow &window, const QString &title, const HostDocument
     dialog.setDefaultSuffix(suffixOf(dialog.selectedNameFilter()));
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
                      [&](const QString &filter) { dialog.setDefaultSuffix(suffixOf(filter)); });
-    if (dialog.exec() != QDialog::Accepted)
-        return {};
-    QString file = dialog.selectedFiles().value(0);
-    if (suffixes.contains(QFileInfo(file).suffix(), Qt::CaseInsensitive))
-        return file;
-    window.say(QStringLiteral("%1: not written: the name must end in .%2")
-                   .arg(QDir::toNativeSeparators(file), suffixes.join(QStringLiteral(" or ."))));
-    return {};
+    return chosenName(window, dialog, suffixes);
 }
 
-/// Saves under the name `file` and says so; the session reports a failure.
+/// Whether `document` may be written over `file`: the user is asked when that loses what it lacks of it.
+bool mayWriteOver(HostWindow &window, const HostDocumentPtr &document, const QString &file)
+{
+    return document->leftOut.isEmpty() || !isSameFileName(document->fileName, file)
+        || asks(window,
+                QStringLiteral("%1 holds more than this drawing shows: %2.\nSaving over it loses them.")
+                    .arg(document->shownName(), document->leftOut.join(QStringLiteral(", "))),
+                QMessageBox::Save);
+}
+
+/// Starts to save under the name `file` and says so in the end; the session reports a failure.
 bool saveTo(HostWindow &window, const HostDocumentPtr &document, const QString &file)
 {
-    // All blocks are kept: the user may still mean to insert those that nothing shows yet.
-    if (!window.session().save(document, file, false))
+    if (!mayWriteOver(window, document, file))
         return false;
-    window.say(QStringLiteral("Saved %1").arg(QDir::toNativeSeparators(file)));
+    const std::uint64_t revision = document->drawing.revision();
+    // All blocks are kept: the user may still mean to insert those that nothing shows yet.
+    window.savingBar().save(document, file, [&window, document, file, revision](const QString &error) {
+        window.session().noteSaved(document, file, revision, error);
+        if (!error.isEmpty())
+            return;
+        document->leftOut.clear();
+        keepDrawingFolder(QFileInfo(file).path());
+        window.say(QStringLiteral("Saved %1").arg(QDir::toNativeSeparators(file)));
+    });
     return true;
 }
 
@@ -78,6 +117,48 @@ bool sayWritten(HostWindow &window, const QString &file, const QString &error)
 
 } // namespace
 
+bool openDrawing(HostWindow &window, const HostDocumentPtr & /*document*/)
+{
+    const QString file =
+        QFileDialog::getOpenFileName(&window, QStringLiteral("Open drawing"), QString(),
+                                     QStringLiteral("Drawings (*.dwg *.dxf *.DWG *.DXF);;All files (*)"));
+    return !file.isEmpty() && openDrawingFile(window, file);
+}
+
+bool openDrawingFile(HostWindow &window, const QString &fileName)
+{
+    HostSession &session = window.session();
+    if (const HostDocumentPtr open = session.findDocument(fileName); open && open->fileName == fileName)
+        return session.activate(open);
+
+    const WaitCursor waitCursor;
+    OpenedDrawing opened = openDrawing(window.encoder(), fileName);
+    const QString shownName = QDir::toNativeSeparators(fileName);
+    if (!opened.error.isEmpty()) {
+        window.say(QStringLiteral("%1: not opened: %2").arg(shownName, opened.error));
+        return false;
+    }
+    const HostDocumentPtr empty = session.activeDocument();
+    const HostDocumentPtr document = session.newDocument();
+    document->drawing = std::move(opened.drawing);
+    document->savedRevision = document->drawing.revision();
+    document->fileName = fileName;
+    document->leftOut = opened.leftOut;
+    if (session.documents().size() == 2 && empty->isUntouched()) // the one that the window began with
+        session.close(empty);
+    keepDrawingFolder(QFileInfo(fileName).path());
+    window.say(QStringLiteral("Opened %1").arg(shownName));
+    if (!document->leftOut.isEmpty())
+        window.say(QStringLiteral("Not shown: %1").arg(document->leftOut.join(QStringLiteral(", "))));
+    return true;
+}
+
+bool save(HostWindow &window, const HostDocumentPtr &document)
+{
+    return document->fileName.isEmpty() ? saveAs(window, document)
+                                        : saveTo(window, document, document->fileName);
+}
+
 bool saveAs(HostWindow &window, const HostDocumentPtr &document)
 {
     const QString file = askFileName(window, QStringLiteral("Save drawing"), document, drawingFilters());
@@ -86,6 +167,7 @@ bool saveAs(HostWindow &window, const HostDocumentPtr &document)
 
 bool mayClose(HostWindow &window, const HostDocumentPtr &document)
 {
+    window.savingBar().waitFor(*document);
     if (!document->isModified())
         return true;
     const auto answer = QMessageBox::question(
@@ -94,22 +176,30 @@ bool mayClose(HostWindow &window, const HostDocumentPtr &document)
         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
     if (answer != QMessageBox::Save)
         return answer == QMessageBox::Discard;
-    return document->fileName.isEmpty() ? saveAs(window, document)
-                                        : saveTo(window, document, document->fileName);
+    if (!save(window, document))
+        return false;
+    window.savingBar().waitFor(*document);
+    return !document->isModified();
 }
 
 bool exportDrawing(HostWindow &window, const HostDocumentPtr &document)
 {
     const QString file = askFileName(window, QStringLiteral("Export drawing"), document, drawingFilters());
-    return !file.isEmpty()
-        && sayWritten(window, file, window.session().services.saveDrawing(document->drawing, file, false));
+    if (file.isEmpty() || !mayWriteOver(window, document, file))
+        return false;
+    window.savingBar().save(document, file,
+                            [&window, file](const QString &error) { sayWritten(window, file, error); });
+    return true;
 }
 
 bool exportPicture(HostWindow &window, const HostDocumentPtr &document)
 {
     const QString file = askFileName(window, QStringLiteral("Export picture"), document,
                                      {QStringLiteral("PNG picture (*.png)")});
-    return !file.isEmpty() && sayWritten(window, file, writeWholeFile(file, pngPicture(document->drawing)));
+    if (file.isEmpty())
+        return false;
+    const WaitCursor waitCursor;
+    return sayWritten(window, file, writeWholeFile(file, pngPicture(document->drawing)));
 }
 
 } // namespace refhost

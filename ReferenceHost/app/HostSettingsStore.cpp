@@ -17,6 +17,7 @@ constexpr auto webHelpKey = "webHelp";
 constexpr auto webLinkKey = "webLink";
 constexpr auto helpFileKey = "helpFile";
 constexpr auto importFolderKey = "default_dir2"; // read by the add-in, which never writes it
+constexpr auto drawingFolderKey = "drawingFolder";
 constexpr auto preparedFolderKey = "preparedFolder";
 constexpr auto copiesFolderKey = "plainCopiesFolder";
 
@@ -64,6 +65,16 @@ void keepImportFolder(const QString &folder)
         stored.setValue(QLatin1String(importFolderKey), QFileInfo(folder).absoluteFilePath());
 }
 
+void keepDrawingFolder(const QString &folder)
+{
+    openStore().setValue(QLatin1String(drawingFolderKey), QFileInfo(folder).absoluteFilePath());
+}
+
+QString loadDrawingFolder()
+{
+    return storedFolder(openStore(), drawingFolderKey);
+}
+
 PreparationFolders loadPreparationFolders()
 {
     const QSettings stored = openStore();
@@ -91,20 +102,20 @@ bool isSame(const HostSettings &first, const HostSettings &second)
 const std::vector<HostLanguage> &hostLanguages()
 {
     static const std::vector<HostLanguage> languages = {
-        {kvLanguage_English, "English"},
-        {kvLanguage_ChineseSimplified, "Chinese (simplified)"},
-        {kvLanguage_Chinese, "Chinese (traditional)"},
-        {kvLanguage_Czech, "Czech"},
-        {kvLanguage_French, "French"},
-        {kvLanguage_German, "German"},
-        {kvLanguage_Italian, "Italian"},
-        {kvLanguage_Japanese, "Japanese"},
-        {kvLanguage_Korean, "Korean"},
-        {kvLanguage_Polish, "Polish"},
-        {kvLanguage_PortugueseBrazilian, "Portuguese (Brazil)"},
-        {kvLanguage_Russian, "Russian"},
-        {kvLanguage_Spanish, "Spanish"},
-        {kvLanguage_Turkish, "Turkish"},
+        {kvLanguage_English, "English", "en"},
+        {kvLanguage_ChineseSimplified, "Chinese (simplified)", "zh_CN"},
+        {kvLanguage_Chinese, "Chinese (traditional)", "zh_TW"},
+        {kvLanguage_Czech, "Czech", "cs"},
+        {kvLanguage_French, "French", "fr"},
+        {kvLanguage_German, "German", "de"},
+        {kvLanguage_Italian, "Italian", "it"},
+        {kvLanguage_Japanese, "Japanese", "ja"},
+        {kvLanguage_Korean, "Korean", "ko"},
+        {kvLanguage_Polish, "Polish", "pl"},
+        {kvLanguage_PortugueseBrazilian, "Portuguese (Brazil)", "pt_BR"},
+        {kvLanguage_Russian, "Russian", "ru"},
+        {kvLanguage_Spanish, "Spanish", "es"},
+        {kvLanguage_Turkish, "Turkish", "tr"},
     };
     return languages;
 }

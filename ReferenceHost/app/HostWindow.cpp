@@ -5,6 +5,8 @@
 #include "app/Canvas.h"
 #include "app/CommandActions.h"
 #include "app/CommandLine.h"
+#include "app/CommandSummary.h"
+#include "app/DialogGhosts.h"
 #include "app/DocumentTabs.h"
 #include "app/DrawingFiles.h"
 #include "app/Guarded.h"
@@ -12,6 +14,8 @@
 #include "app/InsertionPrompter.h"
 #include "app/JournalPanel.h"
 #include "app/Ribbon.h"
+#include "app/SavingBar.h"
+#include "app/WaitCursor.h"
 #include "app/WindowCommands.h"
 #include "export/DrawingFile.h"
 
@@ -20,17 +24,20 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QLabel>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QProcess>
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
+#include <QToolButton>
 #include <QUrl>
 
 #include <algorithm>
@@ -46,7 +53,11 @@ QKeySequence shortcutOf(const QString &command)
 {
     static const QHash<QString, QKeySequence> shortcuts = {
         {QStringLiteral("_SMARTNEW"), QKeySequence::New},
-        {QStringLiteral("_SAVEAS"), QKeySequence::Save},
+        {QStringLiteral("_OPEN"), QKeySequence::Open},
+        {QStringLiteral("_SAVE"), QKeySequence::Save},
+        {QStringLiteral("_SAVEAS"), QKeySequence(QStringLiteral("Ctrl+Shift+S"))},
+        {QStringLiteral("_UNDO"), QKeySequence(QStringLiteral("Ctrl+Z"))},
+        {QStringLiteral("_REDO"), QKeySequence(QStringLiteral("Ctrl+Y"))},
         {QStringLiteral("_CLOSE"), QKeySequence(QStringLiteral("Ctrl+W"))},
         {QStringLiteral("_QUIT"), QKeySequence(QStringLiteral("Ctrl+Q"))},
         {QStringLiteral("_SELECTALL"), QKeySequence::SelectAll},
@@ -79,6 +90,29 @@ bool isTransparent(const QString &command)
     return transparent.contains(command, Qt::CaseInsensitive);
 }
 
+/// The files among what is dragged.
+QStringList filesOf(const QMimeData *data)
+{
+    QStringList files;
+    for (const QUrl &url : data->urls()) {
+        if (url.isLocalFile())
+            files << url.toLocalFile();
+    }
+    return files;
+}
+
+bool isInView(const CommandRecord::Insertion &insertion, const ViewTransform &view)
+{
+    const Drawing &drawing = insertion.document->drawing;
+    const BlockDefinition *block = drawing.block(insertion.blockName);
+    const Extents extents = block ? extentsOf(drawing, *block, insertion.placement) : Extents();
+    const Point topLeft = view.toDrawing({0.0, 0.0});
+    const Point bottomRight = view.toDrawing({view.size.width(), view.size.height()});
+    return extents.isEmpty()
+        || (extents.minX <= bottomRight.x && extents.maxX >= topLeft.x && extents.minY <= topLeft.y
+            && extents.maxY >= bottomRight.y);
+}
+
 /// Calls `show`, which is no longer due afterwards, when the host has time: once however often it is asked
 /// for until then, and not when something else has shown it by then.
 void showSoon(HostWindow &window, bool &isDue, void (HostWindow::*show)())
@@ -96,6 +130,7 @@ void showSoon(HostWindow &window, bool &isDue, void (HostWindow::*show)())
 HostWindow::HostWindow(const HostSettings &settings, QWidget *parent)
     : QMainWindow(parent)
     , m_theme(themeFromOption(settings.theme))
+    , m_startFolder(QDir::currentPath())
 {
     m_session.settings = settings;
     addWindowCommands(*this);
@@ -158,17 +193,9 @@ void HostWindow::build()
     addDockWidget(Qt::RightDockWidgetArea, m_journal);
     m_journal->hide();
 
-    m_coordinates = new QLabel;
-    m_coordinates->setObjectName(QStringLiteral("coordinates"));
-    m_coordinates->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_selectionNote = new QLabel;
-    m_addinNote = new QLabel;
-    m_addinNote->setText(QStringLiteral("No add-in"));
-    for (QLabel *label : {m_selectionNote, m_addinNote})
-        label->setObjectName(QStringLiteral("statusNote"));
-    statusBar()->addWidget(m_coordinates);
-    statusBar()->addPermanentWidget(m_selectionNote);
-    statusBar()->addPermanentWidget(m_addinNote);
+    buildStatusBar();
+    setAcceptDrops(true);
+    new DialogGhosts(this);
 
     connect(m_commandLine, &CommandLine::entered, this, &HostWindow::enter);
     connect(m_commandLine, &CommandLine::cancelled, this, &HostWindow::cancel);
@@ -180,6 +207,32 @@ void HostWindow::build()
     });
     connect(m_tabs, &DocumentTabs::activationRequested, this, &HostWindow::activateDocument);
     connect(m_tabs, &DocumentTabs::closeRequested, this, &HostWindow::closeDocument);
+    connect(m_savingBar, &SavingBar::cancelled, this,
+            [this](const QString &file) { say(QStringLiteral("%1: not saved: cancelled").arg(file)); });
+    connect(m_zoomOffer, &QToolButton::clicked, this, [this] { runCommand(QStringLiteral("_ZOOMEXTENTS")); });
+}
+
+void HostWindow::buildStatusBar()
+{
+    m_coordinates = new QLabel;
+    m_coordinates->setObjectName(QStringLiteral("coordinates"));
+    m_coordinates->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_selectionNote = new QLabel;
+    m_addinNote = new QLabel;
+    m_addinNote->setText(QStringLiteral("No add-in"));
+    for (QLabel *label : {m_selectionNote, m_addinNote})
+        label->setObjectName(QStringLiteral("statusNote"));
+    m_savingBar = new SavingBar;
+    m_zoomOffer = new QToolButton;
+    m_zoomOffer->setObjectName(QStringLiteral("zoomOffer"));
+    m_zoomOffer->setText(QStringLiteral("Zoom to Extents"));
+    m_zoomOffer->setFocusPolicy(Qt::NoFocus);
+    m_zoomOffer->hide();
+    statusBar()->addWidget(m_coordinates);
+    statusBar()->addPermanentWidget(m_zoomOffer);
+    statusBar()->addPermanentWidget(m_savingBar);
+    statusBar()->addPermanentWidget(m_selectionNote);
+    statusBar()->addPermanentWidget(m_addinNote);
 }
 
 void HostWindow::provideServices()
@@ -193,6 +246,7 @@ void HostWindow::provideServices()
     };
     services.saveDrawing = [this](const Drawing &drawing, const QString &fileName, bool usedBlocksOnly) {
         const BlocksToSave blocks = usedBlocksOnly ? BlocksToSave::UsedOnly : BlocksToSave::All;
+        const WaitCursor waitCursor;
         QString error;
         const QString thrown =
             guarded([&] { error = refhost::saveDrawing(m_encoder, drawing, fileName, blocks); });
@@ -208,6 +262,7 @@ void HostWindow::provideServices()
     services.report = [this](const QString &message) { say(message); };
     services.documentsChanged = [this] { showDocumentsSoon(); };
     services.userInterfaceChanged = [this] { showUserInterfaceSoon(); };
+    services.commandEnded = [this](const CommandRecord &record) { summarise(record); };
 }
 
 void HostWindow::say(const QString &message)
@@ -240,6 +295,8 @@ void HostWindow::runCommand(const QString &commandLine)
 
     const QString name = knownName(m_session.commands, typed);
     const QString running = m_session.commands.running();
+    if (running.isEmpty() && isLockedFor(name))
+        return;
     if (running.isEmpty())
         runAndReport(name);
     else if (wasWaiting && !m_prompter->isWaiting())
@@ -250,8 +307,38 @@ void HostWindow::runCommand(const QString &commandLine)
         say(QStringLiteral("%1: not run: %2 still runs").arg(name, running));
 }
 
+/// Add-ins may change the drawing in front, so that none of their commands runs while that is being saved.
+/// The host's commands look for themselves.
+bool HostWindow::isLockedFor(const QString &command)
+{
+    const HostDocumentPtr document = m_session.activeDocument();
+    const CommandPtr found = m_session.commands.find(command);
+    const bool isLocked = document && document->isLocked && found && !found->appId.isEmpty();
+    if (isLocked)
+        say(QStringLiteral("%1: not run: %2 is being saved").arg(command, document->shownName()));
+    return isLocked;
+}
+
+void HostWindow::summarise(const CommandRecord &record)
+{
+    if (record.appId.isEmpty())
+        return;
+    for (const QString &line : summaryOf(record))
+        say(line);
+    showDocuments(); // a drawing that was empty is shown as a whole then
+    const bool isOutOfView = std::any_of(record.insertions.begin(), record.insertions.end(),
+                                         [this](const CommandRecord::Insertion &insertion) {
+                                             return insertion.document == m_session.activeDocument()
+                                                 && !isInView(insertion, m_canvas->view());
+                                         });
+    m_zoomOffer->setVisible(isOutOfView);
+    if (isOutOfView)
+        say(QStringLiteral("It is out of view. Zoom to Extents (Ctrl+0) shows it."));
+}
+
 void HostWindow::runAndReport(const QString &name)
 {
+    m_zoomOffer->hide();
     kvRunCommandError_e result = kvRunCommand_Succeeded;
     const QString thrown = guarded([&] { result = m_session.commands.runForUser(name); });
     if (!thrown.isEmpty())
@@ -353,6 +440,22 @@ bool HostWindow::mayClose(const HostDocumentPtr &document)
     return refhost::mayClose(*this, document);
 }
 
+void HostWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!filesOf(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void HostWindow::dropEvent(QDropEvent *event)
+{
+    const QStringList files = filesOf(event->mimeData());
+    event->acceptProposedAction();
+    for (const QString &file : files) {
+        if (isBetweenCommands())
+            openDrawingFile(*this, file);
+    }
+}
+
 /// Keys that no part of the window wants are typed into the command line.
 void HostWindow::keyPressEvent(QKeyEvent *event)
 {
@@ -364,8 +467,8 @@ void HostWindow::restart()
     if (!close())
         say(QStringLiteral("Not started again. The options take effect at the next start."));
     else
-        QProcess::startDetached(QCoreApplication::applicationFilePath(),
-                                QCoreApplication::arguments().mid(1));
+        QProcess::startDetached(QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1),
+                                m_startFolder);
 }
 
 bool HostWindow::openHelp(const QUrl &address)
@@ -403,6 +506,7 @@ void HostWindow::showUserInterface()
     for (const CommandPtr &command : m_session.commands.commands())
         names << command->name;
     m_commandLine->setCommands(names);
+    showHistory(m_session.activeDocument().get());
 }
 
 void HostWindow::showMenus(const CommandActions &actions)
@@ -445,10 +549,30 @@ void HostWindow::showDocuments()
     setWindowTitle(active ? QStringLiteral("%1 - Reference Host").arg(documentLabel(*active))
                           : QStringLiteral("Reference Host"));
     const std::size_t selected = active ? active->selection.size() : 0;
+    showHistory(active.get());
     m_selectionNote->setText(selected == 0 ? QString() : QStringLiteral("%1 selected").arg(selected));
     m_canvas->setDocument(active);
     m_canvas->keepViewsOf(documents);
     m_canvas->drawingChanged();
+}
+
+void HostWindow::showHistory(const HostDocument *document)
+{
+    const struct {
+        const char *id;
+        const char *text;
+        QString command;
+    } entries[] = {
+        {"ID_UNDO", "&Undo", document ? document->history.undoName() : QString()},
+        {"ID_REDO", "&Redo", document ? document->history.redoName() : QString()},
+    };
+    for (const auto &entry : entries) {
+        for (QAction *action : findChildren<QAction *>(QLatin1String(entry.id))) {
+            action->setEnabled(!entry.command.isEmpty());
+            if (qobject_cast<QMenu *>(action->parent()))
+                action->setText(QLatin1String(entry.text) + QLatin1Char(' ') + typedName(entry.command));
+        }
+    }
 }
 
 /// A running command draws into the drawing in front, so that one stays there.
@@ -479,6 +603,11 @@ void HostWindow::select(EntityId id, bool removes)
     else
         document->select(id);
     m_session.notifyDocumentsChanged();
+}
+
+QString typedName(const QString &name)
+{
+    return name.startsWith(QLatin1Char('_')) ? name.mid(1) : name;
 }
 
 } // namespace refhost

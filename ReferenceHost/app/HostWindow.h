@@ -11,6 +11,7 @@
 #include <QPointer>
 
 class QLabel;
+class QToolButton;
 
 namespace refhost {
 
@@ -21,6 +22,7 @@ class DocumentTabs;
 class InsertionPrompter;
 class JournalPanel;
 class Ribbon;
+class SavingBar;
 
 class HostWindow : public QMainWindow {
     Q_OBJECT
@@ -54,19 +56,26 @@ public:
     HostSession &session() { return m_session; }
     Canvas &canvas() { return *m_canvas; }
     CommandLine &commandLine() { return *m_commandLine; }
+    SavingBar &savingBar() { return *m_savingBar; }
+    EncoderProcess &encoder() { return m_encoder; }
     JournalPanel &journal() { return *m_journal; }
     bool hasAddin() const { return m_addin.isConnected(); }
 
 protected:
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     void build();
+    void buildStatusBar();
     void provideServices();
     void runCommand(const QString &commandLine);
     void runAndReport(const QString &name);
     bool isBetweenCommands();
+    bool isLockedFor(const QString &command);
+    void summarise(const CommandRecord &record);
 
     // What changed in the session is shown when the host has time for it: one command changes a lot.
     void showUserInterfaceSoon();
@@ -75,6 +84,7 @@ private:
     void showToolbars(const CommandActions &actions);
     void showDocumentsSoon();
     void showDocuments();
+    void showHistory(const HostDocument *document);
 
     void activateDocument(const HostDocumentPtr &document);
     void closeDocument(const HostDocumentPtr &document);
@@ -94,12 +104,18 @@ private:
     CommandLine *m_commandLine = nullptr;
     JournalPanel *m_journal = nullptr;
     InsertionPrompter *m_prompter = nullptr;
+    SavingBar *m_savingBar = nullptr;
+    QToolButton *m_zoomOffer = nullptr; // while what came last is out of view
     QLabel *m_coordinates = nullptr;
     QLabel *m_selectionNote = nullptr;
     QLabel *m_addinNote = nullptr;
+    const QString m_startFolder;
     QString m_nextCommand; // waits for the end of one that was cancelled
     bool m_userInterfaceIsDue = false;
     bool m_documentsAreDue = false;
 };
+
+/// What the user may type for the command `name`: the host's own need no underscore.
+QString typedName(const QString &name);
 
 } // namespace refhost

@@ -4,9 +4,9 @@
 
 #include "app/Canvas.h"
 #include "app/CommandLine.h"
+#include "app/PointText.h"
 
 #include <QEventLoop>
-#include <QLocale>
 #include <QtMath>
 
 #include <cmath>
@@ -15,11 +15,6 @@
 namespace refhost {
 
 namespace {
-
-QString textFromNumber(double number)
-{
-    return QString::number(number, 'g', QLocale::FloatingPointShortest);
-}
 
 std::optional<double> numberFromText(const QString &text)
 {
@@ -44,15 +39,6 @@ std::optional<Point> pointFromText(const QString &text)
     return Point{numbers[0], numbers[1], numbers[2]};
 }
 
-/// A point as it is typed; z is left out when it is 0.
-QString textFromPoint(const Point &point)
-{
-    QString text = textFromNumber(point.x) + QLatin1Char(',') + textFromNumber(point.y);
-    if (point.z != 0.0)
-        text += QLatin1Char(',') + textFromNumber(point.z);
-    return text;
-}
-
 std::optional<Point> scaleFromText(const QString &text)
 {
     const std::optional<double> factor = numberFromText(text);
@@ -73,14 +59,15 @@ QString textFromScale(const Point &scale)
 }
 
 /// Degrees without the digits that radians only seem to add.
-QString degreesFromRadians(double radians)
+QString degreesFromRadians(const double &radians)
 {
     return QString::number(qRadiansToDegrees(radians), 'g', 12);
 }
 
-QString question(const char *what, const QString &offered)
+/// Whether nothing of a block could be seen in this size.
+bool isFlat(const Point &scale)
 {
-    return QStringLiteral("%1 <%2>:").arg(QLatin1String(what), offered);
+    return scale.x == 0.0 || scale.y == 0.0 || scale.z == 0.0;
 }
 
 } // namespace
@@ -109,18 +96,22 @@ std::optional<Placement> InsertionPrompter::ask(const InsertionPrompt &prompt)
     const auto askAll = [&] {
         preview(prompt.asksPosition);
         if (prompt.asksPosition
-            && !askFor(question("Insertion point", textFromPoint(placement.position)), placement.position,
-                       &pointFromText, QStringLiteral("Type a point as x,y or x,y,z, or pick one.")))
+            && !askFor({"Insertion point", "Type a point as x,y or x,y,z, or pick one."}, placement.position,
+                       &textFromPoint, &pointFromText))
             return false;
         preview(false);
-        if (prompt.asksScale
-            && !askFor(question("Scale factor", textFromScale(placement.scale)), placement.scale,
-                       &scaleFromText, QStringLiteral("Type a number.")))
-            return false;
+        while (prompt.asksScale) {
+            if (!askFor({"Scale factor", "Type a number."}, placement.scale, &textFromScale, &scaleFromText))
+                return false;
+            if (!isFlat(placement.scale))
+                break;
+            m_commandLine.append(QStringLiteral("At scale 0 nothing could be seen."));
+            placement.scale = {1.0, 1.0, 1.0};
+        }
         preview(false);
         return !prompt.asksRotation
-            || askFor(question("Rotation in degrees", degreesFromRadians(placement.rotation)),
-                      placement.rotation, &radiansFromText, QStringLiteral("Type a number of degrees."));
+            || askFor({"Rotation in degrees", "Type a number of degrees."}, placement.rotation,
+                      &degreesFromRadians, &radiansFromText);
     };
 
     const bool isAnswered = askAll();
@@ -134,25 +125,25 @@ std::optional<Placement> InsertionPrompter::ask(const InsertionPrompt &prompt)
 
 /// Asks until the answer is a value; an empty answer keeps `value`. False when the user cancelled.
 template <class Value>
-bool InsertionPrompter::askFor(const QString &question, Value &value,
-                               std::optional<Value> (*parse)(const QString &), const QString &hint)
+bool InsertionPrompter::askFor(const Question &question, Value &value, QString (*write)(const Value &),
+                               std::optional<Value> (*parse)(const QString &))
 {
-    while (const std::optional<QString> answer = nextAnswer(question)) {
+    while (const std::optional<QString> answer = nextAnswer(question.what, write(value))) {
         if (answer->isEmpty())
             return true;
         if (const std::optional<Value> parsed = parse(*answer)) {
             value = *parsed;
             return true;
         }
-        m_commandLine.append(hint);
+        m_commandLine.append(QLatin1String(question.hint));
     }
     return false;
 }
 
-std::optional<QString> InsertionPrompter::nextAnswer(const QString &question)
+std::optional<QString> InsertionPrompter::nextAnswer(const char *what, const QString &offered)
 {
     m_answer.reset();
-    m_commandLine.setPrompt(question);
+    m_commandLine.setPrompt(QStringLiteral("%1 <%2>:").arg(QLatin1String(what), offered), offered);
     QEventLoop loop;
     m_loop = &loop;
     loop.exec();

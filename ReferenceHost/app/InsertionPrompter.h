@@ -31,10 +31,15 @@ public:
     void cancel();
 
 private:
+    struct Question {
+        const char *what;
+        const char *hint; // how to answer, for those who did otherwise
+    };
+
     template <class Value>
-    bool askFor(const QString &question, Value &value, std::optional<Value> (*parse)(const QString &),
-                const QString &hint);
-    std::optional<QString> nextAnswer(const QString &question);
+    bool askFor(const Question &question, Value &value, QString (*write)(const Value &),
+                std::optional<Value> (*parse)(const QString &));
+    std::optional<QString> nextAnswer(const char *what, const QString &offered);
 
     CommandLine &m_commandLine;
     Canvas &m_canvas;

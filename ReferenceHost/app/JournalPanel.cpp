@@ -16,6 +16,14 @@ namespace refhost {
 namespace {
 
 constexpr int mostLines = 5000;
+constexpr int longestLine = 2000; // to lay out a line of megabytes takes seconds
+
+/// `line` as the panel shows it, cut where it goes on and on: it names each entity of a block.
+QString shownLine(const QByteArray &line)
+{
+    return line.size() <= longestLine ? QString::fromUtf8(line)
+                                      : QString::fromUtf8(line.left(longestLine)) + QStringLiteral(" ...");
+}
 
 } // namespace
 
@@ -65,7 +73,7 @@ void JournalPanel::take(const QByteArray &line)
         QTimer::singleShot(0, this, &JournalPanel::showPending);
     if (m_pending.size() >= 2 * mostLines) // the first half would scroll out unseen
         m_pending.erase(m_pending.begin(), m_pending.begin() + mostLines);
-    m_pending.append(QString::fromUtf8(line));
+    m_pending.append(shownLine(line));
 }
 
 void JournalPanel::showPending()

@@ -4,14 +4,19 @@
 
 #include "app/Canvas.h"
 #include "app/DrawingFiles.h"
+#include "app/HelpCommands.h"
 #include "app/HostSettingsStore.h"
 #include "app/HostWindow.h"
 #include "app/JournalPanel.h"
 #include "app/SVGPreparationCommand.h"
 #include "app/SettingsDialog.h"
+#include "app/WaitCursor.h"
+#include "drawing/Explode.h"
 
 #include <QInputDialog>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace refhost {
 
@@ -40,6 +45,18 @@ bool insertBlock(HostWindow &window, const HostDocumentPtr &document)
     document->drawing.add(BlockInstance{name, *placement});
     window.session().notifyDocumentsChanged();
     return true;
+}
+
+bool explodeSelection(HostWindow &window, const HostDocumentPtr &document)
+{
+    const WaitCursor waitCursor;
+    const auto exploded = std::count_if(document->selection.begin(), document->selection.end(),
+                                        [&](EntityId id) { return explode(document->drawing, id); });
+    if (exploded == 0)
+        window.say(QStringLiteral("No block is selected."));
+    document->selection.clear();
+    window.session().notifyDocumentsChanged();
+    return exploded > 0;
 }
 
 bool closeDocument(HostWindow &window, const HostDocumentPtr &document)
@@ -100,27 +117,36 @@ bool quit(HostWindow &window, const HostDocumentPtr & /*document*/)
     return true;
 }
 
-enum class Needs { Nothing, Document };
+/// A drawing that is being saved is not a free one.
+enum class Needs { Nothing, Document, FreeDocument };
 
 struct WindowCommand {
     const char *name;
     Needs needs;
     Body body;
+    const char *description;
 };
 
 const WindowCommand windowCommands[] = {
-    {"_SAVEAS", Needs::Document, saveAs},
-    {"_EXPORTDRAWING", Needs::Document, exportDrawing},
-    {"_EXPORTPICTURE", Needs::Document, exportPicture},
-    {"PREPARESVG", Needs::Nothing, prepareFiles},
-    {"_INSERTBLOCK", Needs::Document, insertBlock},
-    {"_CLOSE", Needs::Document, closeDocument},
-    {"_ZOOMEXTENTS", Needs::Document, zoomExtents},
-    {"_JOURNAL", Needs::Nothing, showJournal},
-    {"_OPTIONS", Needs::Nothing, changeOptions},
-    {"_CONNECTADDIN", Needs::Nothing, afterwards<&HostWindow::chooseAddin>},
-    {"_DISCONNECTADDIN", Needs::Nothing, afterwards<&HostWindow::disconnectAddin>},
-    {"_QUIT", Needs::Nothing, quit},
+    {"_OPEN", Needs::Nothing, openDrawing, "Opens a DWG or DXF file"},
+    {"_SAVE", Needs::FreeDocument, save, "Saves the drawing"},
+    {"_SAVEAS", Needs::FreeDocument, saveAs, "Saves the drawing under another name"},
+    {"_EXPORTDRAWING", Needs::FreeDocument, exportDrawing, "Writes a copy of the drawing"},
+    {"_EXPORTPICTURE", Needs::Document, exportPicture, "Writes a PNG picture of the drawing"},
+    {"PREPARESVG", Needs::Nothing, prepareFiles, "Writes plain copies of SVG files, ready for the import"},
+    {"_INSERTBLOCK", Needs::FreeDocument, insertBlock, "Places a block of the drawing"},
+    {"_EXPLODE", Needs::FreeDocument, explodeSelection, "Takes the selected blocks apart"},
+    {"_CLOSE", Needs::Document, closeDocument, "Closes the drawing"},
+    {"_ZOOMEXTENTS", Needs::Document, zoomExtents, "Shows the whole drawing"},
+    {"_JOURNAL", Needs::Nothing, showJournal, "Shows or hides the calls that add-ins make"},
+    {"_OPTIONS", Needs::Nothing, changeOptions, "Changes language, theme and help"},
+    {"_CONNECTADDIN", Needs::Nothing, afterwards<&HostWindow::chooseAddin>, "Connects an add-in"},
+    {"_DISCONNECTADDIN", Needs::Nothing, afterwards<&HostWindow::disconnectAddin>, "Disconnects the add-in"},
+    {"_HELP", Needs::Nothing, listCommands, "Lists the commands, as ? does"},
+    {"?", Needs::Nothing, listCommands, ""},
+    {"_USERGUIDE", Needs::Nothing, showUserGuide, "Shows the user guide"},
+    {"_ABOUT", Needs::Nothing, showAbout, "Shows versions and licences"},
+    {"_QUIT", Needs::Nothing, quit, "Closes the window"},
 };
 
 enum class Place { BehindTheOthers, AlwaysLast };
@@ -134,6 +160,7 @@ struct Entry {
 };
 
 const Entry entries[] = {
+    {"ID_Edit", "ID_EXPLODE", "E&xplode", "_EXPLODE"},
     {"ID_File", "ID_EXPORTDRAWING", "Export &Drawing...", "_EXPORTDRAWING"},
     {"ID_File", "ID_PREPARESVG", "&Prepare SVG Files...", "PREPARESVG"},
     {"ID_File", "ID_CLOSE", "&Close", "_CLOSE"},
@@ -142,6 +169,9 @@ const Entry entries[] = {
     {"ID_Tools", "ID_CONNECTADDIN", "&Connect Add-in...", "_CONNECTADDIN"},
     {"ID_Tools", "ID_DISCONNECTADDIN", "&Disconnect Add-in", "_DISCONNECTADDIN"},
     {"ID_Tools", "ID_OPTIONS", "&Options...", "_OPTIONS"},
+    {"ID_Help", "ID_USERGUIDE", "&User Guide", "_USERGUIDE"},
+    {"ID_Help", "ID_HELP", "&Commands", "_HELP"},
+    {"ID_Help", "ID_ABOUT", "&About...", "_ABOUT"},
     // Add-ins count what stands before their own buttons.
     {"ID_ToolbarInsert", "ID_PREPARESVG", "Prepare SVG Files", "PREPARESVG", Place::AlwaysLast},
     {"ID_ImportPANELROW", "ID_PREPARESVG", "Prepare SVG", "PREPARESVG", Place::AlwaysLast},
@@ -173,17 +203,23 @@ void addWindowCommands(HostWindow &window)
 {
     HostSession &session = window.session();
     for (const WindowCommand &command : windowCommands) {
-        session.commands.add(QLatin1String(command.name), {}, [&window, &session, command] {
+        const auto body = [&window, &session, command] {
             const HostDocumentPtr document = session.activeDocument();
-            if (command.needs == Needs::Document && !document) {
+            if (command.needs != Needs::Nothing && !document) {
                 window.say(QStringLiteral("No drawing is open."));
                 return false;
             }
+            if (command.needs == Needs::FreeDocument && document->isLocked) {
+                window.say(QStringLiteral("%1 is being saved.").arg(document->shownName()));
+                return false;
+            }
             return command.body(window, document);
-        });
+        };
+        session.commands.add(QLatin1String(command.name), {}, body, QLatin1String(command.description));
     }
     UserInterfaceModel &model = session.userInterface;
     model.menuBar.append(makeNode({"", "ID_Tools", "&Tools", ""}));
+    model.menuBar.append(makeNode({"", "ID_Help", "&Help", ""}));
     for (UserInterfaceNode *root : {&model.toolbars, &model.menuBar, &model.workspaces})
         addEntriesBelow(*root);
 }

@@ -108,7 +108,7 @@ QToolBar QToolButton:hover { background: @hover; border-color: @accent; }
 QToolBar QToolButton:pressed, QToolBar QToolButton:checked { background: @pressed; }
 
 QTabBar#documentTabs { background: @window; }
-QTabBar#documentTabs::tab { max-width: 240px; background: @window; color: @faintText; padding: 5px 12px; border: 1px solid @line; border-bottom: none; margin-right: 2px; border-top-left-radius: 3px; border-top-right-radius: 3px; }
+QTabBar#documentTabs::tab { min-width: 96px; max-width: 240px; background: @window; color: @faintText; padding: 5px 12px; border: 1px solid @line; border-bottom: none; margin-right: 2px; border-top-left-radius: 3px; border-top-right-radius: 3px; }
 QTabBar#documentTabs::tab:selected { background: @strip; color: @text; border-top: 2px solid @accent; }
 QTabBar#documentTabs QToolButton#closeTab { border: none; border-radius: 2px; color: @faintText; padding: 0 3px; }
 QTabBar#documentTabs QToolButton#closeTab:hover { background: @pressed; color: @text; }
@@ -155,7 +155,12 @@ QIcon commandIcon(const QString &command, Theme theme)
 {
     static const QHash<QString, QString> names = {
         {QStringLiteral("_SMARTNEW"), QStringLiteral("new")},
+        {QStringLiteral("_OPEN"), QStringLiteral("open")},
+        {QStringLiteral("_SAVE"), QStringLiteral("save")},
         {QStringLiteral("_SAVEAS"), QStringLiteral("save")},
+        {QStringLiteral("_UNDO"), QStringLiteral("undo")},
+        {QStringLiteral("_REDO"), QStringLiteral("redo")},
+        {QStringLiteral("_EXPLODE"), QStringLiteral("explode")},
         {QStringLiteral("_CLOSE"), QStringLiteral("close")},
         {QStringLiteral("_QUIT"), QStringLiteral("quit")},
         {QStringLiteral("_SELECTALL"), QStringLiteral("selectall")},

@@ -7,7 +7,10 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDebug>
+#include <QDir>
+#include <QLibraryInfo>
 #include <QStyleFactory>
+#include <QTranslator>
 
 #include <algorithm>
 #include <csignal>
@@ -29,6 +32,21 @@ public:
         return isHandled;
     }
 };
+
+/// Lets Qt's own texts, in file dialogs say, speak the host's language; English when there is no translation.
+void installQtTexts(int language)
+{
+    const auto &languages = refhost::hostLanguages();
+    const auto isIt = [language](const refhost::HostLanguage &candidate) {
+        return candidate.value == language;
+    };
+    const auto found = std::find_if(languages.begin(), languages.end(), isIt);
+    auto *texts = new QTranslator(qApp);
+    if (found != languages.end()
+        && texts->load(QStringLiteral("qtbase_") + QLatin1String(found->locale),
+                       QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(texts);
+}
 
 const QString addinOption = QStringLiteral("addin");
 const QString samplesOption = QStringLiteral("samples");
@@ -76,6 +94,7 @@ int main(int argc, char **argv)
     parser.process(application);
 
     const refhost::HostSettings settings = refhost::loadHostSettings();
+    installQtTexts(settings.language);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(refhost::windowPalette(refhost::themeFromOption(settings.theme)));
 
@@ -83,6 +102,10 @@ int main(int argc, char **argv)
     window.connectAddin(parser.isSet(addinOption) ? parser.value(addinOption) : refhost::standardAddinPath());
     if (parser.isSet(samplesOption))
         window.offerSamples(parser.value(samplesOption));
+    // Folder questions of add-ins start in the current folder.
+    const QString folder = refhost::loadDrawingFolder();
+    if (!folder.isEmpty())
+        QDir::setCurrent(folder);
     window.show();
     return QApplication::exec();
 }

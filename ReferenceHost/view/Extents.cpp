@@ -192,4 +192,11 @@ Extents extentsOf(const Drawing &drawing)
     return extents;
 }
 
+Extents extentsOf(const Drawing &drawing, const BlockDefinition &block, const Placement &placement)
+{
+    Extents extents;
+    Measurement(drawing).measure(block.entities, Affine::fromPlacement(placement, block.base), 1, extents);
+    return extents;
+}
+
 } // namespace refhost

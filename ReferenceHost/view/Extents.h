@@ -33,4 +33,7 @@ struct Extents {
 /// within blocks count with the corners of their own extents. Texts are measured: needs a QGuiApplication.
 Extents extentsOf(const Drawing &drawing);
 
+/// What an instance of `block`, a definition in `drawing`, fills at `placement`.
+Extents extentsOf(const Drawing &drawing, const BlockDefinition &block, const Placement &placement);
+
 } // namespace refhost
