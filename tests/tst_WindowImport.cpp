@@ -257,6 +257,12 @@ void tst_WindowImport::outOfViewOrEmpty()
 {
     ImportWindow host;
     const auto *offer = host.window.findChild<QWidget *>("zoomOffer");
+    QStringList calledUnderWaitCursor;
+    host.window.session().journal().begin([&](const QByteArray &line) {
+        if (const QCursor *cursor = QGuiApplication::overrideCursor();
+            cursor && cursor->shape() == Qt::WaitCursor)
+            calledUnderWaitCursor.append(line);
+    });
     const auto importAt = [&](const char *x, const QByteArray &svg) {
         host.typeCommand([&] {
             host.choose("browse_pushButton", host.write("plan.svg", svg));
@@ -267,6 +273,8 @@ void tst_WindowImport::outOfViewOrEmpty()
         return offer->isVisible();
     };
     QVERIFY(!importAt("0", shapes)); // the first one is shown as a whole
+    QCOMPARE(calledUnderWaitCursor.filter("InsertLine").size(), 1);
+    QVERIFY(!QGuiApplication::overrideCursor());
     QVERIFY(importAt("5000", shapes));
     QVERIFY(hasSaid(host.window, "It is out of view."));
     QTest::mouseClick(host.window.findChild<QWidget *>("zoomOffer"), Qt::LeftButton);

@@ -3,24 +3,37 @@
 #include "app/DialogGhosts.h"
 
 #include <QApplication>
-#include <QDialog>
 #include <QEvent>
+#include <QThread>
+#include <QWidget>
 
 namespace refhost {
 
 DialogGhosts::DialogGhosts(QObject *parent)
     : QObject(parent)
 {
-    qApp->installEventFilter(this);
+    // Elsewhere the window system keeps what lies under a dialog.
+    if (QGuiApplication::platformName() == QLatin1String("xcb"))
+        qApp->installEventFilter(this);
 }
 
 bool DialogGhosts::eventFilter(QObject *object, QEvent *event)
 {
-    if (event->type() != QEvent::Hide || !qobject_cast<QDialog *>(object))
+    constexpr unsigned long frameMilliseconds = 60;
+    const auto *hidden = qobject_cast<QWidget *>(object);
+    if (event->type() != QEvent::Hide || !hidden)
         return false;
+    const bool isDialog = hidden->windowType() == Qt::Dialog;
+    if (!isDialog && hidden->windowType() != Qt::Popup)
+        return false;
+    if (isDialog) // the window manager takes its frame away a little later
+        QThread::msleep(frameMilliseconds);
     for (QWidget *window : QApplication::topLevelWidgets()) {
-        if (window->isVisible())
-            window->repaint();
+        if (!window->isVisible())
+            continue;
+        for (QWidget *part : window->findChildren<QWidget *>())
+            part->update(); // the window alone leaves out what opaque parts cover
+        window->repaint();
     }
     return false;
 }

@@ -6,8 +6,8 @@
 
 namespace refhost {
 
-/// Paints the windows under a dialog as soon as it is hidden: what was asked for in it may take long, and
-/// until then no window would be painted. Watches all dialogs of the program, those of add-ins too.
+/// Paints the windows under a dialog or a menu as soon as it is hidden: what was asked for in it may take
+/// long, and until then no window would be painted. Watches the whole program, add-ins too.
 class DialogGhosts : public QObject {
 public:
     explicit DialogGhosts(QObject *parent);

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace refhost {
 
 namespace {
@@ -73,13 +75,18 @@ void JournalPanel::take(const QByteArray &line)
         QTimer::singleShot(0, this, &JournalPanel::showPending);
     if (m_pending.size() >= 2 * mostLines) // the first half would scroll out unseen
         m_pending.erase(m_pending.begin(), m_pending.begin() + mostLines);
-    m_pending.append(shownLine(line));
+    m_pending.append(line);
 }
 
 void JournalPanel::showPending()
 {
-    m_lines->appendPlainText(m_pending.join(QLatin1Char('\n')));
+    QStringList lines;
+    for (int i = std::max(0, m_pending.size() - mostLines); i < m_pending.size(); ++i)
+        lines << shownLine(m_pending[i]);
     m_pending.clear();
+    if (lines.size() == mostLines)
+        m_lines->clear(); // to push out each line by its successor costs more than all else
+    m_lines->appendPlainText(lines.join(QLatin1Char('\n')));
 }
 
 } // namespace refhost

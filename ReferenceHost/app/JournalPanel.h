@@ -2,8 +2,8 @@
 
 #pragma once
 
+#include <QByteArrayList>
 #include <QDockWidget>
-#include <QStringList>
 
 class QPlainTextEdit;
 
@@ -26,7 +26,7 @@ private:
 
     CallJournal &m_journal;
     QPlainTextEdit *m_lines;
-    QStringList m_pending; // shown together when the host has time: an import makes many calls
+    QByteArrayList m_pending; // shown together when the host has time: an import makes many calls
 };
 
 } // namespace refhost

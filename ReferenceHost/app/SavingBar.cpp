@@ -8,6 +8,7 @@
 #include <QBoxLayout>
 #include <QDeadlineTimer>
 #include <QFileInfo>
+#include <QLabel>
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QThread>
@@ -46,18 +47,20 @@ void SavingBar::save(const HostDocumentPtr &document, const QString &fileName, c
 
 SavingBar::SavingBar(QWidget *parent)
     : QWidget(parent)
-    , m_bar(new QProgressBar)
+    , m_label(new QLabel)
 {
-    m_bar->setObjectName(QStringLiteral("savingProgress"));
-    m_bar->setRange(0, 0); // the encoder does not say how far it is
-    m_bar->setMinimumWidth(180);
+    auto *bar = new QProgressBar;
+    bar->setObjectName(QStringLiteral("savingProgress"));
+    bar->setRange(0, 0); // the encoder does not say how far it is
+    bar->setMaximumWidth(140);
     auto *button = new QToolButton;
     button->setObjectName(QStringLiteral("cancelSaving"));
     button->setText(QStringLiteral("Cancel"));
     button->setFocusPolicy(Qt::NoFocus);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_bar);
+    layout->addWidget(m_label);
+    layout->addWidget(bar);
     layout->addWidget(button);
     hide();
     m_timer.setInterval(pollMilliseconds);
@@ -119,7 +122,7 @@ void SavingBar::showState()
     if (m_jobs.empty())
         m_timer.stop();
     else
-        m_bar->setFormat(savingText(m_jobs.front().fileName));
+        m_label->setText(savingText(m_jobs.front().fileName));
     setVisible(!m_jobs.empty());
     emit changed();
 }

@@ -10,7 +10,7 @@
 
 #include <functional>
 
-class QProgressBar;
+class QLabel;
 
 namespace refhost {
 
@@ -54,7 +54,7 @@ private:
     EncoderProcess m_encoder; // of its own: cancelling ends the process
     std::deque<Job> m_jobs;
     QTimer m_timer;
-    QProgressBar *m_bar;
+    QLabel *m_label;
 };
 
 } // namespace refhost
