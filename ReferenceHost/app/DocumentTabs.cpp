@@ -14,7 +14,6 @@ DocumentTabs::DocumentTabs(QWidget *parent)
     setExpanding(false);
     setFocusPolicy(Qt::NoFocus);
     setElideMode(Qt::ElideMiddle);
-    setUsesScrollButtons(true);
     connect(this, &QTabBar::currentChanged, this, [this](int index) {
         if (index >= 0)
             emit activationRequested(m_documents[static_cast<std::size_t>(index)]);

@@ -23,6 +23,10 @@ signals:
     /// The user wants the drawing closed.
     void closeRequested(const refhost::HostDocumentPtr &document);
 
+protected:
+    /// No tab shrinks to make room for the others: they scroll.
+    QSize minimumTabSizeHint(int index) const override { return tabSizeHint(index); }
+
 private:
     void addClosableTab();
 
