@@ -98,82 +98,56 @@ std::optional<std::vector<EntityId>> DrawingMaker::addAll(const QJsonArray &enti
     return ids;
 }
 
-Line line(const QJsonObject &json)
+std::vector<double> numbers(const QJsonValue &values)
 {
-    const QJsonValue ends = json.value(QLatin1String("p"));
-    return {point(ends), point(ends, 3)};
+    std::vector<double> all;
+    for (const QJsonValue value : values.toArray())
+        all.push_back(number(value));
+    return all;
 }
 
-Circle circle(const QJsonObject &json)
+std::vector<Point> points(const QJsonValue &values)
 {
-    return {point(json.value(QLatin1String("c"))), number(json.value(QLatin1String("r")))};
+    std::vector<Point> all;
+    for (int first = 0; first < values.toArray().size(); first += 3)
+        all.push_back(point(values, first));
+    return all;
 }
 
-/// The other radius is the one that gives the ratio back when it is divided, also in the last digit.
-Ellipse ellipse(const QJsonObject &json)
+/// The radius that gives `ratio` back when it is divided by `length`, also in the last digit.
+double otherRadius(double length, double ratio)
 {
-    const Point axis = point(json.value(QLatin1String("major")));
-    const double ratio = number(json.value(QLatin1String("ratio")));
-    const double length = planarLength(axis);
     const double product = ratio * length;
-    const double below = std::nextafter(product, 0.0);
-    const double above = std::nextafter(product, std::numeric_limits<double>::infinity());
-    double other = product;
-    for (const double candidate : {above, below, product}) {
-        if (candidate / length == ratio)
-            other = candidate;
+    for (const double neighbour : {0.0, std::numeric_limits<double>::infinity()}) {
+        const double candidate = std::nextafter(product, neighbour);
+        if (product / length != ratio && candidate / length == ratio)
+            return candidate;
     }
-    return {point(json.value(QLatin1String("c"))), axis, other};
-}
-
-Polyline polyline(const QJsonObject &json)
-{
-    Polyline made;
-    made.closed = json.value(QLatin1String("closed")).toBool();
-    for (const QJsonValue value : json.value(QLatin1String("p")).toArray())
-        made.points.push_back(number(value));
-    return made;
-}
-
-Spline spline(const QJsonObject &json)
-{
-    const QJsonArray numbers = json.value(QLatin1String("control")).toArray();
-    Spline made;
-    for (int i = 0; i < numbers.size(); i += 3)
-        made.controlPoints.push_back(
-            {number(numbers.at(i)), number(numbers.at(i + 1)), number(numbers.at(i + 2))});
-    return made;
-}
-
-Note note(const QJsonObject &json)
-{
-    return {point(json.value(QLatin1String("p"))), number(json.value(QLatin1String("height"))),
-            number(json.value(QLatin1String("angle"))), json.value(QLatin1String("text")).toString()};
+    return product;
 }
 
 std::optional<Entity> DrawingMaker::entity(const QJsonObject &json) const
 {
-    const QString kind = json.value(QLatin1String("t")).toString();
-    if (kind == QLatin1String("insert")) {
-        const auto name = m_names.constFind(json.value(QLatin1String("block")).toString());
-        if (name == m_names.constEnd())
-            return std::nullopt;
-        return BlockInstance{*name,
-                             {point(json.value(QLatin1String("p"))),
-                              point(json.value(QLatin1String("scale"))),
-                              number(json.value(QLatin1String("rotation")))}};
+    const auto at = [&json](const char *key) { return json.value(QLatin1String(key)); };
+    const QString kind = at("t").toString();
+    if (kind == QLatin1String("line"))
+        return Line{point(at("p")), point(at("p"), 3)};
+    if (kind == QLatin1String("circle"))
+        return Circle{point(at("c")), number(at("r"))};
+    if (kind == QLatin1String("polyline"))
+        return Polyline{numbers(at("p")), at("closed").toBool()};
+    if (kind == QLatin1String("spline"))
+        return Spline{points(at("control"))};
+    if (kind == QLatin1String("note"))
+        return Note{point(at("p")), number(at("height")), number(at("angle")), at("text").toString()};
+    if (kind == QLatin1String("ellipse")) {
+        const Point axis = point(at("major"));
+        return Ellipse{point(at("c")), axis, otherRadius(planarLength(axis), number(at("ratio")))};
     }
-
-    static const QHash<QString, Entity (*)(const QJsonObject &)> makers = {
-        {QStringLiteral("line"), [](const QJsonObject &from) { return Entity(line(from)); }},
-        {QStringLiteral("circle"), [](const QJsonObject &from) { return Entity(circle(from)); }},
-        {QStringLiteral("ellipse"), [](const QJsonObject &from) { return Entity(ellipse(from)); }},
-        {QStringLiteral("polyline"), [](const QJsonObject &from) { return Entity(polyline(from)); }},
-        {QStringLiteral("spline"), [](const QJsonObject &from) { return Entity(spline(from)); }},
-        {QStringLiteral("note"), [](const QJsonObject &from) { return Entity(note(from)); }},
-    };
-    const auto maker = makers.value(kind);
-    return maker ? std::optional<Entity>(maker(json)) : std::nullopt;
+    const auto block = m_names.constFind(at("block").toString());
+    if (kind != QLatin1String("insert") || block == m_names.constEnd())
+        return std::nullopt;
+    return BlockInstance{*block, {point(at("p")), point(at("scale")), number(at("rotation"))}};
 }
 
 OpenedDrawing failed(const QString &error)

@@ -9,20 +9,13 @@ globalThis.crypto ??= webcrypto; // the package expects it, and Node 18 has it i
 const oneFile = new URL("node_modules/@node-projects/acad-ts/dist/index-min.js", import.meta.url);
 const acad = existsSync(oneFile) ? withClassNames(await import(oneFile)) : await import("@node-projects/acad-ts");
 
-const { Layer, LayersTable, LineType, TableEntry } = acad;
+const { LayersTable, TableEntry } = acad;
 
 /**
  * The tables note for each entity how to tell it that its layer, line type or text style was renamed or removed.
  * That never happens here, and the notes take a fifth of the memory.
  */
 Object.getPrototypeOf(new LayersTable()._referenceHandler).addReference = () => {};
-
-/**
- * A new entity makes a layer and a line type of its own, which those of the document replace as soon as it is added:
- * a quarter of the time. From now on all share one of each.
- */
-for (const [owner, name] of [[Layer, "default"], [LineType, "byLayer"]])
-    Object.defineProperty(owner, name, { value: owner[name] });
 
 /** Otherwise the DXF writer leaves blocks with long names, or with letters outside ASCII in them, out of its table. */
 TableEntry.prototype.validate = () => [];

@@ -7,8 +7,8 @@ import { cadText } from "./cadText.mjs";
 import { extentsOf } from "./extents.mjs";
 
 const {
-    ACadVersion, AngularDirection, BlockRecord, CadDocument, Circle, DxfClass, Ellipse, Insert, Line, LwPolyline,
-    LwPolylineVertex, Spline, TextEntity, UnitsType, XY, XYZ,
+    ACadVersion, AngularDirection, BlockRecord, CadDocument, Circle, DxfClass, Ellipse, Insert, Layer, Line,
+    LineType, LwPolyline, LwPolylineVertex, Spline, TextEntity, UnitsType, XY, XYZ,
 } = acad;
 
 /**
@@ -130,6 +130,7 @@ class BlankDocument {
         header.insUnits = UnitsType.Unitless;
         header.angularDirection = AngularDirection.CounterClockWise;
         classes.add(dictionaryVariableClass());
+        shareDefaults();
 
         const { handleSeed, modelSpaceExtMin, modelSpaceExtMax } = header;
         this.#header = { handleSeed, modelSpaceExtMin, modelSpaceExtMax };
@@ -169,6 +170,15 @@ function dictionaryVariableClass() {
         itemClassId: 0x1f3, // an object, not an entity
         dwgVersion: 0,
     });
+}
+
+/**
+ * A new entity makes a layer and a line type of its own, which those of the document replace as soon as it is added:
+ * a quarter of the time. From now on all share one of each, which the document itself does not have.
+ */
+function shareDefaults() {
+    for (const [owner, name] of [[Layer, "default"], [LineType, "byLayer"]])
+        Object.defineProperty(owner, name, { value: owner[name] });
 }
 
 function defineBlock(document, { name, base, entities }, known) {

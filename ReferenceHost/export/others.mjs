@@ -2,51 +2,34 @@
 
 /** One of a kind, and many. The kinds in capitals are entities as DXF files call them. */
 const names = {
-    "3DFACE": ["3D face", "3D faces"],
-    "3DSOLID": ["solid body", "solid bodies"],
-    ACAD_TABLE: ["table", "tables"],
-    ARC: ["arc", "arcs"],
-    ATTDEF: ["attribute definition", "attribute definitions"],
-    ATTRIB: ["attribute", "attributes"],
-    BODY: ["solid body", "solid bodies"],
-    DIMENSION: ["dimension", "dimensions"],
-    ARC_DIMENSION: ["dimension", "dimensions"],
-    HATCH: ["hatch", "hatches"],
-    IMAGE: ["image", "images"],
-    LEADER: ["leader", "leaders"],
-    MESH: ["mesh", "meshes"],
-    MLINE: ["multiline", "multilines"],
-    MTEXT: ["multi-line text", "multi-line texts"],
-    MULTILEADER: ["leader", "leaders"],
-    OLE2FRAME: ["embedded object", "embedded objects"],
-    PDFUNDERLAY: ["underlay", "underlays"],
-    POINT: ["point", "points"],
-    RAY: ["construction line", "construction lines"],
-    REGION: ["region", "regions"],
-    SHAPE: ["shape", "shapes"],
-    SOLID: ["filled area", "filled areas"],
-    TOLERANCE: ["tolerance", "tolerances"],
-    TRACE: ["filled area", "filled areas"],
-    VIEWPORT: ["viewport", "viewports"],
-    WIPEOUT: ["wipeout", "wipeouts"],
-    XLINE: ["construction line", "construction lines"],
-    array: ["block array", "block arrays"],
-    bulged: ["polyline with arcs", "polylines with arcs"],
+    "3DFACE": ["3D face", "3D faces"], "3DSOLID": ["solid body", "solid bodies"],
+    ACAD_TABLE: ["table", "tables"], ARC: ["arc", "arcs"],
+    ARC_DIMENSION: ["dimension", "dimensions"], ATTDEF: ["attribute definition", "attribute definitions"],
+    ATTRIB: ["attribute", "attributes"], BODY: ["solid body", "solid bodies"],
+    DIMENSION: ["dimension", "dimensions"], HATCH: ["hatch", "hatches"],
+    IMAGE: ["image", "images"], LEADER: ["leader", "leaders"],
+    MESH: ["mesh", "meshes"], MLINE: ["multiline", "multilines"],
+    MTEXT: ["multi-line text", "multi-line texts"], MULTILEADER: ["leader", "leaders"],
+    OLE2FRAME: ["embedded object", "embedded objects"], PDFUNDERLAY: ["underlay", "underlays"],
+    POINT: ["point", "points"], RAY: ["construction line", "construction lines"],
+    REGION: ["region", "regions"], SHAPE: ["shape", "shapes"],
+    SOLID: ["filled area", "filled areas"], TOLERANCE: ["tolerance", "tolerances"],
+    TRACE: ["filled area", "filled areas"], VIEWPORT: ["viewport", "viewports"],
+    WIPEOUT: ["wipeout", "wipeouts"], XLINE: ["construction line", "construction lines"],
+
+    array: ["block array", "block arrays"], bulged: ["polyline with arcs", "polylines with arcs"],
     circular: ["block inserted into itself", "blocks inserted into themselves"],
-    damaged: ["damaged object", "damaged objects"],
-    ellipticArc: ["elliptical arc", "elliptical arcs"],
-    external: ["external reference", "external references"],
-    fitted: ["fitted polyline", "fitted polylines"],
+    damaged: ["damaged object", "damaged objects"], ellipticArc: ["elliptical arc", "elliptical arcs"],
+    external: ["external reference", "external references"], fitted: ["fitted polyline", "fitted polylines"],
     lost: ["entity that belongs nowhere", "entities that belong nowhere"],
     missing: ["insert of a missing block", "inserts of missing blocks"],
     notFinite: ["entity with an impossible number", "entities with impossible numbers"],
     otherSpline: ["spline of another kind", "splines of other kinds"],
     paper: ["entity on a layout", "entities on layouts"],
     pointless: ["polyline of less than two points", "polylines of less than two points"],
-    polyline3D: ["3D polyline", "3D polylines"],
-    tilted: ["entity off the drawing plane", "entities off the drawing plane"],
-    unnamed: ["insert of an unnamed block", "inserts of unnamed blocks"],
+    polyline3D: ["3D polyline", "3D polylines"], tilted: ["entity off the drawing plane", "entities off the drawing plane"],
     unknown: ["entity of an unknown kind", "entities of unknown kinds"],
+    unnamed: ["insert of an unnamed block", "inserts of unnamed blocks"],
 };
 
 /** What gets lost of entities that are kept. */
@@ -57,11 +40,16 @@ const losses = {
     widths: ["the width of 1 polyline", "the widths of # polylines"],
 };
 
+/** What belongs to an entity that is counted already. */
+const parts = new Set(["VERTEX", "SEQEND"]);
+
 /** Counts what is left out, by kind. */
 export class Others {
     #counts = new Map();
 
     add(kind, count = 1) {
+        if (parts.has(kind))
+            return;
         const known = Object.hasOwn(names, kind) || Object.hasOwn(losses, kind) ? kind : "unknown";
         this.#counts.set(known, (this.#counts.get(known) ?? 0) + count);
     }

@@ -119,7 +119,7 @@ function readEntity(entity, others) {
 }
 
 function readPolyline({ normal, vertices, elevation, isClosed, constantWidth, startWidth, endWidth }, others) {
-    const corners = [...vertices];
+    const corners = [...vertices].filter(({ location }) => location); // the end mark may be among them
     if (!isUp(normal))
         return "tilted";
     if (corners.some(({ bulge }) => bulge !== 0))

@@ -5,8 +5,9 @@
 import acad from "./acad.mjs";
 
 const {
-    CadDocumentBuilder, CadNotSupportedException, CadTemplate, DwgReader, DwgStreamReaderBase, DxfCode, DxfProperty,
-    DxfReader, DxfSectionReaderBase, DxfStreamReaderBase, DxfTextReader, Entity, MathHelper, XYZ,
+    CRC8StreamHandler, CadDocumentBuilder, CadNotSupportedException, CadTemplate, DwgObjectReader, DwgReader,
+    DwgStreamReaderBase, DxfClassMap, DxfCode, DxfProperty, DxfReader, DxfSectionReaderBase, DxfStreamReaderBase,
+    DxfTextReader, Entity, MathHelper, Polyline2D, XYZ,
 } = acad;
 
 const dwgVersions = ["AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"];
@@ -70,21 +71,34 @@ function readerOf(bytes) {
     return new DxfReader(start.startsWith("\xef\xbb\xbf") ? bytes.subarray(3) : bytes);
 }
 
-const { readByte, advanceByte } = DwgStreamReaderBase.prototype;
+const { readByte, readBytes, advanceByte } = DwgStreamReaderBase.prototype;
 const slack = 64; // looking ahead at the end of the file is usual
 
 function withinStream(read) {
-    return function () {
-        if (this._position > this._stream.length + slack)
+    return function (length = 0) {
+        if (this._position + length > this._stream.length + slack)
             throw new Problem(endsTooEarly);
-        return read.call(this);
+        return read.call(this, length);
     };
 }
 
 Object.assign(DwgStreamReaderBase.prototype, {
     readByte: withinStream(readByte),
+    readBytes: withinStream(readBytes),
     advanceByte: withinStream(advanceByte),
 });
+
+const { _getEntityType } = DwgObjectReader.prototype;
+
+/** Notices where the checksum behind an object is not that of its bytes. */
+DwgObjectReader.prototype._getEntityType = function (offset) {
+    const type = _getEntityType.call(this, offset);
+    const end = (this._objectInitialPos >> 3) + this._size;
+    const checksum = this._memoryStream[end] | this._memoryStream[end + 1] << 8;
+    if (CRC8StreamHandler.getCRCValue(0xc0c1, this._memoryStream, offset, end - offset) !== checksum)
+        reading.leaveOut("damaged");
+    return type;
+};
 
 const { readNext } = DxfStreamReaderBase.prototype;
 const decoders = new Map();
@@ -132,7 +146,7 @@ Object.assign(DxfTextReader.prototype, {
     },
 });
 
-const { readEntity, readCommonEntityCodes } = DxfSectionReaderBase.prototype;
+const { readEntity, readCommonEntityCodes, _readPolylineCodes } = DxfSectionReaderBase.prototype;
 
 Object.assign(DxfSectionReaderBase.prototype, {
     /**
@@ -160,6 +174,14 @@ Object.assign(DxfSectionReaderBase.prototype, {
         if (this._reader.code === 67 && this._reader.valueAsInt === 1)
             reading.onPaper.push(template);
         return readCommonEntityCodes.call(this, template, ...rest);
+    },
+
+    /** For old files the package does not know what the codes of a polyline mean, such as that it is closed. */
+    _readPolylineCodes(template, map) {
+        const { subClasses } = map;
+        if (subClasses.get("AcDb2dPolyline")?.dxfProperties.size === 0)
+            subClasses.set("AcDb2dPolyline", DxfClassMap.create(Polyline2D));
+        return _readPolylineCodes.call(this, template, map);
     },
 });
 
