@@ -4,6 +4,7 @@
 
 #include "drawing/SplineInterpolation.h"
 #include "export/DrawingFile.h"
+#include "export/DrawingReader.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -47,6 +48,52 @@ Drawing linesDrawing(int count)
     return drawing;
 }
 
+/// One of each kind with awkward numbers and texts, in blocks of awkward names and in model space.
+Drawing everyKindDrawing()
+{
+    const QString awkward =
+        QStringLiteral(" T\u00fcr \u2603 \U0001F600 \\U+0041 \\M+1 100%%d ^J \" ") + QChar(0xd83d);
+    const std::vector<Entity> kinds = {
+        Line{{0.1, -1e-9, 3}, {1e15, 2.0 / 3, -4.9e-324}},
+        Circle{{1, 2, 3}, 1.0 / 3},
+        Ellipse{{1, 2, 3}, {0.1, 0.7, 0}, 0.3},
+        Ellipse{{1, 2, 0}, {0.3, -0.1, 0}, 1.0 / 3},
+        Polyline{{0, 0, 1, 0.1, 1.1, 1}, true},
+        Polyline{{0, 0, -1.5, 2}, false},
+        splineThrough({{0, 0, 0}, {3, 1, 0.1}, {6, 0, 0}, {7, 7, 1}}),
+        Note{{5, 6, 7}, 3, 1.5707963267948966, awkward},
+        Note{{5, 6, 0}, 0.1, 0, "a"},
+    };
+    Drawing drawing;
+    const auto added = [&] {
+        std::vector<EntityId> ids;
+        for (const Entity &kind : kinds)
+            ids.push_back(drawing.add(kind));
+        return ids;
+    };
+    const QString longName = QStringLiteral("\u00dc/").repeated(40);
+    drawing.createBlock(awkward, {1, 2.1, 3}, added());
+    drawing.createBlock("unused", {}, {});
+    drawing.createBlock(longName, {}, {drawing.add(BlockInstance{awkward, {{1, 2, 3}, {1, -2, 0.1}, 0.25}})});
+    added();
+    drawing.add(BlockInstance{longName, {{7, 8, 0}, {2, 2, 2}, 0}});
+    drawing.add(BlockInstance{awkward, {{7, 8, 0}, {1e-9, 1, 1}, -3.0}});
+    return drawing;
+}
+
+QByteArray request(const Drawing &drawing)
+{
+    return encoderRequest(1, drawing, DrawingFormat::Dwg, BlocksToSave::All);
+}
+
+/// A DXF of R12, without what no reader needs. Codes and values are separated by blanks.
+QByteArray dxf(const QByteArray &entities, const QByteArray &blocks = {})
+{
+    const QByteArray pairs =
+        "0 SECTION 2 BLOCKS " + blocks + " 0 ENDSEC 0 SECTION 2 ENTITIES " + entities + " 0 ENDSEC 0 EOF";
+    return pairs.simplified().replace(' ', '\n') + '\n';
+}
+
 /// Sets an environment variable for one test.
 class ScopedVariable {
 public:
@@ -73,6 +120,12 @@ private slots:
     void block_data();
     void block();
     void unusedBlocksAreLeftOut();
+    void openedDrawingIsTheOneThatWasSaved_data();
+    void openedDrawingIsTheOneThatWasSaved();
+    void foreignContent_data();
+    void foreignContent();
+    void fileThatCannotBeOpened_data();
+    void fileThatCannotBeOpened();
     void severalDrawingsUnderWay();
     void requestAndAnswerLargerThanAnyPipe();
     void encoderThatCannotServe_data();
@@ -86,6 +139,7 @@ private slots:
 
 private:
     QString filePath(const QString &name) const { return m_folder.filePath(name); }
+    QString written(const QString &name, const QByteArray &content) const;
     QString script(const QByteArray &code) const;
 
     QTemporaryDir m_folder;
@@ -201,6 +255,166 @@ void tst_Export::unusedBlocksAreLeftOut()
     };
     QCOMPARE(savedNames(BlocksToSave::All), QStringList({"inner", "unused", "outer"}));
     QCOMPARE(savedNames(BlocksToSave::UsedOnly), QStringList({"inner", "outer"}));
+}
+
+void tst_Export::openedDrawingIsTheOneThatWasSaved_data()
+{
+    QTest::addColumn<QString>("saved");
+    QTest::addColumn<QString>("opened");
+
+    QTest::newRow("a DWG") << "same.dwg"
+                           << "same.dwg";
+    QTest::newRow("a DXF") << "same.dxf"
+                           << "same.dxf";
+    QTest::newRow("a DWG that has got the name of a DXF") << "drawing.dwg"
+                                                          << "renamed.dxf";
+}
+
+void tst_Export::openedDrawingIsTheOneThatWasSaved()
+{
+    QFETCH(QString, saved);
+    QFETCH(QString, opened);
+    EncoderProcess encoder;
+    const Drawing drawing = everyKindDrawing();
+    QCOMPARE(saveDrawing(encoder, drawing, filePath(saved), BlocksToSave::All), QString());
+    const QByteArray bytes = contents(filePath(saved));
+    QFile::rename(filePath(saved), filePath(opened));
+
+    const OpenedDrawing read = openDrawing(encoder, filePath(opened));
+    QCOMPARE(read.error, QString());
+    QCOMPARE(read.leftOut, QStringList());
+    QCOMPARE(request(read.drawing), request(drawing));
+
+    QCOMPARE(saveDrawing(encoder, read.drawing, filePath(saved), BlocksToSave::All), QString());
+    const QByteArray again = contents(filePath(saved));
+    const auto behindTheHeader = [](const QByteArray &dxf) { return dxf.mid(dxf.indexOf("TABLES")); };
+    if (saved.endsWith(".dxf"))
+        QCOMPARE(behindTheHeader(again), behindTheHeader(bytes));
+    else
+        QCOMPARE(again.size(), bytes.size());
+}
+
+void tst_Export::foreignContent_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QByteArray>("expected"); // blocks and entities of the request
+    QTest::addColumn<QStringList>("leftOut");
+
+    const auto row = [](const char *name, const QByteArray &file, const QByteArray &expected,
+                        const QStringList &leftOut = {}) {
+        QTest::newRow(name) << file << expected << leftOut;
+    };
+    const QByteArray line = "0 LINE 10 0 20 0 11 1 21 2 ";
+    const QByteArray lineJson = R"({"t":"line","p":[0,0,0,1,2,0]})";
+    const QByteArray none = R"("blocks":[],"entities":[])";
+    const auto only = [](const QByteArray &entities) {
+        return R"("blocks":[],"entities":[)" + entities + "]";
+    };
+
+    row("entities that a drawing does not hold",
+        dxf("0 ARC 10 0 20 0 40 1 50 0 51 9 0 ARC 10 0 20 0 40 2 50 0 51 9 0 MTEXT 10 0 20 0 1 x "
+            "0 DIMENSION 10 0 20 0 70 0 0 POINT 10 0 20 0 0 ACME_PUMP 10 0 20 0 0 SOLID 10 0 20 0 "
+            "0 HATCH 10 0 20 0 2 SOLID 70 1 71 0 91 0 75 0 76 1 98 0 "
+            "0 ELLIPSE 10 0 20 0 11 1 21 0 40 0.5 41 0 42 3 0 CIRCLE 10 0 20 0 40 1 230 -1 "
+            "0 CIRCLE 10 nan 20 0 40 1"),
+        none,
+        {"2 arcs", "1 dimension", "1 hatch", "1 multi-line text", "1 point", "1 filled area",
+         "1 elliptical arc", "1 entity with an impossible number", "1 entity off the drawing plane",
+         "1 entity of an unknown kind"});
+    row("a polyline of vertices, and one with an arc",
+        dxf("0 POLYLINE 66 1 70 1 0 VERTEX 10 1 20 2 0 VERTEX 10 3 20 4 0 SEQEND "
+            "0 LWPOLYLINE 90 2 70 0 10 1 20 2 42 1 10 3 20 4"),
+        only(R"({"t":"polyline","closed":true,"p":[1,2,3,4]})"), {"1 polyline with arcs"});
+    row("what gets lost of entities that are kept",
+        dxf("0 LINE 8 WALLS 10 0 20 0 11 1 21 2 0 LINE 62 1 10 0 20 0 11 1 21 2 "
+            "0 LWPOLYLINE 90 2 43 0.5 38 7 10 1 20 2 10 3 20 4 0 TEXT 10 1 20 2 40 3 1 x 72 1 11 9 21 9 "
+            "0 TEXT 10 0 20 0 40 3 1 y 72 4 11 9 21 9"),
+        only(lineJson + ',' + lineJson
+             + R"(,{"t":"polyline","closed":false,"p":[1,2,3,4]},)"
+               R"({"t":"note","p":[1,2,0],"height":3,"angle":0,"text":"x"},)"
+               R"({"t":"note","p":[9,9,0],"height":3,"angle":0,"text":"y"})"),
+        {"the alignments of 2 texts", "the elevation of 1 polyline",
+         "layers, colours, line types or the like of 2 entities", "the width of 1 polyline"});
+    row("a B-spline becomes cubics, one with weights does not",
+        dxf("0 SPLINE 70 8 71 3 72 9 73 5 40 0 40 0 40 0 40 0 40 1 40 2 40 2 40 2 40 2 "
+            "10 0 20 0 30 0 10 1 20 2 30 0 10 4 20 2 30 0 10 7 20 2 30 0 10 8 20 0 30 0 "
+            "0 SPLINE 70 12 71 3 72 8 73 4 40 0 40 0 40 0 40 0 40 1 40 1 40 1 40 1 41 1 41 2 41 2 41 1 "
+            "10 0 20 0 30 0 10 1 20 1 30 0 10 2 20 1 30 0 10 3 20 0 30 0"),
+        only(R"({"t":"spline","degree":3,"control":[0,0,0,1,2,0,2.5,2,0,4,2,0,5.5,2,0,7,2,0,8,0,0],)"
+             R"("knots":[0,0,0,0,1,1,1,2,2,2,2]})"),
+        {"1 spline of another kind"});
+    row("blocks are put in order, and cycles broken",
+        dxf("0 INSERT 2 OUTER 8 OUTER 10 1 20 2 41 2 42 2 43 2",
+            "0 BLOCK 2 OUTER 70 0 10 1 20 1 0 INSERT 2 INNER 10 0 20 0 0 ENDBLK "
+            "0 BLOCK 2 INNER 70 0 10 0 20 0 "
+                + line + "0 INSERT 2 OUTER 10 0 20 0 0 ENDBLK"),
+        R"("blocks":[{"name":"INNER","base":[0,0,0],"entities":[)" + lineJson
+            + R"(]},{"name":"OUTER","base":[1,1,0],"entities":[{"t":"insert","block":"INNER","p":[0,0,0],)"
+              R"("scale":[1,1,1],"rotation":0}]}],"entities":[{"t":"insert","block":"OUTER","p":[1,2,0],)"
+              R"("scale":[2,2,2],"rotation":0}])",
+        {"1 block inserted into itself", "layer, colour, line type or the like of 1 entity"});
+    row("inserts of other kinds, and what is on paper",
+        dxf("0 INSERT 66 1 2 A 10 1 20 2 0 ATTRIB 10 0 20 0 40 1 1 v 2 T 0 SEQEND 0 INSERT 2 *U1 10 1 20 2 "
+            "0 INSERT 2 NONE 10 0 20 0 0 INSERT 2 A 70 3 71 2 10 0 20 0 0 INSERT 2 X 10 0 20 0 "
+                + line + "67 1",
+            "0 BLOCK 2 A 70 2 10 0 20 0 0 ATTDEF 10 0 20 0 40 1 1 x 2 T 3 p 0 ENDBLK "
+            "0 BLOCK 2 *U1 70 1 10 0 20 0 0 ENDBLK 0 BLOCK 2 X 70 4 1 x.dwg 10 0 20 0 0 ENDBLK"),
+        R"("blocks":[{"name":"A","base":[0,0,0],"entities":[]}],"entities":[{"t":"insert","block":"A",)"
+        R"("p":[1,2,0],"scale":[1,1,1],"rotation":0}])",
+        {"1 attribute definition", "1 attribute", "1 block array", "1 external reference",
+         "1 insert of a missing block", "1 entity on a layout", "1 insert of an unnamed block"});
+    row("blocks whose names differ by the case of a letter outside ASCII",
+        dxf({}, R"(0 BLOCK 2 \U+00DCb 70 0 10 0 20 0 0 ENDBLK 0 BLOCK 2 \U+00FCB 70 0 10 0 20 0 0 ENDBLK)"),
+        R"("blocks":[{"name":"\u00dcb","base":[0,0,0],"entities":[]},)"
+        R"json({"name":"\u00fcB (2)","base":[0,0,0],"entities":[]}],"entities":[])json",
+        {"the name of 1 block"});
+}
+
+void tst_Export::foreignContent()
+{
+    QFETCH(QByteArray, file);
+    QFETCH(QByteArray, expected);
+    QFETCH(QStringList, leftOut);
+
+    EncoderProcess encoder;
+    const OpenedDrawing read = openDrawing(encoder, written("foreign.dxf", file));
+    QCOMPARE(read.error, QString());
+    QCOMPARE(request(read.drawing), R"({"id":1,"format":"dwg",)" + expected + "}\n");
+    QCOMPARE(read.leftOut, leftOut);
+}
+
+void tst_Export::fileThatCannotBeOpened_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QString>("error");
+
+    EncoderProcess encoder;
+    const QByteArray dwg = encoder.take(encoder.submit(everyKindDrawing(), DrawingFormat::Dwg)).bytes;
+    const QByteArray dxf = encoder.take(encoder.submit(everyKindDrawing(), DrawingFormat::Dxf)).bytes;
+    const auto row = [](const char *name, const QByteArray &file, const QString &error) {
+        QTest::newRow(name) << file << "the drawing cannot be read: " + error;
+    };
+    row("it is empty", {}, "it is empty");
+    row("it is a text", "0 SECTIONS of a book", "it is neither a DWG nor a DXF drawing");
+    row("it is a DWG of R12", "AC1009" + QByteArray(1000, '\0'), "its version, AC1009, cannot be read");
+    row("half of a DWG", dwg.left(dwg.size() / 2), "it ends too early");
+    row("half of a DXF", dxf.left(dxf.size() / 2), "it ends too early");
+    row("a DWG whose tables are overwritten", QByteArray(dwg).replace(200, 400, QByteArray(400, 'x')),
+        "it is damaged");
+    row("a DXF with a code that does not exist", QByteArray(dxf).replace("LINE", "LINE\n9999\n1"),
+        "it is damaged");
+}
+
+void tst_Export::fileThatCannotBeOpened()
+{
+    QFETCH(QByteArray, file);
+    QFETCH(QString, error);
+
+    EncoderProcess encoder;
+    const OpenedDrawing read = openDrawing(encoder, written("broken.dwg", file));
+    QCOMPARE(read.error, error);
+    QVERIFY(read.drawing.modelSpace().empty() && read.drawing.blocks().empty());
+    QVERIFY(encoder.processId() != 0);
 }
 
 void tst_Export::severalDrawingsUnderWay()
@@ -366,13 +580,19 @@ void tst_Export::unwritablePlace()
     QVERIFY(!error.isEmpty());
 }
 
+/// Writes a file and returns its path.
+QString tst_Export::written(const QString &name, const QByteArray &content) const
+{
+    QFile file(filePath(name));
+    file.open(QIODevice::WriteOnly);
+    file.write(content);
+    return file.fileName();
+}
+
 /// Writes a stand-in for the encoder's script and returns its path.
 QString tst_Export::script(const QByteArray &code) const
 {
-    QFile file(filePath("encoder.mjs"));
-    file.open(QIODevice::WriteOnly);
-    file.write(code);
-    return file.fileName();
+    return written("encoder.mjs", code);
 }
 
 QTEST_GUILESS_MAIN(tst_Export)
