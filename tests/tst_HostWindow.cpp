@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QSettings>
@@ -102,6 +103,7 @@ private slots:
     void cancelledPreparation();
     void tabsFollowTheDrawings();
     void drawingInFrontStaysDuringACommand();
+    void openedByDropping();
     void savedBesideTheWindow();
     void unsavedDrawing_data();
     void unsavedDrawing();
@@ -637,6 +639,43 @@ void tst_HostWindow::drawingInFrontStaysDuringACommand()
     QCOMPARE(session.activeDocument(), inFront);
     QCOMPARE(session.documents().size(), std::size_t(2));
     QCOMPARE(tabs->currentIndex(), 1);
+}
+
+/// A file that holds more than the drawing shows is not written over unasked.
+void tst_HostWindow::openedByDropping()
+{
+    const QString file = m_folder.filePath(QStringLiteral("dropped.dxf"));
+    const QByteArray content =
+        "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10\n1\n20\n2\n30\n0\n11\n3\n21\n4\n31\n0\n"
+        "0\nARC\n8\n0\n10\n0\n20\n0\n30\n0\n40\n5\n50\n0\n51\n90\n0\nENDSEC\n0\nEOF\n";
+    writeFile(file, content);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(m_folder.filePath("no.dwg")), QUrl::fromLocalFile(file)});
+    for (int again = 0; again < 2; ++again) {
+        QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_window.get(), &enter);
+        QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_window.get(), &drop);
+    }
+    QCOMPARE(m_window->session().documents().size(), std::size_t(1));
+    const HostDocumentPtr document = m_window->session().activeDocument();
+    QCOMPARE(document->shownName(), QStringLiteral("dropped.dxf"));
+    QCOMPARE(document->drawing.modelSpace().size(), std::size_t(1));
+    QVERIFY(!document->isModified());
+    QVERIFY(hasSaid(*m_window, QStringLiteral("Not shown: 1 arc")));
+    QCOMPARE(m_window->commandLine().history().count(QStringLiteral("no.dwg: not opened: ")), 2);
+
+    ModalAnswers answers;
+    answers.press(QMessageBox::Cancel);
+    type(*m_window, QStringLiteral("_SAVE"));
+    QVERIFY(answers.messages.value(0).contains(QStringLiteral("1 arc")));
+    QVERIFY(!document->isLocked);
+    answers.press(QMessageBox::Save);
+    type(*m_window, QStringLiteral("_SAVE"));
+    QTRY_VERIFY(hasSaid(*m_window, QStringLiteral("Saved ")));
+    type(*m_window, QStringLiteral("_SAVE")); // nothing is left to be asked about
+    QTRY_VERIFY(!document->isLocked);
+    QCOMPARE(answers.messages.size(), 2);
 }
 
 void tst_HostWindow::savedBesideTheWindow()
