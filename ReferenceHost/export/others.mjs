@@ -21,13 +21,14 @@ const names = {
     circular: ["block inserted into itself", "blocks inserted into themselves"],
     damaged: ["damaged object", "damaged objects"], ellipticArc: ["elliptical arc", "elliptical arcs"],
     external: ["external reference", "external references"], fitted: ["fitted polyline", "fitted polylines"],
-    lost: ["entity that belongs nowhere", "entities that belong nowhere"],
+    lost: ["object that belongs nowhere", "objects that belong nowhere"],
     missing: ["insert of a missing block", "inserts of missing blocks"],
     notFinite: ["entity with an impossible number", "entities with impossible numbers"],
     otherSpline: ["spline of another kind", "splines of other kinds"],
     paper: ["entity on a layout", "entities on layouts"],
     pointless: ["polyline of less than two points", "polylines of less than two points"],
-    polyline3D: ["3D polyline", "3D polylines"], tilted: ["entity off the drawing plane", "entities off the drawing plane"],
+    polyline3D: ["3D polyline", "3D polylines"],
+    tilted: ["entity off the drawing plane", "entities off the drawing plane"],
     unknown: ["entity of an unknown kind", "entities of unknown kinds"],
     unnamed: ["insert of an unnamed block", "inserts of unnamed blocks"],
 };
@@ -36,7 +37,9 @@ const names = {
 const losses = {
     alignments: ["the alignment of 1 text", "the alignments of # texts"],
     elevations: ["the elevation of 1 polyline", "the elevations of # polylines"],
-    looks: ["layer, colour, line type or the like of 1 entity", "layers, colours, line types or the like of # entities"],
+    looks: [
+        "layer, colour, line type or the like of 1 entity", "layers, colours, line types or the like of # entities",
+    ],
     widths: ["the width of 1 polyline", "the widths of # polylines"],
 };
 
@@ -61,8 +64,9 @@ export class Others {
             sums.set(name[1], { name, count: (sums.get(name[1])?.count ?? 0) + (this.#counts.get(kind) ?? 0) });
         const entities = [...sums.values()].filter(({ count }) => count > 0)
             .map(({ name, count }) => `${count} ${name[count === 1 ? 0 : 1]}`);
-        const parts = Object.entries(losses).filter(([kind]) => this.#counts.has(kind))
-            .map(([kind, [one, many]]) => this.#counts.get(kind) === 1 ? one : many.replace("#", this.#counts.get(kind)));
-        return [...entities, ...parts];
+        const lost = Object.entries(losses).map(([kind, words]) => [this.#counts.get(kind), words])
+            .filter(([count]) => count > 0)
+            .map(([count, [one, many]]) => count === 1 ? one : many.replace("#", count));
+        return [...entities, ...lost];
     }
 }

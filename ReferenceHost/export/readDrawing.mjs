@@ -4,7 +4,7 @@ import acad from "./acad.mjs";
 import { bezierChain } from "./bezierChain.mjs";
 import { plainText } from "./cadText.mjs";
 import { Others } from "./others.mjs";
-import { documentOf } from "./soundReading.mjs";
+import { withDocumentOf } from "./soundReading.mjs";
 
 const { Circle, Ellipse, Insert, Line, LwPolyline, Polyline2D, Spline, TextEntity } = acad;
 
@@ -15,8 +15,11 @@ const { Circle, Ellipse, Insert, Line, LwPolyline, Polyline2D, Spline, TextEntit
  */
 export function readDrawing(bytes) {
     const others = new Others();
-    const document = documentOf(bytes, kind => others.add(kind));
-    const records = [...document.blockRecords];
+    return withDocumentOf(bytes, kind => others.add(kind), document => drawingOf(document, others));
+}
+
+function drawingOf({ blockRecords, modelSpace }, others) {
+    const records = [...blockRecords];
     for (const { name, entities } of records) {
         if (/^\*paper_space/i.test(name))
             countOnPaper([...entities], others);
@@ -35,7 +38,7 @@ export function readDrawing(bytes) {
         blocks: blocks.map(record => ({
             name: plainText(record.name), base: xyz(record.blockEntity.basePoint), entities: read(record),
         })),
-        entities: read(document.modelSpace),
+        entities: read(modelSpace),
         others: others.inWords(),
     };
 }
@@ -158,7 +161,8 @@ function innerFirst(records, circular) {
         const stack = [];
         const enter = record => {
             open.add(record);
-            stack.push({ record, inserts: [...record.entities].filter(({ block }) => block && isPlainBlock(block)).values() });
+            const inserts = [...record.entities].filter(({ block }) => block && isPlainBlock(block));
+            stack.push({ record, inserts: inserts.values() });
         };
         if (!ordered.has(outermost))
             enter(outermost);

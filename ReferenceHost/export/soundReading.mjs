@@ -5,9 +5,9 @@
 import acad from "./acad.mjs";
 
 const {
-    CRC8StreamHandler, CadDocumentBuilder, CadNotSupportedException, CadTemplate, DwgObjectReader, DwgReader,
-    DwgStreamReaderBase, DxfClassMap, DxfCode, DxfProperty, DxfReader, DxfSectionReaderBase, DxfStreamReaderBase,
-    DxfTextReader, Entity, MathHelper, Polyline2D, XYZ,
+    BlockRecord, CRC8StreamHandler, CadDocumentBuilder, CadNotSupportedException, CadTemplate, DwgObjectReader,
+    DwgReader, DwgStreamReaderBase, DxfClassMap, DxfCode, DxfProperty, DxfReader, DxfSectionReaderBase,
+    DxfStreamReaderBase, DxfTextReader, Entity, MathHelper, Polyline2D, XYZ,
 } = acad;
 
 const dwgVersions = ["AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"];
@@ -16,10 +16,11 @@ const dwgVersions = ["AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024",
 let reading;
 
 /**
- * The document in `bytes`, which are a DWG or a DXF, whatever the name of the file. Calls `leaveOut` with the kind
- * ("HELIX", "damaged", "paper", "lost") of each entity that the document lacks. Throws an error that says what is wrong.
+ * What `use` makes of the document in `bytes`, which are a DWG or a DXF, whatever the name of the file. Calls
+ * `leaveOut` with the kind ("HELIX", "damaged", "paper", "lost") of each entity that the document lacks. Throws an
+ * error that says what is wrong.
  */
-export function documentOf(bytes, leaveOut) {
+export function withDocumentOf(bytes, leaveOut, use) {
     const reader = readerOf(bytes);
     reading.leaveOut = leaveOut;
     reader.configuration.keepUnknownEntities = true;
@@ -29,29 +30,35 @@ export function documentOf(bytes, leaveOut) {
     };
     try {
         const document = reader.read();
-        for (const { cadObject } of reading.onPaper) {
-            if (document.modelSpace.entities._entries.delete(cadObject))
-                leaveOut("paper");
-        }
-        for (const object of reader._builder.cadObjects.values()) {
-            if (object instanceof Entity && !object.owner && !parts.has(object.objectName))
-                leaveOut("lost");
-        }
-        return document;
+        leaveOutStrays(reader, document);
+        return use(document);
     } catch (error) {
         if (error instanceof CadNotSupportedException)
             throw new Error("its version cannot be read");
-        throw error instanceof Problem ? error : new Error(damaged, { cause: error });
+        throw error instanceof Problem ? error : new Error("it is damaged", { cause: error });
     }
 }
 
 class Problem extends Error {}
 
-const damaged = "it is damaged";
 const endsTooEarly = "it ends too early";
 
 /** What belongs to another entity and is found there. */
 const parts = new Set(["BLOCK", "ENDBLK", "SEQEND", "VERTEX", "ATTRIB"]);
+
+/** Takes what is on paper out of model space, and counts what is in no block. */
+function leaveOutStrays(reader, { modelSpace, blockRecords }) {
+    for (const { cadObject } of reading.onPaper) {
+        if (modelSpace.entities._entries.delete(cadObject))
+            reading.leaveOut("paper");
+    }
+    for (const object of reader._builder.cadObjects.values()) {
+        const isStray = object instanceof Entity ? !object.owner && !parts.has(object.objectName)
+            : object instanceof BlockRecord && blockRecords.tryGetValue(object.name) !== object;
+        if (isStray)
+            reading.leaveOut("lost");
+    }
+}
 
 function readerOf(bytes) {
     if (bytes.length === 0)
@@ -198,7 +205,6 @@ DxfProperty.prototype.setValue = function (code, object, value) {
 /** A layer, a block and a text style may have the same name. */
 const tables = { Layer: "layers", LineType: "lineTypesTable", TextStyle: "textStyles", BlockRecord: "blockRecords" };
 const { getTableReference } = CadTemplate.prototype;
-const { tryGetTableEntry } = CadDocumentBuilder.prototype;
 
 CadTemplate.prototype.getTableReference = function (builder, handle, name, type) {
     const found = getTableReference.call(this, builder, handle, "", type);
@@ -206,7 +212,7 @@ CadTemplate.prototype.getTableReference = function (builder, handle, name, type)
 };
 
 CadDocumentBuilder.prototype.tryGetTableEntry = function (name) {
-    return this.blockRecords.tryGetValue(name ?? "") ?? tryGetTableEntry.call(this, name);
+    return this.blockRecords.tryGetValue(name ?? "") ?? this.appIds.tryGetValue(name ?? "") ?? null;
 };
 
 const { degToRad, radToDeg } = MathHelper;
