@@ -62,11 +62,9 @@ const readers = new Map([
     [LwPolyline, readPolyline],
 
     [Polyline2D, (polyline, others) => {
-        const [fitted, spatial, mesh] = [2 | 4, 8, 16 | 64];
-        if (polyline.flags & mesh)
-            return "MESH";
+        const [fitted, spatial] = [2 | 4, 8 | 16 | 64];
         if (polyline.flags & spatial)
-            return "polyline3D";
+            return polyline.objectName;
         return polyline.flags & fitted ? "fitted" : readPolyline(polyline, others);
     }],
 
