@@ -92,13 +92,15 @@ void HostSession::noteSaved(const HostDocumentPtr &document, const QString &file
                             const QString &error)
 {
     const bool isSaved = error.isEmpty();
-    const QString name = fileName; // it may be the very one that changes
+    // `fileName` may be one of the two that change.
+    QString savedAs = isSaved ? fileName : QString();
+    QString refusedAs = isSaved ? QString() : fileName;
     if (isSaved)
         document->savedRevision = revision;
     else
-        report(QStringLiteral("%1: not saved: %2").arg(name, error));
-    document->fileName = isSaved ? name : QString();
-    document->refusedFileName = isSaved ? QString() : name;
+        report(QStringLiteral("%1: not saved: %2").arg(fileName, error));
+    document->fileName = std::move(savedAs);
+    document->refusedFileName = std::move(refusedAs);
     notifyDocumentsChanged();
 }
 

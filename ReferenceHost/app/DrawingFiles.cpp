@@ -43,10 +43,10 @@ bool asks(HostWindow &window, const QString &question, QMessageBox::StandardButt
 QString chosenName(HostWindow &window, QFileDialog &dialog, const QStringList &suffixes)
 {
     while (dialog.exec() == QDialog::Accepted) {
-        const QString file = dialog.selectedFiles().value(0);
+        QString file = dialog.selectedFiles().value(0);
         if (suffixes.contains(QFileInfo(file).suffix(), Qt::CaseInsensitive))
             return file;
-        const QString whole = file + QLatin1Char('.') + dialog.defaultSuffix();
+        QString whole = file + QLatin1Char('.') + dialog.defaultSuffix();
         const QString question = QStringLiteral("%1 already exists.\nDo you want to replace it?");
         if (!QFileInfo::exists(whole)
             || asks(window, question.arg(QFileInfo(whole).fileName()), QMessageBox::Yes))
