@@ -27,13 +27,15 @@ constexpr double quarterTurn = 1.57079632679489661923;
 const ViewTransform wholeView = {{50.0, 50.0, 0.0}, 2.0, {200.0, 200.0}};
 
 QImage painted(const Drawing &drawing, const ViewTransform &view,
-               const std::unordered_set<EntityId> &selection = {})
+               const std::unordered_set<EntityId> &selection = {}, const EntityBoxes *boxes = nullptr)
 {
     QImage image(view.size.toSize(), QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    DrawingPainter().paint(drawing, painter, view, selection);
+    DrawingPainter drawingPainter;
+    drawingPainter.setBoxes(boxes);
+    drawingPainter.paint(drawing, painter, view, selection);
     return image;
 }
 
@@ -131,6 +133,8 @@ private slots:
     void capitalsHaveTheLetterHeight();
     void explodedInstanceLooksTheSame_data();
     void explodedInstanceLooksTheSame();
+    void boxesLeaveOutNothing_data();
+    void boxesLeaveOutNothing();
     void farFromTheOrigin();
     void deepZoom_data();
     void deepZoom();
@@ -236,6 +240,7 @@ void tst_DrawingPainter::explodedInstanceLooksTheSame_data()
     QTest::newRow("moved") << Placement{{10, -5, 0}, {1, 1, 1}, 0.0};
     QTest::newRow("turned and mirrored") << Placement{{10, 60, 0}, {1, -0.7, 1}, 0.4};
     QTest::newRow("unevenly scaled") << Placement{{20, 10, 0}, {0.4, 0.9, 1}, 0.7};
+    QTest::newRow("pressed together") << Placement{{20, 0, 0}, {0.1, 0.9, 1}, 0.0};
     QTest::newRow("mirrored the other way") << Placement{{90, 0, 0}, {-0.8, 1, 1}, 0.0};
 }
 
@@ -252,6 +257,24 @@ void tst_DrawingPainter::explodedInstanceLooksTheSame()
         for (int x = 0; x < before.width(); ++x)
             QVERIFY2(std::abs(qGray(before.pixel(x, y)) - qGray(after.pixel(x, y))) < 90,
                      qPrintable(QStringLiteral("%1, %2").arg(x).arg(y)));
+    }
+}
+
+void tst_DrawingPainter::boxesLeaveOutNothing_data()
+{
+    explodedInstanceLooksTheSame_data();
+}
+
+void tst_DrawingPainter::boxesLeaveOutNothing()
+{
+    QFETCH(Placement, placement);
+    Drawing drawing = instanceOf(everyKind(0, 0), {}, placement);
+    drawing.createBlock(QStringLiteral("Outer"), {}, drawing.modelSpace());
+    drawing.add(BlockInstance{QStringLiteral("Outer"), {{3, 1, 0}, {1, 1, 1}, 0.0}});
+    const EntityBoxes boxes(drawing);
+    for (int place = 0; place < 100; ++place) {
+        const ViewTransform view = {{10.0 * (place % 10) + 5.0, place - place % 10 + 5.0, 0}, 4.0, {40, 40}};
+        QCOMPARE(painted(drawing, view, {}, &boxes), painted(drawing, view));
     }
 }
 

@@ -9,17 +9,21 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace refhost {
 
 namespace {
 
+constexpr int elementsOfLine = 16; // those that a path may have to cost as much as a line, next to its entity
+
 /// Where the entities of model space or of one placed block are shown.
 struct Place {
     Affine toDrawing;
     Affine toPixels;
     int depth = 0;
+    bool keepsAngles = true; // boxes hold here
 };
 
 QPointF pixelOf(const Point &point, const Place &place)
@@ -34,33 +38,59 @@ QPointF pixelVector(const Point &vector, const Place &place)
     return {pixels.x, pixels.y};
 }
 
-/// One pass over a drawing.
+/// Whether the straight line from `from` to `to` has a point in common with `rect`.
+bool meets(const QPointF &from, const QPointF &to, const QRectF &rect)
+{
+    const QPointF along = to - from;
+    const QPointF toCenter = rect.center() - from;
+    return std::min(from.x(), to.x()) <= rect.right() && std::max(from.x(), to.x()) >= rect.left()
+        && std::min(from.y(), to.y()) <= rect.bottom() && std::max(from.y(), to.y()) >= rect.top()
+        && 2.0 * std::abs(along.x() * toCenter.y() - along.y() * toCenter.x())
+        <= std::abs(along.x()) * rect.height() + std::abs(along.y()) * rect.width();
+}
+
+bool meets(const QPolygonF &line, const QRectF &rect)
+{
+    return std::adjacent_find(
+               line.begin(), line.end(),
+               [&rect](const QPointF &from, const QPointF &to) { return meets(from, to, rect); })
+        != line.end();
+}
+
+/// One pass over a drawing; without a painter it looks for lines in the view until it has found one.
 class Pass {
 public:
-    Pass(const Drawing &drawing, QPainter &painter, const ViewTransform &view, Lettering &lettering,
-         double lineWidth)
+    Pass(const Drawing &drawing, QPainter *painter, const ViewTransform &view, Lettering &lettering,
+         double lineWidth, const EntityBoxes *boxes, const std::function<bool(int)> &mayGoOn)
         : m_drawing(drawing)
         , m_painter(painter)
         , m_view(view)
         , m_lettering(lettering)
         , m_lineWidth(lineWidth)
+        , m_boxes(boxes)
+        , m_mayGoOn(mayGoOn)
     {
-        const double margin = lineWidth + 1.0;
-        m_visible = QRectF(QPointF(), view.size).adjusted(-margin, -margin, margin, margin);
+        const double margin = painter ? lineWidth + 1.0 : 0.0;
+        m_visible = viewRect().adjusted(-margin, -margin, margin, margin);
     }
+
+    bool isComplete() const { return !m_hasEnded; }
+    bool hasFound() const { return m_hasFound; }
 
     void setColour(const QColor &colour)
     {
         QPen pen(colour, m_lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
         pen.setCosmetic(true);
-        m_painter.setPen(pen);
-        m_painter.setBrush(Qt::NoBrush);
+        m_painter->setPen(pen);
+        m_painter->setBrush(Qt::NoBrush);
         m_colour = colour;
     }
 
-    void paint(const Entity &entity, const Place &place)
+    void paint(EntityId id, const Place &place)
     {
-        std::visit([&](const auto &shape) { show(shape, place); }, entity);
+        const Entity *entity = m_drawing.find(id);
+        if (entity && mayGoOn(1) && !isOutside(id, place))
+            std::visit([&](const auto &shape) { show(shape, place); }, *entity);
     }
 
     void paint(const BlockDefinition &block, const Placement &placement, const Place &outer)
@@ -71,11 +101,11 @@ public:
         place.toDrawing = combined(Affine::fromPlacement(placement, block.base), outer.toDrawing);
         place.toPixels = combined(place.toDrawing, m_view.toPixels());
         place.depth = outer.depth + 1;
+        place.keepsAngles = keepsAngles(place.toDrawing);
         for (const EntityId id : block.entities) {
-            if (place.depth > 1 && !mayStillPaintNested())
+            if (m_hasEnded || (place.depth > 1 && !mayStillPaintNested()))
                 return;
-            if (const Entity *entity = m_drawing.find(id))
-                paint(*entity, place);
+            paint(id, place);
         }
     }
 
@@ -109,13 +139,21 @@ private:
 
     void stroke(const VisiblePath &path);
     void strokeIfLong(VisiblePath &path);
+    void look(const QPainterPath &path, bool isFilled);
+    QRectF viewRect() const { return {QPointF(), m_view.size}; }
+    bool isOutside(EntityId id, const Place &place) const;
+    bool mayGoOn(int effort);
     bool mayStillPaintNested();
 
     const Drawing &m_drawing;
-    QPainter &m_painter;
+    QPainter *m_painter;
     const ViewTransform m_view;
     Lettering &m_lettering;
     const double m_lineWidth;
+    const EntityBoxes *m_boxes;
+    const std::function<bool(int)> m_mayGoOn;
+    bool m_hasEnded = false;
+    bool m_hasFound = false;
     QRectF m_visible;
     QColor m_colour;
     int m_nestedLeft = 2000000;
@@ -129,7 +167,7 @@ void Pass::show(const Polyline &polyline, const Place &place)
     VisiblePath path(m_visible);
     const QPointF first = pixelOf({points[0], points[1], 0.0}, place);
     QPointF from = first;
-    for (std::size_t i = 2; i + 1 < points.size(); i += 2) {
+    for (std::size_t i = 2; i + 1 < points.size() && !m_hasEnded; i += 2) {
         const QPointF to = pixelOf({points[i], points[i + 1], 0.0}, place);
         path.addLine(from, to);
         from = to;
@@ -144,7 +182,7 @@ void Pass::show(const Spline &spline, const Place &place)
 {
     const std::vector<Point> &control = spline.controlPoints;
     VisiblePath path(m_visible);
-    for (std::size_t i = 0; i + 3 < control.size(); i += 3) {
+    for (std::size_t i = 0; i + 3 < control.size() && !m_hasEnded; i += 3) {
         path.addCubic(pixelOf(control[i], place), pixelOf(control[i + 1], place),
                       pixelOf(control[i + 2], place), pixelOf(control[i + 3], place));
         strokeIfLong(path);
@@ -163,17 +201,22 @@ void Pass::show(const Note &note, const Place &place)
     if (!path.mayShow(start, height * widestLetter * (1 + shown.text.size())))
         return;
 
-    const bool isLegible = height >= smallestLegible;
+    const bool isLegible = m_painter && height >= smallestLegible;
     const double scale = height / m_lettering.outlineHeight();
     const double cosine = scale * std::cos(shown.rotation);
     const double sine = scale * std::sin(shown.rotation);
     const QTransform toPixels(cosine, -sine, sine, cosine, start.x(), start.y());
     path.addLetters(toPixels.map(isLegible ? m_lettering.outline(shown.text) : m_lettering.bar(shown.text)));
+    mayGoOn(path.path().elementCount() / elementsOfLine);
+    if (!m_painter) {
+        look(path.path(), true);
+        return;
+    }
 
     QColor colour = m_colour;
     if (!isLegible)
         colour.setAlphaF(0.4); // about as much ink as letters have
-    m_painter.fillPath(path.path(), colour);
+    m_painter->fillPath(path.path(), colour);
 }
 
 /// A shape too small for a line leaves a dot.
@@ -182,11 +225,15 @@ void Pass::stroke(const VisiblePath &path)
     constexpr double dot = 0.1; // pixels
     if (path.path().elementCount() == 0)
         return;
+    mayGoOn(path.path().elementCount() / elementsOfLine);
     const QRectF box = path.path().controlPointRect();
-    if (box.width() < dot && box.height() < dot)
-        m_painter.drawPoint(box.center());
+    const bool isDot = box.width() < dot && box.height() < dot;
+    if (!m_painter)
+        look(path.path(), false);
+    else if (isDot)
+        m_painter->drawPoint(box.center());
     else
-        m_painter.drawPath(path.path());
+        m_painter->drawPath(path.path());
 }
 
 /// Strokes what `path` has gathered when it is much. QPainter finds the outline of a path as a whole: a
@@ -198,6 +245,39 @@ void Pass::strokeIfLong(VisiblePath &path)
         return;
     stroke(path);
     path = VisiblePath(m_visible);
+}
+
+/// A path of no length has no polygons.
+void Pass::look(const QPainterPath &path, bool isFilled)
+{
+    const QRectF rect = viewRect();
+    const QList<QPolygonF> lines = path.toSubpathPolygons();
+    const QPointF center = path.controlPointRect().center();
+    m_hasFound =
+        m_hasFound || (lines.isEmpty() && path.elementCount() > 0 && meets(center, center, rect))
+        || std::any_of(lines.begin(), lines.end(), [&](const QPolygonF &line) {
+               return meets(line, rect) || (isFilled && line.containsPoint(rect.center(), Qt::WindingFill));
+           });
+    m_hasEnded = m_hasEnded || m_hasFound;
+}
+
+/// By the boxes, rounding and the width of lines allowed for.
+bool Pass::isOutside(EntityId id, const Place &place) const
+{
+    if (!m_boxes || !place.keepsAngles)
+        return false;
+    const Affine &map = place.toPixels;
+    const Extents box = m_boxes->of(id).mapped(map);
+    const double rounding = 1e-14 * (std::abs(map.e) + std::abs(map.f));
+    return box.maxX < m_visible.left() - rounding || box.minX > m_visible.right() + rounding
+        || box.maxY < m_visible.top() - rounding || box.minY > m_visible.bottom() + rounding;
+}
+
+bool Pass::mayGoOn(int effort)
+{
+    if (!m_hasEnded && m_mayGoOn && !m_mayGoOn(effort))
+        m_hasEnded = true;
+    return !m_hasEnded;
 }
 
 /// Blocks that hold one another twice on every level would otherwise be painted for ever.
@@ -223,12 +303,12 @@ DrawingPainter::DrawingPainter(const DrawingColours &colours)
 {
 }
 
-void DrawingPainter::paint(const Drawing &drawing, QPainter &painter, const ViewTransform &view,
+bool DrawingPainter::paint(const Drawing &drawing, QPainter &painter, const ViewTransform &view,
                            const std::unordered_set<EntityId> &selection)
 {
     painter.save();
-    Pass pass(drawing, painter, view, m_lettering, m_lineWidth);
-    const Place place{{}, view.toPixels(), 0};
+    Pass pass(drawing, &painter, view, m_lettering, m_lineWidth, m_boxes, m_mayGoOn);
+    const Place place{{}, view.toPixels()};
     bool wasSelected = false;
     pass.setColour(m_colours.ink);
     for (const EntityId id : drawing.modelSpace()) {
@@ -236,19 +316,28 @@ void DrawingPainter::paint(const Drawing &drawing, QPainter &painter, const View
         if (isSelected != wasSelected)
             pass.setColour(isSelected ? m_colours.selected : m_colours.ink);
         wasSelected = isSelected;
-        pass.paint(*drawing.find(id), place);
+        pass.paint(id, place);
     }
     painter.restore();
+    return pass.isComplete();
 }
 
-void DrawingPainter::paintBlock(const Drawing &drawing, const BlockDefinition &block,
+bool DrawingPainter::paintBlock(const Drawing &drawing, const BlockDefinition &block,
                                 const Placement &placement, QPainter &painter, const ViewTransform &view)
 {
     painter.save();
-    Pass pass(drawing, painter, view, m_lettering, m_lineWidth);
+    Pass pass(drawing, &painter, view, m_lettering, m_lineWidth, m_boxes, m_mayGoOn);
     pass.setColour(m_colours.selected);
-    pass.paint(block, placement, Place{{}, view.toPixels(), 0});
+    pass.paint(block, placement, Place{{}, view.toPixels()});
     painter.restore();
+    return pass.isComplete();
+}
+
+bool DrawingPainter::isInView(const Drawing &drawing, EntityId id, const ViewTransform &view)
+{
+    Pass pass(drawing, nullptr, view, m_lettering, m_lineWidth, m_boxes, {});
+    pass.paint(id, Place{{}, view.toPixels()});
+    return pass.hasFound();
 }
 
 } // namespace refhost

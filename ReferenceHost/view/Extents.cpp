@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace refhost {
 
@@ -65,17 +66,12 @@ private:
     void add(const Note &note, const Affine &map, int /*depth*/, Extents &extents)
     {
         const Note shown = std::get<Note>(transformed(note, map));
-        const double width = m_lettering.width(shown.text);
-        if (width <= 0.0)
-            return;
-        Affine place;
-        place.a = shown.height * std::cos(shown.rotation);
-        place.b = shown.height * std::sin(shown.rotation);
-        place.c = -place.b;
-        place.d = place.a;
-        place.e = shown.position.x;
-        place.f = shown.position.y;
-        extents.add(Extents{0.0, -m_lettering.descent(), width, m_lettering.ascent()}, place);
+        if (!m_lettering)
+            m_lettering.emplace();
+        const double width = m_lettering->width(shown.text);
+        if (width > 0.0)
+            extents.add(Extents{0.0, -m_lettering->descent(), width, m_lettering->ascent()},
+                        placeOfLetters(shown));
     }
 
     void add(const BlockInstance &instance, const Affine &map, int depth, Extents &extents)
@@ -106,7 +102,7 @@ private:
     }
 
     const Drawing &m_drawing;
-    Lettering m_lettering;
+    std::optional<Lettering> m_lettering; // costs more than most entities
     QHash<const BlockDefinition *, Extents> m_blocks;
 };
 
@@ -185,10 +181,23 @@ void Extents::add(const Extents &other, const Affine &map)
     }
 }
 
+Extents Extents::mapped(const Affine &map) const
+{
+    const Point middle = map.mapPoint(center());
+    const double x = std::abs(map.a) * halfWidth() + std::abs(map.c) * halfHeight();
+    const double y = std::abs(map.b) * halfWidth() + std::abs(map.d) * halfHeight();
+    return {middle.x - x, middle.y - y, middle.x + x, middle.y + y};
+}
+
 Extents extentsOf(const Drawing &drawing)
 {
+    return extentsOf(drawing, drawing.modelSpace());
+}
+
+Extents extentsOf(const Drawing &drawing, const std::vector<EntityId> &entities)
+{
     Extents extents;
-    Measurement(drawing).measure(drawing.modelSpace(), {}, 0, extents);
+    Measurement(drawing).measure(entities, {}, 0, extents);
     return extents;
 }
 

@@ -4,6 +4,8 @@
 
 #include "drawing/Entity.h"
 
+#include <cmath>
+
 namespace refhost {
 
 /// Blocks nested deeper than this are neither measured nor painted; it bounds the recursion.
@@ -12,6 +14,15 @@ constexpr int deepestNesting = 64;
 inline Ellipse asEllipse(const Circle &circle)
 {
     return {circle.center, {circle.radius, 0.0, 0.0}, circle.radius};
+}
+
+/// The map of letters that stand on the x axis from 0 on, one unit high, to where `note` puts them, which has
+/// been transformed().
+inline Affine placeOfLetters(const Note &note)
+{
+    const double cosine = note.height * std::cos(note.rotation);
+    const double sine = note.height * std::sin(note.rotation);
+    return {cosine, sine, -sine, cosine, note.position.x, note.position.y, 1.0, 0.0};
 }
 
 /// From the centre of `ellipse` to one end of the axis that is not `ellipse.axis`.

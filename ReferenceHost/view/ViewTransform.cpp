@@ -34,6 +34,12 @@ ViewTransform ViewTransform::fitting(const Extents &extents, const QSizeF &size,
     return view;
 }
 
+bool ViewTransform::operator==(const ViewTransform &other) const
+{
+    return center.x == other.center.x && center.y == other.center.y && pixelsPerUnit == other.pixelsPerUnit
+        && size == other.size;
+}
+
 Affine ViewTransform::toPixels() const
 {
     Affine map;

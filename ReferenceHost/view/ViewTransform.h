@@ -19,6 +19,9 @@ struct ViewTransform {
     /// pixels. A single point stands in the middle at one pixel per unit.
     static ViewTransform fitting(const Extents &extents, const QSizeF &size, double margin);
 
+    bool operator==(const ViewTransform &other) const;
+    bool operator!=(const ViewTransform &other) const { return !(*this == other); }
+
     /// From drawing units to pixels.
     Affine toPixels() const;
     QPointF toPixels(const Point &point) const;
