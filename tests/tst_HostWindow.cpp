@@ -9,8 +9,10 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPainter>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QSettings>
@@ -96,6 +98,7 @@ private slots:
     void typedLines();
     void zoomKeepsThePointUnderTheCursor();
     void selectionByClick();
+    void pictureOfALargeDrawing();
     void fileDialogNamesThePicture_data();
     void fileDialogNamesThePicture();
     void preparedFiles_data();
@@ -411,6 +414,13 @@ void tst_HostWindow::zoomKeepsThePointUnderTheCursor()
     moveMouse(canvas, pixel.toPoint() + QPoint(99, 99));
     QCOMPARE(canvas.view().toDrawing(pixel + QPointF(30, 20)).x, before.x);
 
+    // A dialog that lay over the canvas was closed.
+    auto *coordinates = m_window->findChild<QLabel *>(QStringLiteral("coordinates"));
+    coordinates->clear();
+    QEnterEvent comesIn(pixel, pixel, canvas.mapToGlobal(pixel.toPoint()));
+    QApplication::sendEvent(&canvas, &comesIn);
+    QVERIFY(!coordinates->text().isEmpty());
+
     ViewTransform huge = canvas.view();
     huge.pixelsPerUnit = 1e-20;
     QVERIFY(magnified(huge, pixel, 0.8).pixelsPerUnit <= huge.pixelsPerUnit);
@@ -440,6 +450,40 @@ void tst_HostWindow::selectionByClick()
     QCOMPARE(document.drawing.modelSpace().size(), std::size_t(1));
     QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixelOf(25, 5)); // nothing there any more
     QVERIFY(document.selection.empty());
+}
+
+void tst_HostWindow::pictureOfALargeDrawing()
+{
+    Drawing drawing;
+    for (int i = 0; i < 2000; ++i)
+        drawing.add(Line{{0.1 * i, 0, 0}, {200.0 - 0.1 * i, 100, 0}});
+    const auto boxes = std::make_shared<EntityBoxes>(drawing);
+    const auto paint = [boxes](DrawingPainter &drawingPainter, QPainter &painter, const ViewTransform &view) {
+        return drawingPainter.paint(boxes->drawing(), painter, view);
+    };
+    const ViewTransform view = {{50, 50, 0}, 2.0, {200, 200}};
+    QImage atOnce(200, 200, QImage::Format_ARGB32_Premultiplied);
+    atOnce.fill(Qt::transparent);
+    const auto shownBy = [image = atOnce](const auto &show) {
+        QImage shown = image;
+        QPainter painter(&shown);
+        painter.setRenderHint(QPainter::Antialiasing);
+        show(painter);
+        painter.end();
+        return shown;
+    };
+    atOnce = shownBy([&](QPainter &painter) { DrawingPainter().paint(drawing, painter, view); });
+
+    Sheet sheet(DrawingColours::light());
+    const auto shownBySheet = [&] {
+        return shownBy([&](QPainter &painter) { sheet.show(painter, view, true); });
+    };
+    sheet.setContent(boxes, paint);
+    QVERIFY(shownBySheet() != atOnce);
+    QVERIFY(sheet.isPainting());
+    sheet.setContent(boxes, paint); // while it is painted
+    QVERIFY(!sheet.isPainting());
+    QTRY_COMPARE(shownBySheet(), atOnce);
 }
 
 void tst_HostWindow::fileDialogNamesThePicture_data()

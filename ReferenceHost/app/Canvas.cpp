@@ -1,5 +1,4 @@
-// Keeps the painted drawing as a picture, so that crosshair and preview can follow the cursor at any size of
-// drawing.
+// A frame is made of what sheets hold and of little more, so that it costs the same at any size of drawing.
 
 #include "app/Canvas.h"
 
@@ -19,23 +18,30 @@ namespace refhost {
 namespace {
 
 constexpr double extentsMargin = 24.0; // pixels
+constexpr int restMilliseconds = 100;
+constexpr double previewReach = 2.0; // in sizes of the canvas, for a block that is moved about
 
 } // namespace
 
 void Canvas::paintEvent(QPaintEvent * /*event*/)
 {
-    if (m_sheet.isNull())
-        paintSheet();
     QPainter painter(this);
-    painter.drawPixmap(0, 0, m_sheet);
+    painter.fillRect(rect(), m_colours.paper);
+    if (m_document) {
+        paintGrid(painter, m_view, m_colours);
+        m_sheet.show(painter, m_view, isAtRest());
+        if (const auto view = previewView())
+            m_previewSheet.show(painter, *view, isAtRest());
+    }
     painter.setRenderHint(QPainter::Antialiasing);
-    paintPreview(painter);
     paintCrosshair(painter);
 }
 
 Canvas::Canvas(const DrawingColours &colours, QWidget *parent)
     : QWidget(parent)
-    , m_painter(colours)
+    , m_colours(colours)
+    , m_sheet(colours)
+    , m_previewSheet(colours, previewReach)
 {
     setObjectName(QStringLiteral("canvas"));
     setMouseTracking(true);
@@ -44,6 +50,11 @@ Canvas::Canvas(const DrawingColours &colours, QWidget *parent)
     setCursor(Qt::BlankCursor);
     setAttribute(Qt::WA_OpaquePaintEvent);
     m_view.size = size();
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(restMilliseconds);
+    connect(&m_rest, &QTimer::timeout, this, QOverload<>::of(&Canvas::update));
+    for (const Sheet *sheet : {&m_sheet, &m_previewSheet})
+        connect(sheet, &Sheet::painted, this, QOverload<>::of(&Canvas::update));
 }
 
 void Canvas::setDocument(const HostDocumentPtr &document)
@@ -53,6 +64,9 @@ void Canvas::setDocument(const HostDocumentPtr &document)
     if (m_document && !m_showsNothingYet)
         m_earlierViews[m_document.get()] = m_view;
     m_document = document;
+    m_state.reset();
+    m_sheet.clear();
+    m_previewSheet.clear();
 
     const auto earlier = m_earlierViews.find(document.get());
     m_showsNothingYet = earlier == m_earlierViews.end();
@@ -74,7 +88,7 @@ void Canvas::keepViewsOf(const std::vector<HostDocumentPtr> &open)
 
 void Canvas::drawingChanged()
 {
-    m_sheet = {};
+    takeState();
     if (m_showsNothingYet && m_document && !m_document->drawing.modelSpace().empty())
         zoomToExtents();
     update();
@@ -90,7 +104,6 @@ void Canvas::zoomToExtents()
 void Canvas::setView(const ViewTransform &view)
 {
     m_view = view;
-    m_sheet = {};
     m_showsNothingYet = m_document && m_document->drawing.modelSpace().empty();
     update();
     if (m_cursor)
@@ -106,35 +119,60 @@ void Canvas::setPickingPoint(bool picking)
 void Canvas::setPreview(const std::optional<BlockPreview> &preview)
 {
     m_preview = preview;
+    takeState();
+    setPreviewContent();
     update();
 }
 
-void Canvas::paintSheet()
+/// What the sheets show, taken of the drawing as it is now. They keep it, whatever becomes of the drawing.
+void Canvas::takeState()
 {
-    const double ratio = devicePixelRatioF();
-    m_sheet = QPixmap(size() * ratio);
-    m_sheet.setDevicePixelRatio(ratio);
-    m_sheet.fill(m_painter.colours().paper);
-    QPainter painter(&m_sheet);
     if (!m_document)
         return;
-    paintGrid(painter, m_view, m_painter.colours());
-    painter.setRenderHint(QPainter::Antialiasing);
-    const std::vector<EntityId> &selection = m_document->selection;
-    m_painter.paint(m_document->drawing, painter, m_view, {selection.begin(), selection.end()});
+    const bool isNew = !m_state || m_state->drawing().revision() != m_document->drawing.revision();
+    if (isNew)
+        m_state = std::make_shared<EntityBoxes>(m_document->drawing);
+    if (isNew || m_selection != m_document->selection) {
+        m_selection = m_document->selection;
+        m_sheet.setContent(m_state,
+                           [state = m_state,
+                            selected = std::unordered_set<EntityId>(m_selection.begin(), m_selection.end())](
+                               DrawingPainter &drawingPainter, QPainter &painter, const ViewTransform &view) {
+                               return drawingPainter.paint(state->drawing(), painter, view, selected);
+                           });
+    }
+    if (isNew)
+        setPreviewContent();
 }
 
-void Canvas::paintPreview(QPainter &painter)
+void Canvas::setPreviewContent()
 {
-    if (!m_preview || !m_document)
+    m_previewSheet.clear();
+    const BlockDefinition *block =
+        m_preview && m_state ? m_state->drawing().block(m_preview->blockName) : nullptr;
+    if (!block)
         return;
-    const BlockDefinition *block = m_document->drawing.block(m_preview->blockName);
-    if (!block || (m_preview->followsCursor && !m_cursor))
-        return;
-    Placement placement = m_preview->placement;
-    if (m_preview->followsCursor)
-        placement.position = m_view.toDrawing(*m_cursor);
-    m_painter.paintBlock(m_document->drawing, *block, placement, painter, m_view);
+    Placement atOrigin = m_preview->placement;
+    atOrigin.position = {};
+    m_previewSheet.setContent(
+        m_state,
+        [state = m_state, block, atOrigin](DrawingPainter &drawingPainter, QPainter &painter,
+                                           const ViewTransform &view) {
+            return drawingPainter.paintBlock(state->drawing(), *block, atOrigin, painter, view);
+        });
+}
+
+/// Where the preview's block stands for the canvas, as seen from the block.
+std::optional<ViewTransform> Canvas::previewView() const
+{
+    if (!m_preview || (m_preview->followsCursor && !m_cursor))
+        return {};
+    const Point position =
+        m_preview->followsCursor ? m_view.toDrawing(*m_cursor) : m_preview->placement.position;
+    ViewTransform view = m_view;
+    view.center.x -= position.x;
+    view.center.y -= position.y;
+    return view;
 }
 
 void Canvas::paintCrosshair(QPainter &painter) const
@@ -144,7 +182,7 @@ void Canvas::paintCrosshair(QPainter &painter) const
     constexpr double box = 4.0; // half of the pick box, in pixels
     const double x = std::floor(m_cursor->x()) + 0.5;
     const double y = std::floor(m_cursor->y()) + 0.5;
-    QColor colour = m_painter.colours().ink;
+    QColor colour = m_colours.ink;
     colour.setAlphaF(0.65);
     painter.setPen(QPen(colour, 1.0));
     painter.setRenderHint(QPainter::Antialiasing, false);
@@ -160,7 +198,6 @@ void Canvas::paintCrosshair(QPainter &painter) const
 void Canvas::resizeEvent(QResizeEvent * /*event*/)
 {
     m_view.size = size();
-    m_sheet = {};
 }
 
 void Canvas::wheelEvent(QWheelEvent *event)
@@ -168,6 +205,7 @@ void Canvas::wheelEvent(QWheelEvent *event)
     constexpr double factorPerNotch = 1.25;
     constexpr double unitsPerNotch = 120.0;
     m_cursor = event->position();
+    m_rest.start();
     const double factor = std::pow(factorPerNotch, event->angleDelta().y() / unitsPerNotch);
     setView(magnified(m_view, event->position(), factor));
 }
@@ -186,13 +224,15 @@ void Canvas::mousePressEvent(QMouseEvent *event)
         m_isPressed = true;
         return;
     }
-    const auto hit = entityAt(m_document->drawing, m_painter, m_view, event->localPos());
+    takeState();
+    const auto hit = entityAt(*m_state, m_view, event->localPos());
     emit entityPicked(hit.value_or(0), event->modifiers().testFlag(Qt::ShiftModifier));
 }
 
 void Canvas::mouseMoveEvent(QMouseEvent *event)
 {
     m_cursor = event->localPos();
+    m_rest.start();
     if (m_panFrom && !event->buttons().testFlag(Qt::MiddleButton))
         endPanning(); // it was let go over a dialog
     if (m_panFrom) {
@@ -238,6 +278,7 @@ void Canvas::mouseDoubleClickEvent(QMouseEvent *event)
 void Canvas::enterEvent(QEvent *event)
 {
     m_cursor = static_cast<QEnterEvent *>(event)->localPos();
+    emit cursorMoved(m_view.toDrawing(*m_cursor));
     update();
 }
 

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "api/HostDocument.h"
-#include "view/DrawingPainter.h"
+#include "app/Sheet.h"
 
-#include <QPixmap>
+#include <QTimer>
 #include <QWidget>
 
 #include <optional>
@@ -30,10 +30,12 @@ public:
     void setDocument(const HostDocumentPtr &document);
     /// Forgets where the user was in drawings that are not among `open`.
     void keepViewsOf(const std::vector<HostDocumentPtr> &open);
-    /// Paints the drawing anew. One that was empty before is shown as a whole.
+    /// Shows the drawing and its selection as they are now. One that was empty before is shown as a whole.
     void drawingChanged();
 
     const ViewTransform &view() const { return m_view; }
+    /// False while a better picture than the one shown is to be expected.
+    bool isUpToDate() const { return isAtRest() && !m_sheet.isPainting() && !m_previewSheet.isPainting(); }
     void zoomToExtents();
 
     /// While true, a click picks a point instead of an entity.
@@ -60,15 +62,21 @@ protected:
 private:
     void setView(const ViewTransform &view);
     void endPanning();
-    void paintSheet();
-    void paintPreview(QPainter &painter);
+    void takeState();
+    void setPreviewContent();
+    bool isAtRest() const { return !m_rest.isActive(); }
+    std::optional<ViewTransform> previewView() const;
     void paintCrosshair(QPainter &painter) const;
 
-    DrawingPainter m_painter;
+    const DrawingColours m_colours;
     HostDocumentPtr m_document;
+    std::shared_ptr<const EntityBoxes> m_state; // the drawing as it is shown
+    std::vector<EntityId> m_selection;          // as it is shown
     ViewTransform m_view;
     std::unordered_map<const HostDocument *, ViewTransform> m_earlierViews;
-    QPixmap m_sheet; // the drawing as painted last; null when it has to be painted anew
+    Sheet m_sheet;
+    Sheet m_previewSheet; // with the preview's block at the origin, whatever place it is shown at
+    QTimer m_rest;        // runs until the mouse has rested
     std::optional<BlockPreview> m_preview;
     std::optional<QPointF> m_cursor;
     std::optional<QPointF> m_panFrom;

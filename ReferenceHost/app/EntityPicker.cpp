@@ -1,9 +1,10 @@
-// Paints one entity after the other onto a sheet as small as the pick box, until one leaves a mark.
+// Looks for lines within the pick box.
 
 #include "app/EntityPicker.h"
 
-#include <QImage>
-#include <QPainter>
+#include "view/DrawingPainter.h"
+
+#include <QRectF>
 
 #include <algorithm>
 
@@ -11,33 +12,25 @@ namespace refhost {
 
 namespace {
 
-constexpr int pickBox = 9; // pixels
+constexpr double pickBox = 9.0; // pixels
 
-bool hasInk(const QImage &sheet)
+/// The view that shows what `view` shows in `pixels`.
+ViewTransform partOf(const ViewTransform &view, const QRectF &pixels)
 {
-    const uchar *bits = sheet.constBits();
-    return std::any_of(bits, bits + sheet.sizeInBytes(), [](uchar byte) { return byte != 0; });
+    return {view.toDrawing(pixels.center()), view.pixelsPerUnit, pixels.size()};
 }
 
 } // namespace
 
-std::optional<EntityId> entityAt(const Drawing &drawing, DrawingPainter &drawingPainter,
-                                 const ViewTransform &view, const QPointF &pixel)
+std::optional<EntityId> entityAt(const EntityBoxes &boxes, const ViewTransform &view, const QPointF &pixel)
 {
-    QImage sheet(pickBox, pickBox, QImage::Format_ARGB32_Premultiplied);
-    sheet.fill(Qt::transparent);
-    ViewTransform box;
-    box.center = view.toDrawing(pixel);
-    box.pixelsPerUnit = view.pixelsPerUnit;
-    box.size = sheet.size();
-
-    QPainter painter(&sheet);
-    const std::vector<EntityId> entities = drawing.modelSpace();
-    const auto hit = std::find_if(entities.rbegin(), entities.rend(), [&](EntityId id) {
-        const BlockDefinition justThis = {{}, {}, {id}};
-        drawingPainter.paintBlock(drawing, justThis, Placement(), painter, box);
-        return hasInk(sheet);
-    });
+    DrawingPainter painter;
+    painter.setBoxes(&boxes);
+    const QPointF corner(0.5 * pickBox, 0.5 * pickBox);
+    const ViewTransform box = partOf(view, {pixel - corner, pixel + corner});
+    const std::vector<EntityId> entities = boxes.drawing().modelSpace();
+    const auto hit = std::find_if(entities.rbegin(), entities.rend(),
+                                  [&](EntityId id) { return painter.isInView(boxes.drawing(), id, box); });
     return hit == entities.rend() ? std::nullopt : std::make_optional(*hit);
 }
 

@@ -2,15 +2,15 @@
 
 #pragma once
 
-#include "view/DrawingPainter.h"
+#include "view/EntityBoxes.h"
+#include "view/ViewTransform.h"
 
 #include <optional>
 
 namespace refhost {
 
-/// The topmost entity of model space that leaves ink within a few pixels of `pixel`; a block instance counts
-/// as one entity. It is found by painting, so that exactly what can be seen can be picked.
-std::optional<EntityId> entityAt(const Drawing &drawing, DrawingPainter &drawingPainter,
-                                 const ViewTransform &view, const QPointF &pixel);
+/// The topmost entity of model space that has a line or letters within a few pixels of `pixel`; a block
+/// instance counts as one entity.
+std::optional<EntityId> entityAt(const EntityBoxes &boxes, const ViewTransform &view, const QPointF &pixel);
 
 } // namespace refhost
