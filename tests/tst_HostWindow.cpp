@@ -98,6 +98,8 @@ private slots:
     void typedLines();
     void zoomKeepsThePointUnderTheCursor();
     void selectionByClick();
+    void selectionByWindow_data();
+    void selectionByWindow();
     void pictureOfALargeDrawing();
     void fileDialogNamesThePicture_data();
     void fileDialogNamesThePicture();
@@ -449,6 +451,71 @@ void tst_HostWindow::selectionByClick()
     type(*m_window, QStringLiteral("_DELETE"));
     QCOMPARE(document.drawing.modelSpace().size(), std::size_t(1));
     QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixelOf(25, 5)); // nothing there any more
+    QVERIFY(document.selection.empty());
+}
+
+void tst_HostWindow::selectionByWindow_data()
+{
+    QTest::addColumn<QLine>("drag"); // in the drawing
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<QVector<int>>("selected"); // line, circle, note and turned square are 2, 3, 4 and 5
+
+    const Qt::KeyboardModifiers none;
+    QTest::newRow("to the right: what lies wholly inside")
+        << QLine(-10, -10, 180, 100) << none << QVector<int>{2, 3, 4};
+    QTest::newRow("to the left: also what it touches")
+        << QLine(185, 95, -10, 50) << none << QVector<int>{2, 3, 5};
+    QTest::newRow("a line whose box it meets is not touched")
+        << QLine(80, 25, 40, 5) << none << QVector<int>{};
+    QTest::newRow("a line whose ends lie outside is touched")
+        << QLine(65, 35, 40, 20) << none << QVector<int>{2};
+    QTest::newRow("a circle around it is not touched") << QLine(80, 85, 60, 70) << none << QVector<int>{};
+    QTest::newRow("a text is touched where it has letters")
+        << QLine(120, -5, 110, 5) << none << QVector<int>{4};
+    QTest::newRow("a text is not inside with its first letters")
+        << QLine(90, -10, 120, 20) << none << QVector<int>{};
+    QTest::newRow("a turned block is touched by its own lines")
+        << QLine(159, 58, 151, 52) << none << QVector<int>{};
+    QTest::newRow("a turned block lies inside with its own lines")
+        << QLine(149, 49, 191, 91) << none << QVector<int>{5};
+    QTest::newRow("with the shift key: out of the selection")
+        << QLine(100, 100, -10, 30) << Qt::KeyboardModifiers(Qt::ShiftModifier) << QVector<int>{4, 5};
+}
+
+void tst_HostWindow::selectionByWindow()
+{
+    QFETCH(QLine, drag);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    QFETCH(QVector<int>, selected);
+
+    m_window->resize(1600, 1200);
+    Canvas &canvas = m_window->canvas();
+    HostDocument &document = *m_window->session().activeDocument();
+    document.drawing = drawingWithBlock();
+    document.drawing.add(Line{{0, 0, 0}, {90, 60, 0}});
+    document.drawing.add(Circle{{70, 75, 0}, 20});
+    document.drawing.add(Note{{100, 0, 0}, 10, 0, QStringLiteral("MMMM")});
+    document.drawing.add(BlockInstance{QStringLiteral("SQUARE"), {{170, 50, 0}, {2.8, 2.8, 1}, M_PI_4}});
+    if (modifiers)
+        document.selectAll();
+    m_window->session().notifyDocumentsChanged();
+    QCoreApplication::processEvents();
+    type(*m_window, QStringLiteral("_ZOOMEXTENTS"));
+    const auto pixelOf = [&canvas](const QPoint &point) {
+        return canvas.view().toPixels({1.0 * point.x(), 1.0 * point.y(), 0.0}).toPoint();
+    };
+    QTest::mousePress(&canvas, Qt::LeftButton, modifiers, pixelOf(drag.p1()));
+    moveMouse(canvas, pixelOf(drag.p2()), Qt::LeftButton);
+    QTest::mouseRelease(&canvas, Qt::LeftButton, modifiers, pixelOf(drag.p2()));
+    QCOMPARE(QVector<int>(document.selection.begin(), document.selection.end()), selected);
+
+    // Esc ends a drag and leaves the selection.
+    QTest::mousePress(&canvas, Qt::LeftButton, {}, QPoint(2, 2));
+    QTest::keyClick(&edit(*m_window), Qt::Key_Escape);
+    QTest::mouseRelease(&canvas, Qt::LeftButton, {}, canvas.rect().bottomRight());
+    QCOMPARE(int(document.selection.size()), selected.size());
+    QTest::mousePress(&canvas, Qt::LeftButton, {}, QPoint(2, 2));
+    QTest::mouseRelease(&canvas, Qt::LeftButton, {}, QPoint(4, 3)); // a click at nothing
     QVERIFY(document.selection.empty());
 }
 

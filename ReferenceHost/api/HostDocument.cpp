@@ -5,6 +5,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace refhost {
 
@@ -19,15 +20,18 @@ bool HostDocument::isUntouched() const
         && drawing.blocks().empty();
 }
 
-void HostDocument::select(EntityId id)
+void HostDocument::select(const std::vector<EntityId> &ids)
 {
-    deselect(id);
-    selection.push_back(id);
+    deselect(ids);
+    selection.insert(selection.end(), ids.begin(), ids.end());
 }
 
-void HostDocument::deselect(EntityId id)
+void HostDocument::deselect(const std::vector<EntityId> &ids)
 {
-    selection.erase(std::remove(selection.begin(), selection.end(), id), selection.end());
+    const std::unordered_set<EntityId> leaving(ids.begin(), ids.end());
+    selection.erase(std::remove_if(selection.begin(), selection.end(),
+                                   [&leaving](EntityId id) { return leaving.count(id) > 0; }),
+                    selection.end());
 }
 
 void HostDocument::selectAll()

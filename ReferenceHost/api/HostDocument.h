@@ -40,9 +40,10 @@ struct HostDocument {
     /// The name of its file without the folder, or its title.
     QString shownName() const;
 
-    /// Adds an entity to the selection, or takes it out; nothing happens when that is so already.
-    void select(EntityId id);
-    void deselect(EntityId id);
+    /// Adds entities to the selection, or takes them out; nothing happens to one for which that is so
+    /// already.
+    void select(const std::vector<EntityId> &ids);
+    void deselect(const std::vector<EntityId> &ids);
     void selectAll();
 
     void eraseSelection();

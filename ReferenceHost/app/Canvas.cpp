@@ -34,6 +34,7 @@ void Canvas::paintEvent(QPaintEvent * /*event*/)
             m_previewSheet.show(painter, *view, isAtRest());
     }
     painter.setRenderHint(QPainter::Antialiasing);
+    paintWindow(painter);
     paintCrosshair(painter);
 }
 
@@ -67,6 +68,7 @@ void Canvas::setDocument(const HostDocumentPtr &document)
     m_state.reset();
     m_sheet.clear();
     m_previewSheet.clear();
+    cancelDrag();
 
     const auto earlier = m_earlierViews.find(document.get());
     m_showsNothingYet = earlier == m_earlierViews.end();
@@ -113,6 +115,7 @@ void Canvas::setView(const ViewTransform &view)
 void Canvas::setPickingPoint(bool picking)
 {
     m_isPickingPoint = picking;
+    cancelDrag();
     update();
 }
 
@@ -175,6 +178,25 @@ std::optional<ViewTransform> Canvas::previewView() const
     return view;
 }
 
+/// From where the drag began to the cursor; a drag to the left has a negative width.
+QRectF Canvas::window() const
+{
+    return {m_view.toPixels(*m_dragFrom), *m_cursor};
+}
+
+/// Solid and closed for what lies inside, dashed for what it touches.
+void Canvas::paintWindow(QPainter &painter) const
+{
+    if (!m_dragFrom || !m_cursor)
+        return;
+    QColor fill = m_colours.selected;
+    fill.setAlphaF(0.15);
+    painter.setPen(QPen(m_colours.selected, 1.0, window().width() < 0.0 ? Qt::DashLine : Qt::SolidLine));
+    painter.setBrush(fill);
+    painter.drawRect(window().normalized());
+    painter.setBrush(Qt::NoBrush);
+}
+
 void Canvas::paintCrosshair(QPainter &painter) const
 {
     if (!m_cursor || m_panFrom)
@@ -225,14 +247,18 @@ void Canvas::mousePressEvent(QMouseEvent *event)
         return;
     }
     takeState();
-    const auto hit = entityAt(*m_state, m_view, event->localPos());
-    emit entityPicked(hit.value_or(0), event->modifiers().testFlag(Qt::ShiftModifier));
+    if (const auto hit = entityAt(*m_state, m_view, event->localPos()))
+        emit entitiesPicked({*hit}, event->modifiers().testFlag(Qt::ShiftModifier));
+    else
+        m_dragFrom = m_view.toDrawing(event->localPos());
 }
 
 void Canvas::mouseMoveEvent(QMouseEvent *event)
 {
     m_cursor = event->localPos();
     m_rest.start();
+    if (!event->buttons().testFlag(Qt::LeftButton))
+        cancelDrag();
     if (m_panFrom && !event->buttons().testFlag(Qt::MiddleButton))
         endPanning(); // it was let go over a dialog
     if (m_panFrom) {
@@ -253,6 +279,10 @@ void Canvas::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::MiddleButton)
         endPanning();
+    if (event->button() == Qt::LeftButton && m_dragFrom) {
+        m_cursor = event->localPos();
+        endDrag(event->modifiers().testFlag(Qt::ShiftModifier));
+    }
     if (event->button() != Qt::LeftButton || !std::exchange(m_isPressed, false) || !m_isPickingPoint)
         return;
     // Not at the press: what answers it must find the canvas done with its mouse button.
@@ -264,6 +294,29 @@ void Canvas::endPanning()
     m_panFrom.reset();
     setCursor(Qt::BlankCursor);
     update();
+}
+
+/// What was dragged no further than a hand shakes was a click at nothing.
+void Canvas::endDrag(bool removes)
+{
+    constexpr double leastDrag = 4.0; // pixels
+    const QRectF dragged = window();
+    cancelDrag();
+    takeState();
+    if (std::hypot(dragged.width(), dragged.height()) < leastDrag) {
+        emit entitiesPicked({}, removes);
+        return;
+    }
+    const Within within = dragged.width() < 0.0 ? Within::Partly : Within::Wholly;
+    const std::vector<EntityId> ids = entitiesIn(*m_state, m_view, dragged.normalized(), within);
+    if (!ids.empty())
+        emit entitiesPicked(ids, removes);
+}
+
+bool Canvas::cancelDrag()
+{
+    update();
+    return std::exchange(m_dragFrom, std::nullopt).has_value();
 }
 
 void Canvas::mouseDoubleClickEvent(QMouseEvent *event)

@@ -42,11 +42,15 @@ public:
     void setPickingPoint(bool picking);
     void setPreview(const std::optional<BlockPreview> &preview);
 
+    /// Ends the drag of a window; false when there is none.
+    bool cancelDrag();
+
 signals:
     void cursorMoved(const refhost::Point &point);
     void pointPicked(const refhost::Point &point);
-    /// The user clicked at entity `id`, or at none (0); `removes` when he held the shift key.
-    void entityPicked(refhost::EntityId id, bool removes);
+    /// The user clicked at an entity, or at none, or dragged a window over some; `removes` when the shift key
+    /// was held.
+    void entitiesPicked(const std::vector<refhost::EntityId> &ids, bool removes);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -62,11 +66,15 @@ protected:
 private:
     void setView(const ViewTransform &view);
     void endPanning();
+    void endDrag(bool removes);
     void takeState();
     void setPreviewContent();
     bool isAtRest() const { return !m_rest.isActive(); }
     std::optional<ViewTransform> previewView() const;
+    void paintWindow(QPainter &painter) const;
     void paintCrosshair(QPainter &painter) const;
+    /// From where the drag began to the cursor; to the left its width is negative.
+    QRectF window() const;
 
     const DrawingColours m_colours;
     HostDocumentPtr m_document;
@@ -80,6 +88,7 @@ private:
     std::optional<BlockPreview> m_preview;
     std::optional<QPointF> m_cursor;
     std::optional<QPointF> m_panFrom;
+    std::optional<Point> m_dragFrom; // in the drawing
     bool m_showsNothingYet = true;
     bool m_isPickingPoint = false;
     bool m_isPressed = false; // for a point to be picked at the release

@@ -199,7 +199,7 @@ void HostWindow::build()
 
     connect(m_commandLine, &CommandLine::entered, this, &HostWindow::enter);
     connect(m_commandLine, &CommandLine::cancelled, this, &HostWindow::cancel);
-    connect(m_canvas, &Canvas::entityPicked, this, &HostWindow::select);
+    connect(m_canvas, &Canvas::entitiesPicked, this, &HostWindow::select);
     connect(m_canvas, &Canvas::cursorMoved, this, [this](const Point &point) {
         m_coordinates->setText(
             QStringLiteral("%1, %2, %3")
@@ -357,6 +357,8 @@ void HostWindow::cancel()
         m_prompter->cancel();
         return;
     }
+    if (m_canvas->cancelDrag())
+        return;
     const HostDocumentPtr document = m_session.activeDocument();
     if (!document || !m_session.commands.running().isEmpty())
         return;
@@ -591,17 +593,17 @@ void HostWindow::closeDocument(const HostDocumentPtr &document)
         m_session.close(document);
 }
 
-void HostWindow::select(EntityId id, bool removes)
+void HostWindow::select(const std::vector<EntityId> &ids, bool removes)
 {
     const HostDocumentPtr document = m_session.activeDocument();
     if (!document)
         return;
     if (removes)
-        document->deselect(id);
-    else if (id == 0)
+        document->deselect(ids);
+    else if (ids.empty())
         document->selection.clear();
     else
-        document->select(id);
+        document->select(ids);
     m_session.notifyDocumentsChanged();
 }
 

@@ -88,7 +88,7 @@ private:
 
     void activateDocument(const HostDocumentPtr &document);
     void closeDocument(const HostDocumentPtr &document);
-    void select(EntityId id, bool removes);
+    void select(const std::vector<EntityId> &ids, bool removes);
     void cancel();
     bool mayClose(const HostDocumentPtr &document);
     bool openHelp(const QUrl &address);
