@@ -9,6 +9,7 @@
 #include <QJsonDocument>
 #include <QLocale>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -113,7 +114,9 @@ void CallJournal::append(QByteArray &list, const void *pointer) const
 void CallJournal::writeLine(const char *method, const QByteArray &on, const QByteArray &arguments,
                             kvResult result)
 {
-    QByteArray line = R"({"call":")";
+    QByteArray line;
+    line.reserve(arguments.size() + 160); // names and the rest of the line
+    line += R"({"call":")";
     line += method;
     line += '"';
     if (!on.isEmpty())
@@ -150,11 +153,21 @@ QByteArray jsonNumber(double number)
         return "\"nan\"";
     if (std::isinf(number))
         return number > 0.0 ? "\"inf\"" : "\"-inf\"";
+    // Most are whole and small, which takes a tenth of the time this way.
+    constexpr double fewDigits = 1e6;
+    if (number == std::trunc(number) && std::abs(number) < fewDigits && !std::signbit(number))
+        return QByteArray::number(static_cast<int>(number));
     return QByteArray::number(number, 'g', QLocale::FloatingPointShortest);
 }
 
 QByteArray jsonText(const QString &text)
 {
+    const auto isPlain = [](QChar character) {
+        return character >= QLatin1Char(' ') && character < QChar(0x7f) && character != QLatin1Char('"')
+            && character != QLatin1Char('\\');
+    };
+    if (std::all_of(text.begin(), text.end(), isPlain))
+        return '"' + text.toLatin1() + '"';
     const QByteArray array = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
     return array.mid(1, array.size() - 2);
 }
