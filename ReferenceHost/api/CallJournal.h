@@ -44,6 +44,7 @@ public:
         if (!isOn())
             return;
         QByteArray list;
+        list.reserve(64); // most lines have a handful of numbers
         (append(list, arguments), ...);
         writeLine(method, on, list, result);
     }
