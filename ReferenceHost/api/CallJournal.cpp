@@ -18,17 +18,23 @@ namespace refhost {
 
 namespace {
 
-void appendItem(QByteArray &list, const QByteArray &item)
+void beginItem(QByteArray &list)
 {
     if (!list.isEmpty())
         list += ',';
+}
+
+void appendItem(QByteArray &list, const QByteArray &item)
+{
+    beginItem(list);
     list += item;
 }
 
 template <class Array, class AppendValue>
 void appendArray(QByteArray &list, const Array &values, const AppendValue &appendValue)
 {
-    list += list.isEmpty() ? "[" : ",[";
+    beginItem(list);
+    list += '[';
     for (int i = 0; i < values.getSize(); ++i) {
         if (i > 0)
             list += ',';
@@ -90,8 +96,7 @@ QByteArray CallJournal::on(const HandleBase &handle) const
 
 void CallJournal::append(QByteArray &list, double number) const
 {
-    if (!list.isEmpty())
-        list += ',';
+    beginItem(list);
     appendNumber(list, number);
 }
 

@@ -106,11 +106,10 @@ bool isInView(const CommandRecord::Insertion &insertion, const ViewTransform &vi
     const Drawing &drawing = insertion.document->drawing;
     const BlockDefinition *block = drawing.block(insertion.blockName);
     const Extents extents = block ? extentsOf(drawing, *block, insertion.placement) : Extents();
-    const Point topLeft = view.toDrawing({0.0, 0.0});
-    const Point bottomRight = view.toDrawing({view.size.width(), view.size.height()});
-    return extents.isEmpty()
-        || (extents.minX <= bottomRight.x && extents.maxX >= topLeft.x && extents.minY <= topLeft.y
-            && extents.maxY >= bottomRight.y);
+    Extents shown;
+    shown.add(view.toDrawing({0.0, 0.0}));
+    shown.add(view.toDrawing({view.size.width(), view.size.height()}));
+    return extents.isEmpty() || shown.meets(extents);
 }
 
 /// Calls `show`, which is no longer due afterwards, when the host has time: once however often it is asked

@@ -139,11 +139,12 @@ bool EncoderProcess::isFinished(Ticket ticket)
     readAnswers();
     const auto job = std::find_if(m_jobs.begin(), m_jobs.end(),
                                   [ticket](const Job &candidate) { return candidate.ticket == ticket; });
-    if (job != m_jobs.end() && job->deadline.hasExpired())
+    if (job == m_jobs.end())
+        return true;
+    const bool isTooLate = job->deadline.hasExpired();
+    if (isTooLate)
         giveUp();
-    else if (job != m_jobs.end())
-        return false;
-    return true;
+    return isTooLate;
 }
 
 void EncoderProcess::cancel()

@@ -13,7 +13,6 @@ import { once } from "node:events";
 
 import { withDocument } from "./drawing.mjs";
 import { writeDwg, writeDxf } from "./linearWriting.mjs";
-import { readDrawing } from "./readDrawing.mjs";
 
 const writers = { dwg: writeDwg, dxf: writeDxf };
 const lineBreak = 0x0a;
@@ -25,19 +24,19 @@ for (const method of ["log", "info", "debug"])
 process.stdout.on("error", () => process.exit(0)); // the parent is gone, so nobody waits for an answer
 
 for await (const line of lines(process.stdin)) {
-    for (const part of answer(line)) {
+    for (const part of await answer(line)) {
         if (!process.stdout.write(part))
             await once(process.stdout, "drain");
     }
 }
 
 /** The answer to one request, as the parts to write. A request that makes no sense is answered too. */
-function answer(line) {
+async function answer(line) {
     let id = null;
     try {
         const request = JSON.parse(line.toString("utf8"));
         id = request?.id ?? null;
-        const bytes = typeof request?.read === "string" ? decoded(request.read) : encoded(request);
+        const bytes = typeof request?.read === "string" ? await decoded(request.read) : encoded(request);
         return [`${JSON.stringify({ id, ok: true, size: bytes.length })}\n`, bytes];
     } catch (error) {
         return [`${JSON.stringify({ id, ok: false, error: String(error?.message ?? error) })}\n`];
@@ -50,7 +49,9 @@ function encoded(request) {
     return withDocument(request, writers[request.format]);
 }
 
-function decoded(base64) {
+/** The reader loads when it is first needed: most processes only write. */
+async function decoded(base64) {
+    const { readDrawing } = await import("./readDrawing.mjs");
     return Buffer.from(JSON.stringify(readDrawing(Buffer.from(base64, "base64"))));
 }
 
