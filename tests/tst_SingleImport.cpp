@@ -125,7 +125,7 @@ void tst_SingleImport::insertion_data()
 
     const QString insert = QStringLiteral("InsertBlock2 \"blockNameN\",");
     const QString typed = insert + "10,20,0,2,2,2,1.5707963267948966";
-    const QString explosion = QStringLiteral("Explode");
+    const QString explosion = QStringLiteral("kvBlockInstance_c#1 Explode");
     QTest::newRow("nothing later") << QStringList() << QByteArray() << QStringList{typed, explosion};
     for (int bits = 1; bits < 8; ++bits) {
         QStringList later;
@@ -151,14 +151,14 @@ void tst_SingleImport::insertion_data()
         QTest::newRow(method + " refused") << later << method << calls;
     };
     const QString unnamed = QString(typed).remove("blockNameN");
-    refused("kvDocument_c::CreateBlockDefinition", {unnamed});
-    refused("kvBlockDefinition_c::GetName", {unnamed});
-    refused("kvSketchManager_c::InsertBlock2", {typed});
+    refused("kvDocument_c::CreateBlockDefinition", {unnamed + " -> 2"});
+    refused("kvBlockDefinition_c::GetName", {unnamed + " -> 2"});
+    refused("kvSketchManager_c::InsertBlock2", {typed + " -> 1"});
     refused("kvApplication_c::GetActiveDocument", {});
     refused("kvDocument_c::GetModel", {});
     refused("kvModel_c::GetSketchManager", {});
     refused("kvApplication_c::GetCommandMessage", {}, {position});
-    refused("kvBlockInstance_c::Explode", {typed, explosion});
+    refused("kvBlockInstance_c::Explode", {typed, explosion + " -> 1"});
 }
 
 void tst_SingleImport::insertion()
@@ -188,7 +188,7 @@ void tst_SingleImport::typedTexts_data()
     QTest::newRow("what is no number counts as 0")
         << QStringList{"", " ", "1,5", "two", "90 deg"} << "0,0,0,0,0,0,0";
     QTest::newRow("infinity is asked for as typed")
-        << QStringList{"inf", "0", "0", "1", "0"} << R"("inf",0,0,1,1,1,0)";
+        << QStringList{"inf", "0", "0", "1", "0"} << R"("inf",0,0,1,1,1,0 -> 1)";
 }
 
 void tst_SingleImport::typedTexts()
@@ -359,7 +359,7 @@ void tst_SingleImport::commandDuringThePrompt()
     };
     importLine(session, {position, explode});
     QCOMPARE(session.calls({"InsertBlock2", "Explode"}),
-             (QStringList{"InsertBlock2 \"blockNameN\",1,2,3,4,5,6,7", "Explode"}));
+             (QStringList{"InsertBlock2 \"blockNameN\",1,2,3,4,5,6,7", "kvBlockInstance_c#1 Explode"}));
 }
 
 int main(int argc, char *argv[])

@@ -5,12 +5,11 @@
 #include "DialogDriver.h"
 #include "LoadedAddin.h"
 #include "ModalAnswers.h"
-
-#include <QDir>
+#include "TemporaryFolder.h"
 
 #include <functional>
 
-class ImportDriver : public DialogDriver {
+class ImportDriver : public DialogDriver, public TemporaryFolder {
 public:
     /// Lets `act` work in the dialog that the next command opens; it is closed afterwards if `act` did not do
     /// that itself. `act` must live until then.
@@ -31,23 +30,5 @@ public:
         click(browse);
     }
 
-    QString path(const QString &name = {}) const
-    {
-        return name.isEmpty() ? m_folder.path() : m_folder.filePath(name);
-    }
-    /// Writes a file, its folders too, and answers with its path.
-    QString write(const QString &name, const QByteArray &content) const
-    {
-        QString path = this->path(name);
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("cannot write %s", qPrintable(path));
-        return path;
-    }
-
     ModalAnswers answers;
-
-private:
-    QTemporaryDir m_folder;
 };

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "ImportDriver.h"
+#include "JournalCalls.h"
 #include "RecordingHost.h"
 
 #include <QRegularExpression>
@@ -43,17 +44,7 @@ public:
         return result;
     }
     /// The calls of `methods` alone, as "InsertBlock2 arguments".
-    QStringList calls(const QStringList &methods) const
-    {
-        static const QRegularExpression pattern("::(\\w+)\".*\"args\":\\[(.*)\\],\"result");
-        QStringList result;
-        for (const QByteArray &line : calls()) {
-            const QRegularExpressionMatch match = pattern.match(QString::fromUtf8(line));
-            if (methods.contains(match.captured(1)))
-                result.append((match.captured(1) + ' ' + match.captured(2)).trimmed());
-        }
-        return result;
-    }
+    QStringList calls(const QStringList &methods) const { return callsOf(calls(), methods); }
 
     /// What all boxes of the dialog have in common; the one for a file that cannot be read is the reader's.
     static void checkLook(const QMessageBox &box)
