@@ -266,8 +266,8 @@ void tst_BatchImport::wholeRun()
     QCOMPARE(
         session.calls({"RunCommand", "InsertBlock2", "Explode", "SaveAs2", "CloseDocument", "Activate"}),
         (QStringList{R"(RunCommand "_SMARTNEW",true)", insert, "kvBlockInstance_c#1 Explode",
-                     R"(SaveAs2 "DIR/out/a.dwg",23,true)", selectAll, erase, insert,
-                     "kvBlockInstance_c#2 Explode", R"(SaveAs2 "DIR/out/b_Default_ft.dwg",23,true)",
+                     R"(kvDocument_c#1 SaveAs2 "DIR/out/a.dwg",23,true)", selectAll, erase, insert,
+                     "kvBlockInstance_c#2 Explode", R"(kvDocument_c#1 SaveAs2 "DIR/out/b_Default_ft.dwg",23,true)",
                      selectAll, erase, R"(CloseDocument "DIR\\out\\b_Default_ft.dwg",false)", "Activate"}));
 }
 
