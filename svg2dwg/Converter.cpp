@@ -72,8 +72,7 @@ void Converter::attempt(const QString &file, const char *undone, const Step &ste
     } catch (const std::exception &error) {
         m_reserve.reset();
         m_session.close(m_session.activeDocument()); // the drawing that was begun
-        finishPending();
-        m_report.failed(
+        reportInOrder().failed(
             QStringLiteral("%1: %2: %3").arg(file, QLatin1String(undone), QLatin1String(reasonOf(error))));
     }
 }
@@ -81,22 +80,17 @@ void Converter::attempt(const QString &file, const char *undone, const Step &ste
 void Converter::convertFile(const QString &input)
 {
     if (const QString problem = problemOfName(input); !problem.isEmpty()) {
-        finishPending();
-        m_report.failed(QStringLiteral("%1: not converted: %2")
-                            .arg(input.isEmpty() ? QStringLiteral("''") : input, problem));
-        return;
+        const QString name = input.isEmpty() ? QStringLiteral("''") : input;
+        return reportInOrder().failed(QStringLiteral("%1: not converted: %2").arg(name, problem));
     }
     const QString output = m_options.dryRun ? QString() : m_outputs.outputFor(input);
-    if (!m_options.dryRun && !mayWrite(input, output))
+    if (!m_options.dryRun && !claimOutputs(input, output))
         return;
 
     m_journal.announce(input);
     const SVGText svg = textOf(input);
-    if (!svg.error.isEmpty()) {
-        finishPending();
-        m_report.failed(svg.error);
-        return;
-    }
+    if (!svg.error.isEmpty())
+        return reportInOrder().failed(svg.error);
 
     const refhost::HostDocumentPtr document = drawingFrom(m_session, svg.text, m_options.explode);
     const ConvertedFile file = {input, output, drawnIn(document->drawing), svg.notes, svg.gaps};
@@ -119,7 +113,7 @@ SVGText Converter::textOf(const QString &input) const
                              : unpreparedText(input, m_report.showsGaps());
 }
 
-bool Converter::mayWrite(const QString &input, const QString &output)
+bool Converter::claimOutputs(const QString &input, const QString &output)
 {
     // Whether names that differ in upper and lower case mean one file can be told once that file exists.
     if (m_pending && m_pending->file.output.compare(output, Qt::CaseInsensitive) == 0)
@@ -129,15 +123,13 @@ bool Converter::mayWrite(const QString &input, const QString &output)
     if (m_options.preview)
         outputs << OutputPaths::pictureBeside(output);
     if (const QString conflict = conflictOf(input, outputs); !conflict.isEmpty()) {
-        finishPending();
-        m_report.failed(QStringLiteral("%1: not converted: %2").arg(input, conflict));
+        reportInOrder().failed(QStringLiteral("%1: not converted: %2").arg(input, conflict));
         return false;
     }
     for (const QString &file : outputs) {
         if (m_options.force || !QFileInfo::exists(file))
             continue;
-        finishPending();
-        m_report.kept(file);
+        reportInOrder().kept(file);
         return false;
     }
     return true;
@@ -154,6 +146,12 @@ QString Converter::conflictOf(const QString &input, const QStringList &outputs)
     if (!earlier.isEmpty())
         return QStringLiteral("%1 was already made of %2").arg(outputs.first(), earlier);
     return {};
+}
+
+Report &Converter::reportInOrder()
+{
+    finishPending();
+    return m_report;
 }
 
 void Converter::finishPending()

@@ -31,15 +31,17 @@ private:
         refhost::EncoderProcess::Ticket ticket;
     };
 
-    /// Takes one step for `file`, and reports when it throws that the file was `undone`.
+    /// Takes one step for `file`. Reports that the file was `undone` when the step throws.
     template <class Step>
     void attempt(const QString &file, const char *undone, const Step &step);
     void convertFile(const QString &input);
     SVGText textOf(const QString &input) const;
-    /// Whether the outputs of `input` may be written; reports why not.
-    bool mayWrite(const QString &input, const QString &output);
-    /// Why what `input` would overwrite may not be, even by force; empty when all may.
+    /// Claims the outputs of `input` for it. Reports why when one may not be written, and returns false.
+    bool claimOutputs(const QString &input, const QString &output);
+    /// Why an output of `input` may not be written even by force; empty when all may.
     QString conflictOf(const QString &input, const QStringList &outputs);
+    /// The report, after the drawing that waits has its row in it.
+    Report &reportInOrder();
     void finishPending();
     void saveDrawing(const Pending &pending);
     bool savePicture(const Pending &pending);
