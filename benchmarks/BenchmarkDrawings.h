@@ -11,24 +11,24 @@
 QByteArray mixedSvg(int elements);
 
 /// An SVG text of `elements` elements as drawing programs write them: relative paths with arcs, uses, styles
-/// and transforms, which have to be prepared.
+/// and transforms. It has to be prepared.
 QByteArray unpreparedSvg(int elements);
 
 /// An SVG text of one path with `numbers` numbers, as a map's outline has them: runs of twenty straight
 /// points and of five curve segments.
 QByteArray longPathSvg(int numbers);
 
-/// The same count of numbers in commands as short as they come, one for every four numbers: the most entities
-/// that a text of that size can give.
+/// The same count of numbers in the shortest commands, one for every four numbers: the most entities that a
+/// text of that size can give.
 QByteArray shortCommandsSvg(int numbers);
 
-/// The same elements as mixedSvg() with an attribute more, 150 bytes each.
+/// The elements of mixedSvg() with one more attribute, 150 bytes each.
 QByteArray longElementsSvg(int elements);
 
 /// Chains of groups as deep as the reader allows, with a line in each group; `elements` lines in all.
 QByteArray deepSvg(int elements);
 
-/// One line with an attribute of `characters` characters that nothing reads.
+/// One line with an unknown attribute of `characters` characters.
 QByteArray longAttributeSvg(int characters);
 
 /// A group with a matrix written in `characters` characters, and one line for every ten of them.

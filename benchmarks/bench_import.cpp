@@ -1,4 +1,4 @@
-// How long the steps of an import take: the required loads and the text made of them, the records, the
+// How long the steps of an import take: the loads and the parse that every import makes, the records, the
 // transforms, and the emission into the reference host's drawing database with the journal off.
 
 #include "BenchmarkDrawings.h"
@@ -50,8 +50,8 @@ void load(benchmark::State &state, MakeSvg makeSvg)
     state.SetBytesProcessed(state.iterations() * svgText.size());
 }
 
-/// The look over a text against the required load of the same file, in turns, so that a slow moment of the
-/// machine hits both. The counter must stay below 0.05.
+/// The scan of a text against the load that every import makes of the same file. Both run in turns, so that a
+/// slow moment of the machine hits both. The counter must stay below 0.05.
 void scanShare(benchmark::State &state, MakeSvg makeSvg)
 {
     const QByteArray svgText = makeSvg(static_cast<int>(state.range(0)));
@@ -100,8 +100,8 @@ void emission(benchmark::State &state, MakeSvg makeSvg)
     state.SetComplexityN(state.range(0));
 }
 
-/// Everything after XML against the required parses and the serialisation, both measured in every iteration,
-/// so that a slow moment of the machine hits both. The counter must stay below 1.
+/// Everything after XML against the loads and the parse that every import makes. Both are measured in every
+/// iteration, so that a slow moment of the machine hits both. The counter must stay below 1.
 void afterXmlShare(benchmark::State &state, MakeSvg makeSvg)
 {
     const QByteArray svgText = makeSvg(static_cast<int>(state.range(0)));
@@ -114,7 +114,7 @@ void afterXmlShare(benchmark::State &state, MakeSvg makeSvg)
 
         const auto xmlStart = Clock::now();
         const QByteArray text = loadSvgText(file.path());
-        SVGBlockBuilder builder(session.application(), text); // its parse is the third of the required ones
+        SVGBlockBuilder builder(session.application(), text); // parses the text again
         xml += secondsSince(xmlStart);
 
         const auto afterStart = Clock::now();

@@ -1,6 +1,5 @@
-// How long the import dialog takes to list a folder for batch processing, from the chosen folder to the
-// filled tree, and how long Qt alone takes to fill a tree with as many rows. The time for one file must not
-// depend on how many there are.
+// How long the import dialog takes to list a folder, from the chosen folder to the filled tree, and how long
+// Qt alone takes to fill a tree with as many rows. The time for one file must not depend on their number.
 
 #include "mainWindow.h"
 
@@ -29,7 +28,8 @@ void addFiles(const QTemporaryDir &folder, std::int64_t count)
 
 Clock::time_point chosen;
 
-/// The dialog names the folder once it has it. Qt's own dialog, which has read it as well, is gone by then.
+/// The dialog shows the folder once it is chosen. Qt's own dialog has read the folder as well and is gone by
+/// then.
 void noteChoice(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString &message)
 {
     if (message.startsWith(QLatin1String("dirPath")))
@@ -63,7 +63,7 @@ void listing(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-/// What the listing is measured against: the rows alone, a file with a row below it each.
+/// Fills a tree with the rows alone, each file with a row below it: what the listing is measured against.
 void bareTree(benchmark::State &state)
 {
     for (auto _ : state) {

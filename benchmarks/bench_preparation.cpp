@@ -1,4 +1,4 @@
-// What preparing a file costs: beside the import of the plain file that comes of it, and as files grow.
+// What preparing a file costs, beside the import of the plain file and as files grow.
 
 #include "BenchmarkDrawings.h"
 
@@ -38,8 +38,8 @@ void preparation(benchmark::State &state)
     state.SetComplexityN(state.range(0));
 }
 
-/// Reading and preparing a file against importing the plain one, from its loads to the block definition, both
-/// in every iteration. The counter must stay below 1.
+/// Reading and preparing a file against importing the plain one, from the loads to the block definition. Both
+/// are measured in every iteration. The counter must stay below 1.
 void shareOfImport(benchmark::State &state)
 {
     const SvgFile file(unpreparedSvg(static_cast<int>(state.range(0))));

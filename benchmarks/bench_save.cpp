@@ -1,4 +1,4 @@
-// How long it takes to encode drawings as DWG and DXF, the way to the node process and back included.
+// How long it takes to encode drawings as DWG and DXF, with the way to the node process and back.
 
 #include "BenchmarkDrawings.h"
 
@@ -34,7 +34,7 @@ void save(benchmark::State &state, refhost::DrawingFormat format)
 
 void elementSizes(benchmark::internal::Benchmark *benchmark)
 {
-    // The work is done by the child process: its time counts, not this one's.
+    // The child process does the work, so its time counts.
     benchmark->RangeMultiplier(10)->Range(1'000, 100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 

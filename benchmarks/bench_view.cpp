@@ -1,5 +1,5 @@
-// What a frame of the canvas costs while the user looks around: in a drawing of 100,000 entities against one
-// of 1,000, both in turns. Then what the whole drawing costs to paint against a hundredth of it.
+// What a frame of the canvas costs while the user looks around, in a drawing of 100,000 entities against one
+// of 1,000, both in turns; then what the whole drawing costs to paint against a hundredth of it.
 
 #include "app/Canvas.h"
 #include "app/EntityPicker.h"
@@ -101,7 +101,7 @@ private:
     Canvas m_canvas;
 };
 
-/// Where the mouse is at a step of its way to and fro.
+/// The mouse's position at a step of its way to and fro.
 QPointF place(int step)
 {
     return {10.0 * std::abs(step % 20 - 10), 0.0};
@@ -152,7 +152,7 @@ void frame(benchmark::State &state, Shown shown, void (*takeStep)(Scene &scene, 
     state.counters["ratio"] = seconds[1] / seconds[0];
 }
 
-/// The whole drawing against a hundredth of it, painted in turns with boxes known. The counter tells what
+/// The whole drawing against a hundredth of it, painted in turns with the boxes known. The counter tells what
 /// skipping saves.
 void hundredth(benchmark::State &state, Shown shown)
 {

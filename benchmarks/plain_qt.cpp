@@ -1,5 +1,5 @@
-// What scripts/performance measures against: drawings of a given size, and what Qt alone needs to parse one
-// as often as an import has to.
+// What scripts/performance measures against: drawings of a given size, and the time that Qt alone needs to
+// parse one as often as every import does.
 
 #include "BenchmarkDrawings.h"
 

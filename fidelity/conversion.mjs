@@ -18,7 +18,7 @@ export function convertedFiles(converter, files, output) {
         const drawing = drawingOf(file, output);
         if (existsSync(drawing))
             return { file, drawing, error: null };
-        // After a crash the files behind the guilty one have no drawing either, so each gets a run of its own.
+        // A crash leaves the later files without a drawing as well, so each of them gets a run of its own.
         const { stderr, signal } = first.signal ? run(converter, [file], output) : first;
         if (existsSync(drawing))
             return { file, drawing, error: null };

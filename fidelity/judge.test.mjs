@@ -1,4 +1,4 @@
-// The judge must tell right from wrong before it may judge anything: node --test
+// Proves that the judge tells right from wrong: node --test
 
 import assert from "node:assert/strict";
 import { test } from "node:test";

@@ -1,4 +1,4 @@
-// Says what was compared: a table by folder, and each file that is not right with what is wrong with it.
+// Reports what was compared: a table by folder, and each wrong file with what is wrong with it.
 
 /** Share of line pixels that must lie near the other's. */
 const enough = 0.99;

@@ -30,7 +30,7 @@ refhost::EntityCounts drawnIn(const refhost::Drawing &drawing)
     return counts;
 }
 
-/// Throws when there is no memory for the libraries below Qt, those of fonts above all: they crash without.
+/// Throws when memory is short. The libraries below Qt, those of fonts above all, would crash.
 void requireMemory()
 {
     constexpr int enough = 16 * 1024 * 1024;
@@ -71,7 +71,7 @@ void Converter::attempt(const QString &file, const char *undone, const Step &ste
         step();
     } catch (const std::exception &error) {
         m_reserve.reset();
-        m_session.close(m_session.activeDocument()); // the drawing that was begun
+        m_session.close(m_session.activeDocument()); // the unfinished drawing
         reportInOrder().failed(
             QStringLiteral("%1: %2: %3").arg(file, QLatin1String(undone), QLatin1String(reasonOf(error))));
     }
@@ -115,7 +115,7 @@ SVGText Converter::textOf(const QString &input) const
 
 bool Converter::claimOutputs(const QString &input, const QString &output)
 {
-    // Whether names that differ in upper and lower case mean one file can be told once that file exists.
+    // Only an existing file tells whether names that differ in case mean the same one.
     if (m_pending && m_pending->file.output.compare(output, Qt::CaseInsensitive) == 0)
         finishPending();
 

@@ -1,4 +1,4 @@
-// Converts the files of one command line, encoding each drawing while the next file is being read.
+// Converts the files of one command line. A drawing is encoded while the next file is being read.
 
 #pragma once
 
@@ -20,11 +20,11 @@ public:
     Converter(refhost::HostSession &session, JournalFile &journal, const Options &options,
               OutputPaths &outputs, Report &report);
 
-    /// Converts `files` in order. Whatever goes wrong with one is reported, and the others go on.
+    /// Converts `files` in order. A file that fails is reported, and the others go on.
     void convert(const QStringList &files);
 
 private:
-    /// A drawing that waits for its encoder.
+    /// A drawing that waits for the encoder.
     struct Pending {
         ConvertedFile file;
         refhost::HostDocumentPtr document;
@@ -40,7 +40,7 @@ private:
     bool claimOutputs(const QString &input, const QString &output);
     /// Why an output of `input` may not be written even by force; empty when all may.
     QString conflictOf(const QString &input, const QStringList &outputs);
-    /// The report, after the drawing that waits has its row in it.
+    /// The report, once the drawing that waits has its row in it.
     Report &reportInOrder();
     void finishPending();
     void saveDrawing(const Pending &pending);
@@ -55,8 +55,8 @@ private:
     Report &m_report;
     refhost::EncoderProcess m_encoder;
     std::optional<Pending> m_pending;
-    std::unique_ptr<char[]> m_reserve; // let go when memory runs out, so that there is some for saying so
+    std::unique_ptr<char[]> m_reserve; // released when memory runs out, so that the message about it has some
 };
 
-/// What an exception says of itself, in words for the user.
+/// The reason that an exception gives, in words for the user.
 const char *reasonOf(const std::exception &error);

@@ -1,4 +1,4 @@
-// Decodes the names of files without loss, and escapes what would not be a name on a terminal.
+// Decodes file names without loss, and escapes what a terminal would not show as a name.
 
 #include "FileNames.h"
 
@@ -31,7 +31,7 @@ QString fromBytes(const QByteArray &bytes)
     return name;
 }
 
-/// Whether the character at `i` stands for a byte that is no UTF-8.
+/// Whether the character at `i` stands for a byte that is not UTF-8.
 bool isByte(const QString &text, int i)
 {
     const ushort unit = text.at(i).unicode();
@@ -44,7 +44,7 @@ bool steersTerminal(QChar character)
     constexpr QChar::Category kinds[] = {QChar::Other_Control, QChar::Separator_Line,
                                          QChar::Separator_Paragraph, QChar::Other_Format};
     constexpr ushort zeroWidthNonJoiner = 0x200c;
-    constexpr ushort zeroWidthJoiner = 0x200d; // both are letters' and pictures' own
+    constexpr ushort zeroWidthJoiner = 0x200d; // letters and emoji are joined by both
     return std::find(std::begin(kinds), std::end(kinds), character.category()) != std::end(kinds)
         && character != zeroWidthNonJoiner && character != zeroWidthJoiner;
 }
@@ -69,7 +69,7 @@ QString nameFrom(const std::filesystem::path &path)
 QStringList argumentsFrom(int argc, const char *const *argv)
 {
     if (!namesAreBytes)
-        return QCoreApplication::arguments(); // `argv` lacks what the system's old encoding does not hold
+        return QCoreApplication::arguments(); // `argv` is limited to the system's old encoding
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments << fromBytes(argv[i]);

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The names in `folder` that match, but for folders. Qt's own list lacks links that lead nowhere and names
+/// The names in `folder` that match, folders left out. Qt's own list lacks links that lead nowhere and names
 /// that are not valid UTF-8.
 QStringList namesIn(const QString &folder, const QStringList &nameFilters, std::error_code &error)
 {

@@ -1,4 +1,4 @@
-// Which files a command line means.
+// The files that a command line means.
 
 #pragma once
 
@@ -10,6 +10,6 @@ struct InputFiles {
     QStringList errors; ///< folders that hold no SVG file or cannot be read
 };
 
-/// Replaces each folder by its own files that match `nameFilters`, in upper or lower case, links that lead
-/// nowhere among them; anything else counts as a file, existing or not.
+/// Replaces each folder by its own files that match `nameFilters` in upper or lower case. Links that lead
+/// nowhere are among them. Anything else counts as a file, whether it exists or not.
 InputFiles inputFilesFrom(const QStringList &inputs, const QStringList &nameFilters);

@@ -1,5 +1,5 @@
-// Writes journal lines to a file that replaces an earlier one only when it is complete, or as they come to a
-// device or pipe.
+// Writes journal lines. A file replaces an earlier one only when it is complete; a device or pipe gets the
+// lines as they come.
 
 #include "JournalFile.h"
 
@@ -26,7 +26,7 @@ QString JournalFile::open(refhost::CallJournal &journal)
     if (m_fileName.isEmpty())
         return {};
     if (isFile()) {
-        // Qt would put a file in the place of a device.
+        // QSaveFile would put a file in the place of a device.
         const QFileInfo earlier(m_fileName);
         if (earlier.exists() && !earlier.isFile())
             m_file = std::make_unique<QFile>(m_fileName);
@@ -42,7 +42,7 @@ QString JournalFile::open(refhost::CallJournal &journal)
 
 void JournalFile::announce(const QString &input)
 {
-    // JSON escapes no control characters beyond U+001F; these escapes are its own.
+    // JSON leaves control characters beyond U+001F as they are; what shown() writes for them is JSON as well.
     if (m_journal)
         writeLine(R"({"input":)" + shown(QString::fromUtf8(refhost::jsonText(input))).toUtf8() + '}');
 }
@@ -76,7 +76,7 @@ void JournalFile::writeLine(const QByteArray &line)
 
 void JournalFile::writeBuffer()
 {
-    // A disk that fills up midway takes a part and reports no error.
+    // A disk that fills up takes a part of the bytes and reports no error.
     const qint64 written = m_writeError.isEmpty() ? m_file->write(m_buffer) : m_buffer.size();
     if (written != m_buffer.size())
         m_writeError = written < 0 ? m_file->errorString() : QStringLiteral("the disk is full");

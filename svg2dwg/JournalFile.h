@@ -17,17 +17,17 @@ public:
     /// An empty `fileName` means no journal.
     explicit JournalFile(const QString &fileName);
 
-    /// Whether the journal goes into a file of its own, or to a device or pipe.
+    /// Whether the journal goes to a file, a device or a pipe, and not to standard output.
     bool isFile() const { return !m_fileName.isEmpty() && m_fileName != standardOutput(); }
 
-    /// Has `journal` write into the file. Returns an error text, empty when it went well.
+    /// Opens the file and lets `journal` write into it. Returns an error text; empty when it opened.
     QString open(refhost::CallJournal &journal);
 
     /// Writes the line that announces the calls for `input`.
     void announce(const QString &input);
 
-    /// Ends the journal; a regular file appears now, as a whole. Returns an error text, empty when it went
-    /// well.
+    /// Ends the journal. A regular file appears now, as a whole. Returns an error text; empty when all is
+    /// written.
     QString close();
 
 private:
@@ -38,6 +38,6 @@ private:
     QString m_fileName;
     std::unique_ptr<QFileDevice> m_file;
     QByteArray m_buffer;
-    QString m_writeError; // why the file lacks something; empty while it lacks nothing
+    QString m_writeError; // the first failed write; empty while there is none
     refhost::CallJournal *m_journal = nullptr;
 };

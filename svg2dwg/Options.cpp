@@ -1,4 +1,4 @@
-// Reads options and checks that together they make sense.
+// Reads options and checks that they make sense together.
 
 #include "Options.h"
 
@@ -51,7 +51,7 @@ constexpr Choice<svgprep::TextOutput> textOutputs[] = {
     {"outlines", svgprep::TextOutput::Outlines},
 };
 
-/// The options that there are, and what was given of them.
+/// All options, and what was given of them.
 struct CommandLine {
     const QCommandLineOption output{
         {"o", "output"}, "Puts the drawings into FOLDER, which is made when missing.", "FOLDER"};
@@ -93,7 +93,7 @@ struct CommandLine {
     QString value(const QCommandLineOption &option) const { return parser.value(option); }
 };
 
-Answer usageError(const QString &problem)
+ConsoleMessage usageError(const QString &problem)
 {
     return {QStringLiteral("svg2dwg: %1\nUsage: svg2dwg [options] %2\nsvg2dwg --help says more.")
                 .arg(shown(problem), synopsis),
@@ -110,8 +110,8 @@ QString wrongValue(const CommandLine &line, const QCommandLineOption &option, co
     return QStringLiteral("%1 takes %2, not %3").arg(dashed(option), expected, line.value(option));
 }
 
-/// Sets `chosen` to what `choices` call the value of `option`, and leaves it where the option is not given.
-/// Returns what is wrong with the value; empty when nothing is.
+/// Sets `chosen` to the choice named by the value of `option`. Without the option it stays as it is. Returns
+/// what is wrong with the value; empty when nothing is.
 template <class Value, std::size_t count>
 QString readChoice(const CommandLine &line, const QCommandLineOption &option,
                    const Choice<Value> (&choices)[count], Value &chosen)
@@ -127,7 +127,7 @@ QString readChoice(const CommandLine &line, const QCommandLineOption &option,
     return wrongValue(line, option, option.valueName());
 }
 
-/// The same for the number of --flatten.
+/// The same for the number after --flatten.
 QString readTolerance(const CommandLine &line, double &tolerance)
 {
     if (!line.isSet(line.flatten))
@@ -139,7 +139,7 @@ QString readTolerance(const CommandLine &line, double &tolerance)
     return wrongValue(line, line.flatten, QStringLiteral("a number above 0"));
 }
 
-/// Which options make no sense together; empty when all do.
+/// The options that exclude each other, as a sentence; empty when none do.
 QString conflictIn(const CommandLine &line, const Options &options)
 {
     const auto conflict = [&line](const QString &with,
@@ -159,7 +159,7 @@ QString conflictIn(const CommandLine &line, const Options &options)
     return {};
 }
 
-/// What is wrong with the name of the folder or file that an option takes; empty when nothing is.
+/// What is wrong with a folder or file name after an option; empty when nothing is.
 QString wrongNameIn(const CommandLine &line)
 {
     for (const QCommandLineOption *option : {&line.output, &line.journal}) {
@@ -189,15 +189,15 @@ QString nameOf(OutputFormat format)
     return {};
 }
 
-std::variant<Options, Answer> optionsFrom(const QStringList &arguments)
+std::variant<Options, ConsoleMessage> optionsFrom(const QStringList &arguments)
 {
     CommandLine line;
     if (!line.parser.parse(arguments))
         return usageError(line.parser.errorText());
     if (line.isSet(line.help))
-        return Answer{line.parser.helpText().trimmed()};
+        return ConsoleMessage{line.parser.helpText().trimmed()};
     if (line.isSet(line.version))
-        return Answer{QStringLiteral("svg2dwg " SVG2DWG_VERSION)};
+        return ConsoleMessage{QStringLiteral("svg2dwg " SVG2DWG_VERSION)};
 
     Options options;
     options.inputs = line.parser.positionalArguments();

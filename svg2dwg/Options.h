@@ -9,10 +9,10 @@
 
 #include <variant>
 
-/// What a run writes: drawings, or plain SVG files that IMPORTSVG draws completely.
+/// The files that a run writes: drawings, or plain SVG files that IMPORTSVG draws completely.
 enum class OutputFormat { Dwg, Dxf, PlainSvg };
 
-/// What a format is called on the command line, which is also the ending of its files: "dwg", "dxf", "svg".
+/// A format's name on the command line and suffix of its files: "dwg", "dxf", "svg".
 QString nameOf(OutputFormat format);
 
 struct Options {
@@ -29,11 +29,11 @@ struct Options {
     bool quiet = false;
 };
 
-/// An answer in place of a run: the help, the version, or what is wrong with the command line.
-struct Answer {
+/// What is printed in place of a run: the help, the version, or what is wrong with the command line.
+struct ConsoleMessage {
     QString text;
     bool isError = false;
 };
 
 /// Reads the command line (`arguments` begins with the program's name).
-std::variant<Options, Answer> optionsFrom(const QStringList &arguments);
+std::variant<Options, ConsoleMessage> optionsFrom(const QStringList &arguments);

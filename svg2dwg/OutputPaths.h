@@ -1,4 +1,4 @@
-// Where the output of each file goes, and which files this run reads or has written already.
+// Where each output goes, and which files this run reads or has written.
 
 #pragma once
 
@@ -9,24 +9,24 @@
 
 class OutputPaths {
 public:
-    /// `suffix` is that of the outputs, "dwg" say; `inputs` are all files of the run.
+    /// `suffix` is the outputs', such as "dwg"; `inputs` are all files of the run.
     OutputPaths(const QString &folder, const QString &suffix, const QStringList &inputs);
 
-    /// The output of `input`: its file name with the suffix in the place of its last one.
+    /// The output of `input`: its file name, the last suffix replaced.
     QString outputFor(const QString &input) const;
     /// The picture beside a drawing.
     static QString pictureBeside(const QString &drawing);
 
-    /// The input of this run that is the file at `output`, whatever path leads there; empty when none is.
+    /// The input that is the same file as `output`, by whatever path; empty when none is.
     QString inputAt(const QString &output) const { return m_inputs.of(output); }
 
-    /// The output of one of `inputs` that is the file at `path`, with `pictures` also a picture beside one;
-    /// empty when none is.
+    /// The output of one of `inputs`, or with `pictures` the picture beside one, that is the same file as
+    /// `path`; empty when none is.
     QString outputAt(const QString &path, const QStringList &inputs, bool pictures) const;
 
-    /// Remembers `output` as written for `input`. Returns the input that it was written for before in this
-    /// run, empty when there is none. Names that mean the same file on this file system count as one, from
-    /// when that file exists.
+    /// Remembers `output` as written for `input`. Returns the earlier input of this run with the same output;
+    /// empty when there is none. Names that mean the same file on this file system count as one once the file
+    /// exists.
     QString take(const QString &output, const QString &input);
 
 private:

@@ -12,7 +12,7 @@
 namespace {
 
 /// A path command by its upper case letter: how many numbers make a piece, how many pieces the reader takes,
-/// and the gap that a command with more of them is.
+/// and the gap that further pieces are.
 struct PathCommand {
     char letter;
     std::size_t pieceSize;
@@ -39,8 +39,8 @@ constexpr PathCommand pathCommands[] = {
 
 using Numbers = std::vector<double>;
 
-/// Reads the numbers from `start` up to the next command letter, whose place it returns. What the reader
-/// takes for 0 is a gap.
+/// Reads the numbers from `start` up to the next command letter and returns its position. A number that the
+/// reader takes for 0 is a gap.
 int readNumbers(const QString &data, int start, Numbers &numbers, ReadingGaps &gaps)
 {
     static const QString letters = QStringLiteral("MmLlHhVvCcSsQqTtAaZz");
@@ -62,7 +62,7 @@ int readNumbers(const QString &data, int start, Numbers &numbers, ReadingGaps &g
     }
 }
 
-/// Where the pen goes, to tell which closing sides there are.
+/// Follows the pen, to tell whether a path ends where it began.
 struct Pen {
     QPointF place;
     QPointF start; // of the subpath
@@ -88,7 +88,7 @@ void Pen::move(const PathCommand &command, bool relative, const Numbers &numbers
 
 bool isApart(QPointF one, QPointF other)
 {
-    constexpr double shortestSide = 1e-6; // user units; less is what adding up relative numbers leaves
+    constexpr double shortestSide = 1e-6; // user units; sums of relative numbers differ by less
     return (one - other).manhattanLength() > shortestSide;
 }
 
@@ -112,7 +112,7 @@ void countPathGaps(const QString &data, ReadingGaps &gaps)
                          [upper](const PathCommand &row) { return upper == QLatin1Char(row.letter); });
         if (command == std::end(pathCommands))
             continue;
-        // A command of which nothing is read counts however its numbers run together.
+        // A command that the reader skips counts even when its numbers run together.
         const bool isSkipped = command->piecesRead == 0 && !numbers.empty();
         if (isSkipped || numbers.size() / command->pieceSize > command->piecesRead)
             gaps.count(command->gap);

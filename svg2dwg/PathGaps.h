@@ -1,4 +1,4 @@
-// What IMPORTSVG leaves out of a path and preparing it draws.
+// What of a path is drawn only when it is prepared.
 
 #pragma once
 

@@ -40,7 +40,7 @@ constexpr KindName kindNames[] = {
     {ReadingGap::Marker, "marker", "markers"},
 };
 
-/// An attribute of any element, a gap unless it says what counts without it.
+/// An attribute that is a gap on any element, unless it holds the initial value.
 struct AttributeGap {
     QString name;
     QString initial;
@@ -74,8 +74,8 @@ bool isMatrix(const QString &transform)
     return transform.trimmed().startsWith(QLatin1String("matrix")) && transform.count(QLatin1Char('(')) == 1;
 }
 
-/// Whether the reader takes each number of a list of points for what it is. It splits the list at blanks, and
-/// what stands between them at commas.
+/// Whether the reader understands each number of a list of points. It splits the list at blanks, and each
+/// part at commas.
 bool isPlainPointList(const QString &points)
 {
     const QVector<QStringRef> parts = points.splitRef(QLatin1Char(' '), Qt::SkipEmptyParts);
@@ -92,8 +92,7 @@ bool isRoundRect(const QDomElement &rect)
     return isRadius(attributeOf(rect, "rx")) || isRadius(attributeOf(rect, "ry"));
 }
 
-/// Whether a transform of `shape`, of which there are `transformsAbove` around it, is one that the reader
-/// does not look at.
+/// Whether the reader passes over a transform of `shape`, its own or one of the `transformsAbove` around it.
 bool hasDistantTransform(const QDomElement &shape, int transformsAbove)
 {
     const QString name = shape.tagName();
@@ -188,7 +187,7 @@ QString ReadingGaps::text() const
 
 ReadingGaps readingGapsOf(const QDomDocument &document)
 {
-    static const QSet<QString> notDrawn = {"clipPath", "mask", "pattern"}; // nor does preparing draw them
+    static const QSet<QString> notDrawn = {"clipPath", "mask", "pattern"}; // not drawn when prepared either
 
     ReadingGaps gaps;
     int transformsAbove = 0;

@@ -1,4 +1,4 @@
-// What IMPORTSVG leaves out of a file and preparing it draws, counted by kind.
+// What of a file is drawn only when it is prepared, counted by kind.
 
 #pragma once
 
@@ -35,7 +35,7 @@ public:
     void count(ReadingGap kind) { ++m_counts[static_cast<std::size_t>(kind)]; }
     void add(const ReadingGaps &other);
 
-    /// For people, "12 arcs, 3 transforms other than a matrix, 5 uses"; empty when there are none.
+    /// The counts in words: "12 arcs, 3 transforms other than a matrix, 5 uses"; empty when there are none.
     QString text() const;
 
 private:

@@ -14,8 +14,8 @@ constexpr int countWidth = 10;
 constexpr int widestFileColumn = 48;
 constexpr int barWidth = 30;
 
-/// Whether standard error is a terminal. There is no portable question for that: this finds one where
-/// terminals are files, and elsewhere the bar stays away.
+/// Whether standard error is a terminal. There is no portable way to ask: this finds one where terminals are
+/// files. Elsewhere no bar is shown.
 bool isTerminal()
 {
     std::error_code error;

@@ -1,4 +1,4 @@
-// What svg2dwg tells its user: a row for each file, errors, a progress bar and a summary.
+// What svg2dwg tells the user: a row for each file, errors, a progress bar and a summary.
 
 #pragma once
 
@@ -9,7 +9,7 @@
 #include <QStringList>
 #include <QTextStream>
 
-/// What became of one file.
+/// The result of one file.
 struct ConvertedFile {
     QString input;
     QString output; ///< empty in a dry run
@@ -22,18 +22,18 @@ class Report {
 public:
     enum class Verbosity { ErrorsOnly, NoTable, Normal };
 
-    /// Expects `files`, the names that rows will show. The bar is shown only on a terminal.
+    /// `files` are the names of the rows to come. The bar is shown on a terminal only.
     Report(const QStringList &files, Verbosity verbosity);
     ~Report();
     Report(const Report &) = delete;
     Report &operator=(const Report &) = delete;
 
-    /// Results of one file each.
+    /// Each reports the result of one file.
     void converted(const ConvertedFile &file);
     void kept(const QString &output);
     void failed(const QString &message);
 
-    /// A problem that belongs to no file of the list.
+    /// Reports a problem that belongs to no file of the list.
     void error(const QString &message);
 
     void printSummary();

@@ -1,4 +1,4 @@
-// Loads a file prepared, or by the same sequence as the import dialog, and inserts its block as a batch run
+// Loads a file prepared, or in the same steps as the import dialog, and inserts its block as a batch run
 // does.
 
 #include "SVGImport.h"
@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Keeps the reader from showing its message box, which would wait for a click.
+/// Replaces the reader's message box, which would wait for a click.
 class SilentCannotOpen {
 public:
     SilentCannotOpen()

@@ -1,4 +1,4 @@
-// One SVG file into the text that is drawn, and that through the add-in's own builder into a drawing.
+// The text that is drawn of an SVG file, and the drawing that the add-in's own builder makes of it.
 
 #pragma once
 
@@ -10,7 +10,7 @@
 #include <QByteArray>
 #include <QString>
 
-/// What is drawn of a file, and what is not.
+/// The text of a file, and what it lacks.
 struct SVGText {
     QByteArray text;  ///< UTF-8
     QString error;    ///< why there is none, "plan.svg: cannot be read: ..." or "plan.svg:12:7: ..."
@@ -21,10 +21,10 @@ struct SVGText {
 /// The plain text of the SVG file at `path`.
 SVGText preparedText(const QString &path, const svgprep::PreparationOptions &options);
 
-/// The text of the SVG file at `path` as it is, loaded as the import dialog loads it. The gaps are counted on
-/// demand only.
+/// The text of the SVG file at `path`, loaded as the import dialog loads it. Gaps are counted if `countGaps`
+/// is set.
 SVGText unpreparedText(const QString &path, bool countGaps);
 
-/// Draws `svgText` into a new drawing of `session`, as one block instance at the origin, exploded when
-/// `explode` is set. Returns the drawing, which is the active one.
+/// Draws `svgText` into a new drawing of `session` as one block instance at the origin, and explodes it if
+/// `explode` is set. Returns the drawing, which becomes the active one.
 refhost::HostDocumentPtr drawingFrom(refhost::HostSession &session, const QByteArray &svgText, bool explode);

@@ -22,10 +22,10 @@ namespace {
 
 enum ExitCode { AllConverted = 0, SomeFailed = 1, UsageError = 2 };
 
-int print(const Answer &answer)
+int print(const ConsoleMessage &message)
 {
-    QTextStream(answer.isError ? stderr : stdout) << answer.text << '\n';
-    return answer.isError ? UsageError : AllConverted;
+    QTextStream(message.isError ? stderr : stdout) << message.text << '\n';
+    return message.isError ? UsageError : AllConverted;
 }
 
 QStringList nameFilters(const Options &options)
@@ -41,7 +41,7 @@ Report::Verbosity verbosity(const Options &options)
     return printsJournal ? Report::Verbosity::NoTable : Report::Verbosity::Normal;
 }
 
-/// Why the journal may not be written where it is to go; empty when it may.
+/// The reason why the journal may not be written to its file; empty when it may.
 QString journalConflict(const Options &options, const QStringList &inputs, const OutputPaths &outputs)
 {
     const auto refused = [&options](const QString &reason) {
@@ -57,7 +57,7 @@ QString journalConflict(const Options &options, const QStringList &inputs, const
     return {};
 }
 
-/// Makes the folder for the outputs and opens the journal. Returns what went wrong; empty when nothing did.
+/// Makes the output folder and opens the journal. Returns what went wrong; empty when nothing did.
 QString openOutputs(const Options &options, JournalFile &journal, refhost::HostSession &session)
 {
     if (journal.isFile() && !options.force && QFileInfo(options.journalFile).isFile()) {
@@ -96,7 +96,7 @@ int run(const Options &options)
     }
 
     Converter(session, journal, options, outputs, report).convert(input.files);
-    // Whether names that differ in upper and lower case mean one file can be told once that file exists.
+    // Only an existing file tells whether names that differ in case mean the same one.
     error = conflict();
     if (error.isEmpty())
         error = journal.close();
@@ -106,7 +106,7 @@ int run(const Options &options)
     return report.isAllConverted() ? AllConverted : SomeFailed;
 }
 
-/// What standard output did not take, nobody has read.
+/// Turns success into failure when standard output did not take the whole table.
 int afterOutput(int exitCode)
 {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
@@ -115,7 +115,7 @@ int afterOutput(int exitCode)
     return exitCode == AllConverted ? SomeFailed : exitCode;
 }
 
-/// Ends the program where nothing else is possible any more.
+/// Ends the program after an error that nothing else can handle.
 [[noreturn]] void stop(const char *reason)
 {
     std::fprintf(stderr, "svg2dwg: stopped: %s\n", reason);
@@ -123,7 +123,7 @@ int afterOutput(int exitCode)
     std::_Exit(SomeFailed);
 }
 
-/// Keeps from the user what only concerns how Qt was set up on this machine.
+/// Prints Qt's messages but for those about its own setup on this machine.
 void printQtMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
 {
     if (type == QtFatalMsg)
@@ -132,13 +132,13 @@ void printQtMessage(QtMsgType type, const QMessageLogContext & /*context*/, cons
         std::fprintf(stderr, "%s\n", qPrintable(shown(message)));
 }
 
-std::variant<Options, Answer> readCommandLine(int &argc, char **argv)
+std::variant<Options, ConsoleMessage> readCommandLine(int &argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     return optionsFrom(argumentsFrom(argc, argv));
 }
 
-/// Pictures and the preparation need fonts and so a QGuiApplication; nothing else does.
+/// Pictures and the preparation need fonts, and so a QGuiApplication. Nothing else does.
 std::unique_ptr<QCoreApplication> applicationFor(const Options &options, int &argc, char **argv)
 {
     if (!options.prepare && !options.preview)
@@ -152,7 +152,7 @@ std::unique_ptr<QCoreApplication> applicationFor(const Options &options, int &ar
 int main(int argc, char *argv[])
 {
 #ifndef Q_OS_WIN
-    // File names are UTF-8 whatever the locale; bare machines set none, and Qt would then read them as ASCII.
+    // File names are UTF-8. Without a locale Qt would read them as ASCII.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
 #endif
 #ifdef SIGXFSZ
@@ -161,9 +161,9 @@ int main(int argc, char *argv[])
     qInstallMessageHandler(printQtMessage);
     std::set_terminate([] { stop("an error came where none can be handled"); });
     try {
-        const std::variant<Options, Answer> commandLine = readCommandLine(argc, argv);
-        if (const auto *answer = std::get_if<Answer>(&commandLine))
-            return afterOutput(print(*answer));
+        const std::variant<Options, ConsoleMessage> commandLine = readCommandLine(argc, argv);
+        if (const auto *message = std::get_if<ConsoleMessage>(&commandLine))
+            return afterOutput(print(*message));
         const auto &options = std::get<Options>(commandLine);
         const auto application = applicationFor(options, argc, argv);
         return afterOutput(run(options));
