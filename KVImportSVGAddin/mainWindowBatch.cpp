@@ -3,7 +3,7 @@
 #include "mainWindow.h"
 
 #include "SVGBlockBuilder.h"
-#include "SVGImportSteps.h"
+#include "SVGBlockInsertion.h"
 #include "WaitCursor.h"
 #include "kvAddinConnection.h"
 #include "kvAddinGuard.h"
@@ -177,7 +177,7 @@ void mainWindow::convertFile(const QString &name, QString &lastOutput)
     if (!m_batchDocument)
         return;
     SVGBlockBuilder builder(hostApplication(), m_batchSvgData);
-    insertAtOrigin(m_batchDocument, createBlock(builder), m_blockInstance);
+    insertBlockAtOrigin(m_batchDocument, createBlock(builder), m_blockInstance);
     On_explode_checkBox_checked(ui->explode_checkBox->isChecked());
     saveBatchDrawing(output + QStringLiteral(".dwg"), lastOutput);
     // Empty again for the next file.

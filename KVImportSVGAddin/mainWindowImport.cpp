@@ -3,7 +3,7 @@
 #include "mainWindow.h"
 
 #include "SVGBlockBuilder.h"
-#include "SVGImportSteps.h"
+#include "SVGBlockInsertion.h"
 #include "WaitCursor.h"
 #include "kvAddinConnection.h"
 #include "kvAddinGuard.h"
@@ -56,7 +56,7 @@ void insertBlock(const QByteArray &svgText, Insertion at, kvInterfacePtr<kvBlock
     SVGBlockBuilder builder(hostApplication(), svgText);
     const kvString name = createBlock(builder);
     waitCursor.reset(); // the user may be asked now
-    const kvInterfacePtr<kvSketchManager_c> sketchManager = sketchManagerOf(document.get());
+    const kvInterfacePtr<kvSketchManager_c> sketchManager = modelSketchManager(document.get());
     kvInterfacePtr<kvCommandMessage_c> commandMessage;
     hostApplication()->GetCommandMessage(commandMessage.out());
     if (!askForTheRest(commandMessage.get(), name, at) || !sketchManager)

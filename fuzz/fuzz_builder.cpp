@@ -5,7 +5,7 @@
 #include "Require.h"
 
 #include "SVGBlockBuilder.h"
-#include "SVGImportSteps.h"
+#include "SVGBlockInsertion.h"
 
 #include "SVGPreparation/SVGFile.h"
 #include "XMLParser/XMLParser.h"
@@ -66,7 +66,7 @@ int drawn(const QByteArray &svgText)
         kvInterfacePtr<kvDocument_c> given;
         kvInterfacePtr<kvBlockInstance_c> instance;
         session.application()->GetActiveDocument(given.out());
-        insertAtOrigin(given.get(), createBlock(builder), instance);
+        insertBlockAtOrigin(given.get(), createBlock(builder), instance);
         require(document->drawing.blocks().size() == 1 && instance, "no block is made and inserted");
         checkEntities(document->drawing, document->drawing.blocks()[0]->entities);
 

@@ -4,7 +4,7 @@
 #include "SVGImport.h"
 
 #include "SVGBlockBuilder.h"
-#include "SVGImportSteps.h"
+#include "SVGBlockInsertion.h"
 
 #include "SVGPreparation/SVGFile.h"
 #include "XMLParser/XMLParser.h"
@@ -33,7 +33,7 @@ void insertBlock(kvApplication_c &application, const kvString &name, bool explod
     kvInterfacePtr<kvDocument_c> document;
     kvInterfacePtr<kvBlockInstance_c> instance;
     application.GetActiveDocument(document.out());
-    insertAtOrigin(document.get(), name, instance);
+    insertBlockAtOrigin(document.get(), name, instance);
     if (instance && explode)
         instance->Explode();
 }

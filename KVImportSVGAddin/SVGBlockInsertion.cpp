@@ -1,6 +1,6 @@
-// The steps of every import: make a block, find where to insert it.
+// Asks the host for the block and for the instance.
 
-#include "SVGImportSteps.h"
+#include "SVGBlockInsertion.h"
 
 #include "SVGBlockBuilder.h"
 
@@ -12,7 +12,7 @@ kvString createBlock(SVGBlockBuilder &builder)
     return name;
 }
 
-kvInterfacePtr<kvSketchManager_c> sketchManagerOf(kvDocument_c *document)
+kvInterfacePtr<kvSketchManager_c> modelSketchManager(kvDocument_c *document)
 {
     kvInterfacePtr<kvModel_c> model;
     kvInterfacePtr<kvSketchManager_c> sketchManager;
@@ -23,8 +23,9 @@ kvInterfacePtr<kvSketchManager_c> sketchManagerOf(kvDocument_c *document)
     return sketchManager;
 }
 
-void insertAtOrigin(kvDocument_c *document, const kvString &name, kvInterfacePtr<kvBlockInstance_c> &instance)
+void insertBlockAtOrigin(kvDocument_c *document, const kvString &name,
+                         kvInterfacePtr<kvBlockInstance_c> &instance)
 {
-    if (const auto sketchManager = sketchManagerOf(document))
+    if (const auto sketchManager = modelSketchManager(document))
         sketchManager->InsertBlock2(name, 0.0, 0.0, 0.0, 1.0, 1.0, 1.0, 0.0, instance.out());
 }
