@@ -2,15 +2,18 @@
 // throws.
 
 #include "ImportSession.h"
-
-#include <QtTest>
+#include "TableOf.h"
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
 enum class Fault { Refused, RefusedFromThenOn, Throws };
+
+const std::pair<QByteArray, Fault> refusals[] = {{" refused", Fault::Refused},
+                                                 {" refused from then on", Fault::RefusedFromThenOn}};
 
 /// Lets the call number `index` from now on, counted from 0, go wrong. The warning that the add-in writes
 /// about an exception is expected.
@@ -101,35 +104,24 @@ private slots:
     void batch_data();
     void batch();
     void cleanup() { QCOMPARE(refhost::HandleRegister::doubleDeletions(), 0); }
-
-private:
-    /// Adds a row for each way to be refused, with `values` behind it.
-    template <class... Values>
-    static void addRefusals(const QByteArray &name, const Values &...values)
-    {
-        ((QTest::newRow(name + " refused") << Fault::Refused) << ... << values);
-        ((QTest::newRow(name + " refused from then on") << Fault::RefusedFromThenOn) << ... << values);
-    }
 };
 
 void tst_HostFaults::singleImport_data()
 {
-    QTest::addColumn<Fault>("fault");
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<bool>("hasDrawing");
-
-    for (const QByteArray sample : {"labels-in-many-scripts", "skipped-arcs-and-styles",
-                                    "untransformed-curves-and-shorthand", "flange", "owl-clock"})
-        addRefusals(sample, QString::fromUtf8(KORVANE_SAMPLES "/" + sample + ".svg"), true);
-    const auto flange = QStringLiteral(KORVANE_SAMPLES "/flange.svg");
-    addRefusals("no drawing is open", flange, false);
-    QTest::newRow("flange throws") << Fault::Throws << flange << true;
+    const auto row = tableOf<Fault, QString, bool>("fault", "sample", "hasDrawing");
+    for (const auto &[words, fault] : refusals) {
+        for (const char *sample : {"labels-in-many-scripts", "skipped-arcs-and-styles",
+                                   "untransformed-curves-and-shorthand", "flange", "owl-clock"})
+            row(sample + words, fault, sample, true);
+        row("no drawing is open" + words, fault, "flange", false);
+    }
+    row("flange throws", Fault::Throws, "flange", true);
 }
 
 void tst_HostFaults::singleImport()
 {
     QFETCH(Fault, fault);
-    QFETCH(QString, file);
+    QFETCH(QString, sample);
     QFETCH(bool, hasDrawing);
 
     FaultySession session;
@@ -137,7 +129,7 @@ void tst_HostFaults::singleImport()
         session.host.session.close(session.users);
     std::size_t drawn = 0;
     session.importTidily(fault, [&] {
-        session.choose("browse_pushButton", file);
+        session.choose("browse_pushButton", KORVANE_SAMPLES "/" + sample + ".svg");
         // OK closes the dialog, which keeps the file: it can be pressed again.
         const auto pressOk = [&session, &drawn] {
             session.widget<QAbstractButton>("OK_pushButton")->click();
@@ -150,9 +142,10 @@ void tst_HostFaults::singleImport()
 
 void tst_HostFaults::batch_data()
 {
-    QTest::addColumn<Fault>("fault");
-    addRefusals("a call of the run");
-    QTest::newRow("a call of the run throws") << Fault::Throws;
+    const auto row = tableOf<Fault>("fault");
+    for (const auto &[words, fault] : refusals)
+        row("a call of the run" + words, fault);
+    row("a call of the run throws", Fault::Throws);
 }
 
 void tst_HostFaults::batch()

@@ -6,11 +6,12 @@
 
 #include "XMLParser/XMLTree.h"
 
+#include "TableOf.h"
+
 #include <QFontMetricsF>
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QUrlQuery>
-#include <QtTest>
 
 using namespace svgprep;
 
@@ -92,12 +93,12 @@ private slots:
 
 void tst_SVGPreparation::cases_data()
 {
-    QTest::addColumn<QString>("name");
+    const auto row = tableOf<QString>("name");
     for (const QString &file : QDir(PREPARE_CASES).entryList({"*.svg"})) {
         const QString name = QStringLiteral(PREPARE_CASES "/") + file.section('.', 0, 0);
         const QString sentence = headOf(content(name + ".svg"))[{}].join(' ');
         if (!file.endsWith(".plain.svg"))
-            QTest::addRow("%s: %s", qPrintable(file), qPrintable(sentence)) << name;
+            row(qPrintable(file + ": " + sentence), name);
     }
 }
 
@@ -120,16 +121,11 @@ void tst_SVGPreparation::cases()
 
 void tst_SVGPreparation::textPlaces_data()
 {
-    QTest::addColumn<QByteArray>("attributes");
-    QTest::addColumn<double>("widths");
-    QTest::addColumn<double>("xHeights");
-    QTest::newRow("a text begins at its place") << QByteArray() << 0.0 << 0.0;
-    QTest::newRow("anchor middle begins half the width before")
-        << QByteArray(R"(text-anchor="middle")") << 0.5 << 0.0;
-    QTest::newRow("anchor end begins the width before")
-        << QByteArray(R"(style="text-anchor: end")") << 1.0 << 0.0;
-    QTest::newRow("baseline middle is half an x below")
-        << QByteArray(R"(dominant-baseline="middle")") << 0.0 << 0.5;
+    const auto row = tableOf<QByteArray, double, double>("attributes", "widths", "xHeights");
+    row("a text begins at its place", "", 0.0, 0.0);
+    row("anchor middle begins half the width before", R"(text-anchor="middle")", 0.5, 0.0);
+    row("anchor end begins the width before", R"(style="text-anchor: end")", 1.0, 0.0);
+    row("baseline middle is half an x below", R"(dominant-baseline="middle")", 0.0, 0.5);
 }
 
 void tst_SVGPreparation::textPlaces()
@@ -154,12 +150,7 @@ void tst_SVGPreparation::textPlaces()
 
 void tst_SVGPreparation::textOutlines_data()
 {
-    QTest::addColumn<QByteArray>("transform");
-    QTest::addColumn<QString>("options");
-    QTest::addColumn<QRectF>("room");
-    const auto row = [](const char *name, const char *transform, const char *options, const QRectF &room) {
-        QTest::newRow(name) << QByteArray(transform) << QString(options) << room;
-    };
+    const auto row = tableOf<QByteArray, QString, QRectF>("transform", "options", "room");
     row("the option outlines all text", "none", "text=outlines", {50, 40, 20, 20.5});
     row("rotated text becomes outlines", "rotate(90 50 60)", "", {49.5, 60, 20.5, 20});
     row("mirrored text becomes outlines", "matrix(-1 0 0 1 100 0)", "", {30, 40, 20, 20.5});
