@@ -118,10 +118,10 @@ kvDoubleArray SVGBlockBuilder::applyTransform(const QString &transform, kvDouble
 {
     const std::optional<SVGMatrix> &matrix = m_transforms.of(transform).matrix;
     if (!matrix)
-        return flipped(std::move(values));
+        return svgread::flipped(std::move(values));
 
     m_currentScale = matrix->a;
-    return mapped(*matrix, std::move(values));
+    return svgread::mapped(*matrix, std::move(values));
 }
 
 kvDoubleArray SVGBlockBuilder::placed(const SVGRecord &record, kvDoubleArray values)
@@ -135,7 +135,7 @@ void SVGBlockBuilder::drawLines(const QList<SVGLineRecord> &records)
 {
     for (const SVGLineRecord &record : records) {
         const kvDoubleArray v = placed(record, record.values());
-        inserted(m_lastLine, [&](kvLine_c **line) {
+        insertInto(m_lastLine, [&](kvLine_c **line) {
             m_sketchManager->InsertLine(v[0], v[1], 0.0, v[2], v[3], 0.0, line);
         });
         appendCreated(m_lastLine);
@@ -146,7 +146,7 @@ void SVGBlockBuilder::drawCircles(const QList<SVGCircleRecord> &records)
 {
     for (const SVGCircleRecord &record : records) {
         const kvDoubleArray center = placed(record, record.center());
-        inserted(m_lastCircle, [&](kvCircle_c **circle) {
+        insertInto(m_lastCircle, [&](kvCircle_c **circle) {
             m_sketchManager->InsertCircle(center[0], center[1], 0.0, record.radius(), circle);
         });
         appendCreated(m_lastCircle);
@@ -158,7 +158,7 @@ void SVGBlockBuilder::drawEllipses(const QList<SVGEllipseRecord> &records)
     for (const SVGEllipseRecord &record : records) {
         // The axis from (v0, v1) to (v2, v3), the radii v4 and v5, the centre (v6, v7).
         const kvDoubleArray v = placed(record, record.values());
-        const bool cameBack = inserted(m_lastEllipse, [&](kvEllipseArc_c **ellipse) {
+        const bool cameBack = insertInto(m_lastEllipse, [&](kvEllipseArc_c **ellipse) {
             m_sketchManager->InsertEllipseDistanceToOtherAxis(v[0], v[1], v[2], v[3], v[5], ellipse);
         });
         if (cameBack) {
@@ -173,7 +173,7 @@ void SVGBlockBuilder::drawPolylines(const QList<SVGPolylineRecord> &records, boo
 {
     for (const SVGPolylineRecord &record : records) {
         const kvDoubleArray points = placed(record, record.values());
-        inserted(m_lastPolyline, [&](kvPolyLine_c **polyline) {
+        insertInto(m_lastPolyline, [&](kvPolyLine_c **polyline) {
             m_sketchManager->InsertPolyline2D(points, closed, polyline);
         });
         appendCreated(m_lastPolyline);
@@ -187,7 +187,7 @@ void SVGBlockBuilder::drawNotes(const QList<SVGTextRecord> &records)
         const kvString text = record.texts()[0];
         // After placed(): a note with a matrix of its own is sized by that one.
         const double height = toQString(record.fontSize()).toDouble() * m_currentScale * noteHeightRatio;
-        inserted(m_lastNote, [&](kvSimpleNote_c **note) {
+        insertInto(m_lastNote, [&](kvSimpleNote_c **note) {
             m_sketchManager->InsertSimpleNote(position[0], position[1], 0.0, height, 0.0, text, note);
         });
         appendCreated(m_lastNote);
@@ -201,7 +201,7 @@ void SVGBlockBuilder::drawSplines(const QList<SVGSplineRecord> &records)
         const kvDoubleArray fitPoints = applyTransform(transform, record.fitPoints());
         const kvDoubleArray control = applyTransform(transform, record.controlPoints());
         const kvDoubleArray points = triples(fitPoints);
-        const bool cameBack = inserted(m_lastSpline, [&](kvSpline_c **spline) {
+        const bool cameBack = insertInto(m_lastSpline, [&](kvSpline_c **spline) {
             m_sketchManager->InsertSpline(points, false, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, spline);
         });
         if (!cameBack)
@@ -218,7 +218,7 @@ void SVGBlockBuilder::drawSplines(const QList<SVGSplineRecord> &records)
 /// Makes one insert call. An entity that came back goes into `slot` and is released with the builder;
 /// otherwise the slot keeps what it held.
 template <class Entity, class Insert>
-bool SVGBlockBuilder::inserted(Entity *&slot, const Insert &insert)
+bool SVGBlockBuilder::insertInto(Entity *&slot, const Insert &insert)
 {
     Entity *entity = nullptr;
     insert(&entity);

@@ -70,7 +70,7 @@ private:
     kvDoubleArray placed(const SVGRecord &record, kvDoubleArray values);
 
     template <class Entity, class Insert>
-    bool inserted(Entity *&slot, const Insert &insert);
+    bool insertInto(Entity *&slot, const Insert &insert);
     void appendCreated(kvBaseObject_c *entity);
 
     kvApplication_c *m_application; // the host's

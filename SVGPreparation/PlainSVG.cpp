@@ -79,7 +79,7 @@ void PlainSVG::addOutline(const Outline &outline, const QTransform &transform)
     for (Subpath subpath : outline) {
         if (m_isFull)
             return;
-        if (place(subpath, transform))
+        if (snapToGrid(subpath, transform))
             addSubpath(subpath, curves);
     }
     if (curves.isEmpty())
@@ -99,7 +99,7 @@ void PlainSVG::addRectangle(const QRectF &rectangle, const QTransform &transform
         outline.lineTo(corner);
     outline.isClosed = true;
     Subpath placed = outline;
-    if (!place(placed, transform))
+    if (!snapToGrid(placed, transform))
         return;
     const bool isUpright = placed.segments.size() == 3 && placed.start.y() == placed.segments[0].end.y()
         && placed.segments[0].end.x() == placed.segments[1].end.x()
@@ -192,7 +192,7 @@ QByteArray PlainSVG::text() const
 
 /// Moves `subpath` to its place on the grid and drops steps without length. False when nothing is left of it,
 /// or when its numbers are too large.
-bool PlainSVG::place(Subpath &subpath, const QTransform &transform)
+bool PlainSVG::snapToGrid(Subpath &subpath, const QTransform &transform)
 {
     const auto placed = [&](QPointF point) { return m_grid.snapped(mapped(transform, point)); };
     subpath.start = placed(subpath.start);

@@ -45,7 +45,7 @@ public:
     QByteArray text() const;
 
 private:
-    bool place(Subpath &subpath, const QTransform &transform);
+    bool snapToGrid(Subpath &subpath, const QTransform &transform);
     void addSubpath(const Subpath &subpath, QByteArray &curves);
     void addRun(QPointF start, const Segment *first, const Segment *last, QByteArray &curves);
     void addStraight(const std::vector<QPointF> &points, bool isClosed);

@@ -10,10 +10,9 @@
 #include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <zlib.h>
-
-#include <memory>
 
 namespace svgprep {
 
@@ -53,7 +52,7 @@ Content unpacked(const QByteArray &packed)
     constexpr int gzipOnly = 16 + MAX_WBITS;
     if (inflateInit2(&stream, gzipOnly) != Z_OK)
         return {{}, QStringLiteral("not converted: too little memory to unpack it")};
-    const std::unique_ptr<z_stream, int (*)(z_stream *)> ending(&stream, inflateEnd);
+    const auto release = qScopeGuard([&stream] { inflateEnd(&stream); });
 
     // zlib reads from what it takes for writable memory.
     stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(packed.constData()));

@@ -27,17 +27,17 @@ QString withoutVariables(const QString &value)
 }
 
 /// A declared value that says something by itself; empty when the parent's, or else the initial one, counts.
-struct Given {
+struct DeclaredValue {
     QString value;
     bool isInitial = false;
 };
 
-Given given(const Declared &declared, Property property)
+DeclaredValue declaredValue(const Declared &declared, Property property)
 {
     const QString &raw = declared[property];
     if (raw.isEmpty())
         return {};
-    Given result;
+    DeclaredValue result;
     result.value = raw.contains(QLatin1String("var(")) ? withoutVariables(raw) : raw;
     if (isGlobalKeyword(result.value)) {
         result.isInitial = result.value.compare(QLatin1String("initial"), Qt::CaseInsensitive) == 0;
@@ -48,7 +48,7 @@ Given given(const Declared &declared, Property property)
 
 void setPaint(const Declared &declared, Property property, Paint initial, Paint &paint)
 {
-    const Given fill = given(declared, property);
+    const DeclaredValue fill = declaredValue(declared, property);
     if (fill.isInitial)
         paint = initial;
     else if (!fill.value.isEmpty())
@@ -57,7 +57,7 @@ void setPaint(const Declared &declared, Property property, Paint initial, Paint 
 
 void setRatio(const Declared &declared, Property property, double &ratio)
 {
-    const Given opacity = given(declared, property);
+    const DeclaredValue opacity = declaredValue(declared, property);
     if (opacity.isInitial)
         ratio = 1.0;
     else if (!opacity.value.isEmpty())
@@ -67,7 +67,7 @@ void setRatio(const Declared &declared, Property property, double &ratio)
 void setLength(const Declared &declared, Property property, double initial, const LengthBase &base,
                double &length)
 {
-    const Given width = given(declared, property);
+    const DeclaredValue width = declaredValue(declared, property);
     if (width.isInitial || width.value.compare(QLatin1String("normal"), Qt::CaseInsensitive) == 0)
         length = initial;
     else if (const std::optional<Length> value = lengthFrom(width.value))
@@ -76,14 +76,14 @@ void setLength(const Declared &declared, Property property, double initial, cons
 
 void setMarker(const Declared &declared, Property property, QString &marker)
 {
-    const Given reference = given(declared, property);
+    const DeclaredValue reference = declaredValue(declared, property);
     if (reference.isInitial || !reference.value.isEmpty())
         marker = referencedId(reference.value);
 }
 
 void setFontSize(const Declared &declared, const LengthBase &base, double &size)
 {
-    const Given given = svgprep::given(declared, Property::FontSize);
+    const DeclaredValue given = declaredValue(declared, Property::FontSize);
     if (given.isInitial)
         size = InheritedStyle().font.size;
     if (const std::optional<FontSizeWord> word = fontSizeWord(given.value)) {
@@ -121,15 +121,15 @@ int weightFrom(const QString &value, int parent)
 void setFont(const Declared &declared, const LengthBase &parentBase, TextFont &font)
 {
     setFontSize(declared, parentBase, font.size);
-    const Given families = given(declared, Property::FontFamily);
+    const DeclaredValue families = declaredValue(declared, Property::FontFamily);
     if (families.isInitial || !families.value.isEmpty())
         font.families = families.value;
-    const Given weight = given(declared, Property::FontWeight);
+    const DeclaredValue weight = declaredValue(declared, Property::FontWeight);
     if (weight.isInitial)
         font.weight = 400;
     else if (!weight.value.isEmpty())
         font.weight = weightFrom(weight.value, font.weight);
-    const Given style = given(declared, Property::FontStyle);
+    const DeclaredValue style = declaredValue(declared, Property::FontStyle);
     if (style.isInitial || !style.value.isEmpty())
         font.isItalic =
             !style.value.isEmpty() && style.value.compare(QLatin1String("normal"), Qt::CaseInsensitive) != 0;
@@ -148,7 +148,7 @@ void setAnchor(const Declared &declared, TextAnchor &anchor)
     };
     constexpr Row rows[] = {
         {"start", TextAnchor::Start}, {"middle", TextAnchor::Middle}, {"end", TextAnchor::End}};
-    const Given given = svgprep::given(declared, Property::TextAnchor);
+    const DeclaredValue given = declaredValue(declared, Property::TextAnchor);
     if (given.isInitial)
         anchor = TextAnchor::Start;
     for (const Row &row : rows) {
@@ -159,7 +159,7 @@ void setAnchor(const Declared &declared, TextAnchor &anchor)
 
 void setVisibility(const Declared &declared, bool &isVisible)
 {
-    const Given given = svgprep::given(declared, Property::Visibility);
+    const DeclaredValue given = declaredValue(declared, Property::Visibility);
     const QString word = given.value.toLower();
     if (given.isInitial || word == QLatin1String("visible"))
         isVisible = true;
@@ -169,13 +169,13 @@ void setVisibility(const Declared &declared, bool &isVisible)
 
 QTransform transformOf(const Declared &declared, const LengthBase &base)
 {
-    const Given given = svgprep::given(declared, Property::Transform);
+    const DeclaredValue given = declaredValue(declared, Property::Transform);
     if (given.value.isEmpty())
         return {};
     const auto syntax =
         declared.isAttribute(Property::Transform) ? TransformSyntax::Attribute : TransformSyntax::Property;
     const std::optional<QTransform> transform = transformFrom(given.value, syntax, base);
-    const Given originText = svgprep::given(declared, Property::TransformOrigin);
+    const DeclaredValue originText = declaredValue(declared, Property::TransformOrigin);
     if (!transform || originText.value.isEmpty())
         return transform.value_or(QTransform());
     const QPointF origin = transformOriginFrom(originText.value, base).value_or(QPointF());
@@ -185,7 +185,7 @@ QTransform transformOf(const Declared &declared, const LengthBase &base)
 
 void setBaselineShift(const Declared &declared, const LengthBase &base, OwnStyle &own)
 {
-    const QString value = given(declared, Property::BaselineShift).value;
+    const QString value = declaredValue(declared, Property::BaselineShift).value;
     // As far as browsers move raised and lowered text.
     if (value.compare(QLatin1String("super"), Qt::CaseInsensitive) == 0)
         own.scriptShift = 0.5;
@@ -199,7 +199,7 @@ void setBaselineShift(const Declared &declared, const LengthBase &base, OwnStyle
 /// The value of clip-path, mask or filter; empty for none.
 QString effectOf(const Declared &declared, Property property)
 {
-    const QString value = given(declared, property).value;
+    const QString value = declaredValue(declared, property).value;
     return value.compare(QLatin1String("none"), Qt::CaseInsensitive) == 0 ? QString() : value;
 }
 
@@ -262,7 +262,7 @@ ElementStyle styleOf(const Declared &declared, const InheritedStyle &parent, con
     setFont(declared, base, inherited.font);
     base.fontSize = inherited.font.size;
 
-    const Given color = given(declared, Property::Color);
+    const DeclaredValue color = declaredValue(declared, Property::Color);
     if (!color.value.isEmpty() && isValid(Property::Color, color.value)) {
         const Paint paint = paintFrom(color.value).value_or(Paint::Shown);
         if (paint != Paint::CurrentColor) // which is the parent's
@@ -278,14 +278,15 @@ ElementStyle styleOf(const Declared &declared, const InheritedStyle &parent, con
     setMarker(declared, Property::MarkerMid, inherited.markerMid);
     setMarker(declared, Property::MarkerEnd, inherited.markerEnd);
     setAnchor(declared, inherited.anchor);
-    const Given baseline = given(declared, Property::DominantBaseline);
+    const DeclaredValue baseline = declaredValue(declared, Property::DominantBaseline);
     if (baseline.isInitial || !baseline.value.isEmpty())
         inherited.dominantBaseline = baseline.value.toLower();
 
     OwnStyle &own = style.own;
     own.isDisplayed =
-        given(declared, Property::Display).value.compare(QLatin1String("none"), Qt::CaseInsensitive) != 0;
-    const QString opacity = given(declared, Property::Opacity).value;
+        declaredValue(declared, Property::Display).value.compare(QLatin1String("none"), Qt::CaseInsensitive)
+        != 0;
+    const QString opacity = declaredValue(declared, Property::Opacity).value;
     own.isTransparent = !opacity.isEmpty() && ratioFrom(opacity).value_or(1.0) <= 0.0;
     own.transform = transformOf(declared, base);
     own.clipPath = effectOf(declared, Property::ClipPath);

@@ -6,6 +6,7 @@
 #include "SVGPreparation/Viewport.h"
 
 #include <QLocale>
+#include <QScopedValueRollback>
 
 #include <cmath>
 #include <utility>
@@ -300,14 +301,13 @@ void TreeWalk::drawMarkers(const Outline &outline, const Scope &scope)
     }
     if (!isAny)
         return;
-    m_isInMarker = true;
+    const QScopedValueRollback<bool> isInMarker(m_isInMarker, true);
     for (const MarkerPlace &place : markerPlaces(outline)) {
         if (!m_error.isEmpty() || m_plain->isFull())
             break;
         if (const Marker *marker = markers[static_cast<std::size_t>(place.kind)])
             drawMarker(*marker, place, scope);
     }
-    m_isInMarker = false;
 }
 
 void TreeWalk::drawMarker(const Marker &marker, const MarkerPlace &place, const Scope &scope)

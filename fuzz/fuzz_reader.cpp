@@ -20,9 +20,9 @@ template <class Record>
 void transformAll(const QList<Record> &records)
 {
     for (const Record &record : records) {
-        const auto matrix = matrixFromAttribute(toQString(record.transform()));
+        const auto matrix = svgread::matrixFromAttribute(toQString(record.transform()));
         if (matrix)
-            mapped(*matrix, record.values());
+            svgread::mapped(*matrix, record.values());
     }
 }
 

@@ -36,7 +36,8 @@ bool isSame(const kvDoubleArray &one, const kvDoubleArray &other)
 
 void checkNumber(const QString &text)
 {
-    require(isSame(plainNumber(QStringRef(&text)), text.toDouble()), "a number is not the one Qt reads");
+    require(isSame(svgread::plainNumber(QStringRef(&text)), text.toDouble()),
+            "a number is not the one Qt reads");
 
     svgprep::Scanner scanner(text);
     const std::optional<double> number = scanner.number();
@@ -50,7 +51,7 @@ void checkMatrix(const QString &text)
     SVGTransforms transforms;
     for (const QString &asked : {text, text.repeated(2), text}) {
         const QString hostText = asked.left(asked.indexOf(QChar::Null));
-        const std::optional<SVGMatrix> matrix = matrixFromAttribute(hostText);
+        const std::optional<SVGMatrix> matrix = svgread::matrixFromAttribute(hostText);
         const SVGTransforms::Transform &shared = transforms.of(asked);
         require(shared.saysMatrix == hostText.contains("matrix")
                     && shared.matrix.has_value() == matrix.has_value(),
@@ -58,7 +59,7 @@ void checkMatrix(const QString &text)
         kvDoubleArray point;
         for (const double value : {1.0, 2.0, 3.0})
             point.add(value);
-        require(!matrix || isSame(mapped(*matrix, point), mapped(*shared.matrix, point)),
+        require(!matrix || isSame(svgread::mapped(*matrix, point), svgread::mapped(*shared.matrix, point)),
                 "a shared matrix is not the one read alone");
     }
 }

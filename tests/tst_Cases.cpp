@@ -83,7 +83,8 @@ void tst_Cases::numbersAreThoseOfQt()
         texts << text << QString::number(random.bounded(2000.0) - 1000.0, 'f', random.bounded(16));
     }
     for (const QString &text : qAsConst(texts))
-        QVERIFY2(bitsOf(plainNumber(QStringRef(&text))) == bitsOf(text.toDouble()), qPrintable(text));
+        QVERIFY2(bitsOf(svgread::plainNumber(QStringRef(&text))) == bitsOf(text.toDouble()),
+                 qPrintable(text));
 }
 
 QTEST_GUILESS_MAIN(tst_Cases)

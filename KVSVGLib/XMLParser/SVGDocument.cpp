@@ -22,8 +22,8 @@ QDomNode next(QDomNode node)
 
 QString ownOrParentTransform(const QDomElement &element)
 {
-    const QString own = ownTransform(element);
-    return own.isEmpty() ? parentTransform(element) : own;
+    const QString own = svgread::ownTransform(element);
+    return own.isEmpty() ? svgread::parentTransform(element) : own;
 }
 
 /// Fills `polyline` from the points attribute. Only blanks and commas separate; between two commas, and
@@ -40,7 +40,7 @@ bool readPoints(const QDomElement &element, SVGPolylineRecord &polyline)
         if (!partEnds && points.at(i) != QLatin1Char(','))
             continue;
         if (!partEnds || partStart < i)
-            values.add(plainNumber(QStringRef(&points, numberStart, i - numberStart)));
+            values.add(svgread::plainNumber(QStringRef(&points, numberStart, i - numberStart)));
         numberStart = i + 1;
         if (partEnds)
             partStart = i + 1;
@@ -94,10 +94,10 @@ QList<Record> SVGDocument::readAll(const char *tag, Fill fill) const
 QList<SVGLineRecord> SVGDocument::lines() const
 {
     return readAll<SVGLineRecord>("line", [](const QDomElement &element, SVGLineRecord &line) {
-        line.setTransform(parentTransform(element)); // a line's own transform is never asked for
+        line.setTransform(svgread::parentTransform(element)); // a line's own transform is never asked for
         for (const QString &name :
              {QStringLiteral("x1"), QStringLiteral("y1"), QStringLiteral("x2"), QStringLiteral("y2")})
-            line.addValue(number(element, name));
+            line.addValue(svgread::attributeNumber(element, name));
         return true;
     });
 }
@@ -106,9 +106,9 @@ QList<SVGCircleRecord> SVGDocument::circles() const
 {
     return readAll<SVGCircleRecord>("circle", [](const QDomElement &element, SVGCircleRecord &circle) {
         circle.setTransform(ownOrParentTransform(element));
-        circle.addCenterValue(number(element, QStringLiteral("cx")));
-        circle.addCenterValue(number(element, QStringLiteral("cy")));
-        circle.setRadius(number(element, QStringLiteral("r")));
+        circle.addCenterValue(svgread::attributeNumber(element, QStringLiteral("cx")));
+        circle.addCenterValue(svgread::attributeNumber(element, QStringLiteral("cy")));
+        circle.setRadius(svgread::attributeNumber(element, QStringLiteral("r")));
         return true;
     });
 }
@@ -118,17 +118,17 @@ QList<SVGEllipseRecord> SVGDocument::ellipses() const
     SVGTransforms transforms;
     // Unlike the other shapes an ellipse lets its own translate(...) not hide the matrix of its parent.
     const auto ownOrParentMatrix = [&transforms](const QDomElement &element) {
-        QString own = ownTransform(element);
-        const QString parent = parentTransform(element);
+        QString own = svgread::ownTransform(element);
+        const QString parent = svgread::parentTransform(element);
         if (own.contains(QLatin1String("matrix")))
             return own;
         return transforms.of(parent).saysMatrix ? parent : QString();
     };
     return readAll<SVGEllipseRecord>("ellipse", [&](const QDomElement &element, SVGEllipseRecord &ellipse) {
-        const double rx = number(element, QStringLiteral("rx"));
-        const double ry = number(element, QStringLiteral("ry"));
-        const double cx = number(element, QStringLiteral("cx"));
-        const double cy = number(element, QStringLiteral("cy"));
+        const double rx = svgread::attributeNumber(element, QStringLiteral("rx"));
+        const double ry = svgread::attributeNumber(element, QStringLiteral("ry"));
+        const double cx = svgread::attributeNumber(element, QStringLiteral("cx"));
+        const double cy = svgread::attributeNumber(element, QStringLiteral("cy"));
         ellipse.setTransform(ownOrParentMatrix(element));
         for (const double value : {0.0, 0.0, cx + rx, 0.0, rx, ry, cx, cy})
             ellipse.addValue(value);
@@ -139,10 +139,10 @@ QList<SVGEllipseRecord> SVGDocument::ellipses() const
 QList<SVGPolylineRecord> SVGDocument::rects() const
 {
     return readAll<SVGPolylineRecord>("rect", [](const QDomElement &element, SVGPolylineRecord &rect) {
-        const double width = number(element, QStringLiteral("width"));
-        const double height = number(element, QStringLiteral("height"));
-        const double x = number(element, QStringLiteral("x"));
-        const double y = number(element, QStringLiteral("y"));
+        const double width = svgread::attributeNumber(element, QStringLiteral("width"));
+        const double height = svgread::attributeNumber(element, QStringLiteral("height"));
+        const double x = svgread::attributeNumber(element, QStringLiteral("x"));
+        const double y = svgread::attributeNumber(element, QStringLiteral("y"));
         rect.setTransform(ownOrParentTransform(element));
         for (const double value : {x, y, x + width, y, x + width, y + height, x, y + height})
             rect.addValue(value);
@@ -167,8 +167,8 @@ QList<SVGTextRecord> SVGDocument::texts() const
         // The first child alone, whatever it is: a comment gives its text, a tspan gives none.
         text.addText(toKvString(element.firstChild().nodeValue()));
         text.setFontSize(toKvString(element.attribute(QStringLiteral("font-size"))));
-        text.addValue(number(element, QStringLiteral("x")));
-        text.addValue(number(element, QStringLiteral("y")));
+        text.addValue(svgread::attributeNumber(element, QStringLiteral("x")));
+        text.addValue(svgread::attributeNumber(element, QStringLiteral("y")));
         return true;
     });
 }

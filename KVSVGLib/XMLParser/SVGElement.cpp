@@ -2,6 +2,8 @@
 
 #include "SVGElement.h"
 
+namespace svgread {
+
 namespace {
 
 // Qt's conversion takes longer for a number than its parser takes for the same text. Coordinates are short,
@@ -36,7 +38,7 @@ double plainNumber(const QStringRef &text)
     return isNegative ? -value : value;
 }
 
-double number(const QDomElement &element, const QString &name)
+double attributeNumber(const QDomElement &element, const QString &name)
 {
     const QString text = element.attribute(name);
     return plainNumber(QStringRef(&text));
@@ -51,3 +53,5 @@ QString ownTransform(const QDomElement &element)
 {
     return element.attribute(QStringLiteral("transform"));
 }
+
+} // namespace svgread

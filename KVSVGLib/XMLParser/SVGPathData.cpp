@@ -43,7 +43,7 @@ int readNumbers(const QString &data, int start, Numbers &numbers)
         if (kind == Kind::OfNumber)
             continue;
         if (start < position)
-            numbers.push_back(plainNumber(QStringRef(&data, start, position - start)));
+            numbers.push_back(svgread::plainNumber(QStringRef(&data, start, position - start)));
         if (kind == Kind::Letter)
             return position;
         start = kind == Kind::Separator ? position + 1 : position;
@@ -202,7 +202,7 @@ void SVGDocument::addPath(const QDomElement &path)
         return;
 
     const QString data = path.attribute(QStringLiteral("d"));
-    const QString transform = parentTransform(path); // a path's own transform is never asked for
+    const QString transform = svgread::parentTransform(path); // a path's own transform is never asked for
     for (int position = 0; position < data.size();) {
         // Whatever stands before the first letter is a command that nobody knows.
         const char letter = data.at(position).toLatin1();

@@ -4,6 +4,8 @@
 
 #include <QVector>
 
+namespace svgread {
+
 std::optional<SVGMatrix> matrixFromAttribute(const QString &transform)
 {
     constexpr int wordAndParenthesis = 7; // "matrix("
@@ -21,17 +23,6 @@ std::optional<SVGMatrix> matrixFromAttribute(const QString &transform)
     for (int i = 0; i < qMin(6, parts.size()); ++i)
         *coefficients[i] = parts[i].toDouble();
     return matrix;
-}
-
-const SVGTransforms::Transform &SVGTransforms::of(const QString &text)
-{
-    constexpr int shortText = 256; // takes no longer to read than to find
-    Transform &known = text.size() > shortText ? m_long[text.constData()] : m_short;
-    if (known.text != text) {
-        const QString hostText = text.left(text.indexOf(QChar::Null));
-        known = {text, hostText.contains(QLatin1String("matrix")), matrixFromAttribute(hostText)};
-    }
-    return known;
 }
 
 kvDoubleArray flipped(kvDoubleArray values)
@@ -53,4 +44,17 @@ kvDoubleArray mapped(const SVGMatrix &matrix, kvDoubleArray values)
             values[i + 1] = (-matrix.b) * x + matrix.d * (-y) - matrix.f;
     }
     return values;
+}
+
+} // namespace svgread
+
+const SVGTransforms::Transform &SVGTransforms::of(const QString &text)
+{
+    constexpr int shortText = 256; // takes no longer to read than to find
+    Transform &known = text.size() > shortText ? m_long[text.constData()] : m_short;
+    if (known.text != text) {
+        const QString hostText = text.left(text.indexOf(QChar::Null));
+        known = {text, hostText.contains(QLatin1String("matrix")), svgread::matrixFromAttribute(hostText)};
+    }
+    return known;
 }

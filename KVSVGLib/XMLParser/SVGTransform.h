@@ -15,11 +15,22 @@ struct SVGMatrix {
     double a = 1.0, b = 0.0, c = 0.0, d = 1.0, e = 0.0, f = 0.0;
 };
 
+namespace svgread {
+
 /// The coefficients in `transform`, a text of the form matrix(...). It is cut by position, without a look at
 /// the word itself: seven characters in front and one at the end are dropped, whatever they are. A
 /// coefficient that is not given keeps its value of the identity, one that is not a number is 0. No value
 /// when nothing is left to read.
 std::optional<SVGMatrix> matrixFromAttribute(const QString &transform);
+
+/// `values` (x, y pairs) with every y negated.
+kvDoubleArray flipped(kvDoubleArray values);
+
+/// `values` (x, y pairs) mapped by `matrix`, with every resulting y negated. The last x of an odd count is
+/// mapped as if its y were 0.
+kvDoubleArray mapped(const SVGMatrix &matrix, kvDoubleArray values);
+
+} // namespace svgread
 
 /// Reads the transform texts of a document's records, each once: all children of a group and all commands of
 /// a path share the characters of one text.
@@ -39,10 +50,3 @@ private:
     Transform m_short;
     QHash<const QChar *, Transform> m_long; // by the address of the characters, which the text keeps
 };
-
-/// `values` (x, y pairs) with every y negated.
-kvDoubleArray flipped(kvDoubleArray values);
-
-/// `values` (x, y pairs) mapped by `matrix`, with every resulting y negated. The last x of an odd count is
-/// mapped as if its y were 0.
-kvDoubleArray mapped(const SVGMatrix &matrix, kvDoubleArray values);

@@ -102,7 +102,7 @@ public:
 
     std::optional<XMLRefusal> refusal()
     {
-        if (within(m_main.text.size(), largestXmlFile, "larger than %1 characters"))
+        if (requireAtMost(m_main.text.size(), largestXmlFile, "larger than %1 characters"))
             scanContent(m_main);
         return m_reason.isEmpty() ? std::nullopt : std::optional(XMLRefusal{m_main.position, m_reason});
     }
@@ -118,7 +118,7 @@ private:
         return false;
     }
 
-    bool within(qint64 count, qint64 most, const char *reason)
+    bool requireAtMost(qint64 count, qint64 most, const char *reason)
     {
         return count <= most || refuse(QString::fromLatin1(reason).arg(most));
     }
@@ -128,8 +128,8 @@ private:
         content.growth += growth;
         content.deepest = qMax(content.deepest, content.depth + depth);
         const qint64 mostGrowth = freeGrowth + growthPerCharacter * m_main.text.size();
-        return within(content.growth, mostGrowth, "grows by more than %1 characters through entities")
-            && within(content.deepest, deepestNesting, "nested deeper than %1 levels");
+        return requireAtMost(content.growth, mostGrowth, "grows by more than %1 characters through entities")
+            && requireAtMost(content.deepest, deepestNesting, "nested deeper than %1 levels");
     }
 
     bool isValue(const Content &content) const { return &content != &m_main; }
@@ -163,8 +163,8 @@ private:
         if (content.text.at(content.position - 2) != u'/')
             ++content.depth;
         m_steps += qint64(attributes) * attributes;
-        return within(m_steps, freeSteps + stepsPerCharacter * m_main.text.size(),
-                      "attributes that take more than %1 steps to write");
+        return requireAtMost(m_steps, freeSteps + stepsPerCharacter * m_main.text.size(),
+                             "attributes that take more than %1 steps to write");
     }
 
     /// Goes on behind the first `end` or > outside of quotes. The number of quoted parts before it; -1
@@ -179,7 +179,7 @@ private:
                 continue;
             const int quote = content.text.indexOf(character, content.position);
             if (quote < 0 || !scanReferences(content, quote)
-                || !within(++quoted, mostAttributes, "more than %1 attributes in one element"))
+                || !requireAtMost(++quoted, mostAttributes, "more than %1 attributes in one element"))
                 return -1;
             content.position = quote + 1;
         }
@@ -233,10 +233,10 @@ private:
         const QString declaration = m_main.text.mid(start, m_main.position - start);
         const bool isEntity = declaration.startsWith(QLatin1String("<!EN"));
         m_declarations += isEntity || declaration.startsWith(QLatin1String("<!N")) ? 1 : 0;
-        return within(m_declarations, mostDeclarations, "more than %1 entities and notations")
+        return requireAtMost(m_declarations, mostDeclarations, "more than %1 entities and notations")
             && (isEntity ? scanEntity(declaration)
-                         : within(declaration.count(u'('), mostParentheses,
-                                  "a content model of more than %1 parentheses"));
+                         : requireAtMost(declaration.count(u'('), mostParentheses,
+                                         "a content model of more than %1 parentheses"));
     }
 
     /// Scans the value of an entity, if it has one. That of a parameter entity must be a mere word: Qt puts
@@ -253,7 +253,8 @@ private:
         if (name.isEmpty() || m_entities.contains(name)) // the first declaration counts
             return true;
         m_comparisons += (comparisonsPerEntity + value.size()) * (m_entities.size() + value.count(u'&'));
-        return within(m_comparisons, mostComparisons, "entities that take more than %1 steps to compare")
+        return requireAtMost(m_comparisons, mostComparisons,
+                             "entities that take more than %1 steps to compare")
             && scanValue(name, value);
     }
 

@@ -31,7 +31,6 @@ enum kvToolbarItemType_e : int {
 };
 
 enum kvMenuItemType_e : int {
-    kvMenuItem_Popup = 1,
     kvMenuItem_Command = 2,
 };
 
