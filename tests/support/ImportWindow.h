@@ -8,18 +8,17 @@
 #include "app/Canvas.h"
 #include "app/HostSettingsStore.h"
 
-#include <QProgressBar>
 #include <QTabBar>
 
 #include <algorithm>
 
-/// What is imported: one of each kind that JournalDrawing knows.
+/// What is imported.
 inline const QByteArray shapes =
     R"svg(<svg><line x1="0" y1="0" x2="40" y2="30"/><circle cx="70" cy="20" r="10"/>
 <rect x="0" y="60" width="30" height="20"/><polyline points="50,60 60,80 80.5,65"/>
 <text x="0" y="110" font-size="10">Größe Ω</text></svg>)svg";
 
-/// The window with the add-in connected; what the add-in asks of it is noted.
+/// The window with the add-in connected.
 class ImportWindow : public ImportDriver {
 public:
     ImportWindow()
@@ -28,7 +27,6 @@ public:
         window.show();
         if (!QTest::qWaitForWindowExposed(&window) || !window.hasAddin())
             qFatal("%s", qPrintable(window.commandLine().history()));
-        window.session().journal().begin([this](const QByteArray &line) { calls.append(line); });
     }
 
     /// Runs IMPORTSVG. `act` works in the dialog, which is closed afterwards if it did not do that itself.
@@ -64,16 +62,6 @@ public:
         choose("dest_path_browse_pushButton", path("out"));
         click("checkBox_2");
     }
-    /// Does `act` when the host handles events the next time after the bar has come to `value`.
-    void whenProgressIs(int value, const std::function<void()> &act)
-    {
-        auto *bar = widget<QProgressBar>("progressBar");
-        QObject::connect(bar, &QProgressBar::valueChanged, dialog, [this, value, act](int reached) {
-            if (reached == value)
-                QTimer::singleShot(0, dialog, act);
-        });
-    }
-
     refhost::HostDocument &document() { return *window.session().activeDocument(); }
     QString tabs() const
     {
@@ -103,7 +91,6 @@ public:
         return false;
     }
 
-    QByteArrayList calls; // outlives the window, which disconnects the add-in when it goes
     refhost::HostWindow window{refhost::loadHostSettings()};
 
 private:
