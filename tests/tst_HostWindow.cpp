@@ -74,12 +74,10 @@ private slots:
     void cleanup();
 
     void everyShownItemNamesACommand();
-    void itemsOfAnAddin();
     void addinThatMisbehaves_data();
     void addinThatMisbehaves();
     void prompt_data();
     void prompt();
-    void pickedPoint();
     void oneCommandAtATime();
     void typedLines();
     void zoomKeepsThePointUnderTheCursor();
@@ -89,7 +87,6 @@ private slots:
     void fileDialogNamesThePicture();
     void preparedFiles_data();
     void preparedFiles();
-    void cancelledPreparation();
     void tabsFollowTheDrawings();
     void openedByDropping();
     void savedBesideTheWindow();
@@ -125,7 +122,6 @@ void tst_HostWindow::initTestCase()
 
 void tst_HostWindow::init()
 {
-    qunsetenv("TEST_ADDIN");
     m_window = std::make_unique<HostWindow>(loadHostSettings());
     m_window->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
@@ -166,31 +162,6 @@ void tst_HostWindow::everyShownItemNamesACommand()
     QCOMPARE(captions.join(' '), QString("Drawing Export Import Modify View"));
 }
 
-void tst_HostWindow::itemsOfAnAddin()
-{
-    const QStringList texts = {"Test tool", "&Test item", "Test button"};
-    for (int connection = 0; connection < 2; ++connection) {
-        m_window->connectAddin(testAddin);
-        for (const QString &text : texts) {
-            QTRY_VERIFY(actionOf(*m_window, text));
-            const QAction &action = *actionOf(*m_window, text);
-            QVERIFY(action.isEnabled() && !action.icon().isNull());
-            QCOMPARE(action.toolTip(), QString("Asks for a place"));
-            QString running;
-            const Later later({[&] { running = m_window->session().commands.running(); },
-                               [&] { QTest::keyClick(&edit(*m_window), Qt::Key_Escape); }});
-            click(text);
-            QCOMPARE(running, QString("TESTADDIN"));
-            QVERIFY(m_window->session().commands.running().isEmpty());
-        }
-        m_window->disconnectAddin();
-        for (const QString &text : texts)
-            QVERIFY(!actionOf(*m_window, text));
-        type("TESTADDIN");
-        QVERIFY(hasSaid("TESTADDIN: no such command"));
-    }
-}
-
 void tst_HostWindow::addinThatMisbehaves_data()
 {
     const auto row = tableOf<QString, QByteArray, QString>("library", "behaviour", "message");
@@ -210,7 +181,7 @@ void tst_HostWindow::addinThatMisbehaves()
     QVERIFY2(hasSaid(message), qPrintable(m_window->commandLine().history()));
     QVERIFY(!m_window->hasAddin());
 
-    qputenv("TEST_ADDIN", "fail");
+    qunsetenv("TEST_ADDIN");
     m_window->connectAddin(testAddin);
     QVERIFY(m_window->hasAddin());
     type("testaddin");
@@ -254,65 +225,43 @@ void tst_HostWindow::prompt()
     QTEST(placement, "placement");
 }
 
-void tst_HostWindow::pickedPoint()
-{
-    Canvas &canvas = m_window->canvas();
-    document().drawing = drawingWithBlock();
-    const QPoint pixel(canvas.width() / 2 + 40, canvas.height() / 2 - 60);
-    QList<bool> showsPreview;
-    const auto look = [&] {
-        const QImage place = canvas.grab({pixel + QPoint(2, -15), QSize(15, 13)}).toImage();
-        bool isBlue = false; // grid and crosshair are grey
-        for (int i = 0; i < place.width() * place.height(); ++i) {
-            const QColor colour = place.pixelColor(i % place.width(), i / place.width());
-            isBlue |= colour.blue() - colour.red() > 80;
-        }
-        showsPreview << isBlue;
-    };
-    const Later later({[&] {
-                           moveMouse(canvas, pixel);
-                           look();
-                           moveMouse(canvas, pixel - QPoint(90, 0));
-                           look();
-                       },
-                       [&] { QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixel); }});
-    const auto answer = m_window->session().services.promptForInsertion({"SQUARE", {}, true, false, false});
-
-    QVERIFY(answer);
-    const Point expected = canvas.view().toDrawing(pixel);
-    QCOMPARE(answer->position.x, expected.x);
-    QCOMPARE(answer->position.y, expected.y);
-    QCOMPARE(showsPreview, (QList<bool>{true, false}));
-}
-
 /// While one runs, others are refused, but those that only change the view, and a click that cancels it.
 void tst_HostWindow::oneCommandAtATime()
 {
+    HostSession &session = m_window->session();
     m_window->connectAddin(testAddin);
+    session.commands.add("WAIT", "TEST", [&session] {
+        return session.services.promptForInsertion({"SQUARE", {}, true, true, true}).has_value();
+    });
+    auto item = std::make_shared<UserInterfaceNode>();
+    item->name = "Wait";
+    item->commandId = session.commands.addUserCommand({{}, "WAIT", "TEST", "^C^CWAIT", {}, {}, {}})->id;
+    session.userInterface.toolbars.children.front()->append(item);
+    session.notifyUserInterfaceChanged();
     type("_SMARTNEW");
     auto &tabs = widget<QTabBar>("documentTabs");
     QTRY_COMPARE(tabs.count(), 2);
-    const HostDocumentPtr inFront = m_window->session().activeDocument();
+    const HostDocumentPtr inFront = session.activeDocument();
     bool isClosed = true;
     QString running;
     const Later later({[&] { click("New"); }, [&] { click("Zoom to Extents"); },
                        [&] { m_window->disconnectAddin(); }, [&] { isClosed = m_window->close(); },
                        [&] { QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(0).center()); },
                        [&] { QTest::mouseClick(tabs.tabButton(1, QTabBar::RightSide), Qt::LeftButton); },
-                       [&] { click("Test tool"); }, [&] { running = m_window->session().commands.running(); },
+                       [&] { click("Wait"); }, [&] { running = session.commands.running(); },
                        [&] { QTest::keyClick(&edit(*m_window), Qt::Key_Escape); }});
-    type("TESTADDIN");
+    type("WAIT");
 
     QCOMPARE(openDrawings(), std::size_t(2));
-    QCOMPARE(m_window->session().activeDocument(), inFront);
+    QCOMPARE(session.activeDocument(), inFront);
     QCOMPARE(tabs.currentIndex(), 1);
-    QVERIFY(hasSaid("_SMARTNEW: not run: TESTADDIN still runs"));
+    QVERIFY(hasSaid("_SMARTNEW: not run: WAIT still runs"));
     QVERIFY(!hasSaid("_ZOOMEXTENTS: not run"));
-    QVERIFY(hasSaid("Not possible while TESTADDIN runs.") && m_window->hasAddin());
-    QVERIFY(hasSaid("Cannot close while TESTADDIN runs.") && !isClosed);
-    QCOMPARE(running, QString("TESTADDIN"));
+    QVERIFY(hasSaid("Not possible while WAIT runs.") && m_window->hasAddin());
+    QVERIFY(hasSaid("Cannot close while WAIT runs.") && !isClosed);
+    QCOMPARE(running, QString("WAIT"));
     QCOMPARE(m_window->commandLine().history().count("*Cancel*"), 2);
-    QVERIFY(m_window->close());
+    QVERIFY(session.commands.running().isEmpty() && m_window->close());
 }
 
 void tst_HostWindow::typedLines()
@@ -502,8 +451,6 @@ void tst_HostWindow::preparedFiles_data()
     const QString picture = "in/plan.svg: not drawn: 1 picture";
     row("a picture and a file that is not well-formed are told of", "broken.svg plan.svg", "new", 0,
         {broken, picture, "Plain copies in new: 1 written, 1 failed"}, "plan.svg");
-    row("existing files are overwritten", "broken.svg plan.svg", "old", QMessageBox::Yes,
-        {broken, picture, "Plain copies in old: 1 written, 1 failed"}, "plan.svg");
     row("existing files are kept", "plan.svg", "old", QMessageBox::No,
         {"old/plan.svg: exists already and was kept", "Plain copies in old: 0 written, 1 kept"}, "");
     row("Cancel at the question writes nothing", "other.svg plan.svg", "old", QMessageBox::Cancel,
@@ -558,32 +505,6 @@ void tst_HostWindow::preparedFiles()
     }
     QTEST(written.join(' '), "copies");
     QCOMPARE(loadPreparationFolders().copies, root.path(folder));
-}
-
-void tst_HostWindow::cancelledPreparation()
-{
-    const TemporaryFolder root;
-    QStringList files;
-    for (int i = 1; i <= 9; ++i)
-        files << root.write(QStringLiteral("in/%1.svg").arg(i), "<svg><line x2='9' stroke='red'/></svg>");
-    QDir(root.path()).mkdir("out");
-    ModalAnswers answers;
-    answers.choose('"' + files.join("\" \"") + '"');
-    answers.choose(root.path("out"));
-    QTimer whileItRuns;
-    connect(&whileItRuns, &QTimer::timeout, this, [&] {
-        auto *progress = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
-        if (!progress || progress->value() != 4)
-            return;
-        m_window->enter("_SMARTNEW");
-        QTest::keyClick(progress, Qt::Key_Escape);
-    });
-    whileItRuns.start();
-    type("preparesvg");
-
-    QVERIFY(hasSaid("_SMARTNEW: not run: PREPARESVG still runs"));
-    QVERIFY(hasSaid("4 written, 5 not begun"));
-    QCOMPARE(QDir(root.path("out")).entryList(QDir::Files).join(' '), QString("1.svg 2.svg 3.svg 4.svg"));
 }
 
 void tst_HostWindow::tabsFollowTheDrawings()

@@ -95,10 +95,9 @@ void tst_WindowImport::insertion_data()
     const QStringList asked = {
         "Insertion point <10,-20.5,3>:", "Scale factor <2>:", "Rotation in degrees <90>:"};
     row("nothing later", {}, {}, {}, {10, -20.5, 3, 2, 90});
-    row("all typed", {position, scale, rotation}, {"5,-6.5", "0.5", "-45"}, asked, {5, -6.5, 0, 0.5, -45});
-    row("Enter takes what the dialog said", {scale, rotation}, {"", ""}, asked.mid(1), {10, -20.5, 3, 2, 90});
+    row("picked, typed, and taken as the dialog said", {position, scale, rotation}, {pick, "0.5", ""}, asked,
+        {5, -6.5, 0, 0.5, 90});
     row("Esc at the last question", {position, rotation}, {"", escape}, {asked[0], asked[2]}, {});
-    row("the point picked", {position}, {pick}, {asked[0]}, {5, -6.5, 0, 2, 90});
 }
 
 void tst_WindowImport::insertion()
@@ -120,6 +119,11 @@ void tst_WindowImport::insertion()
                 const Point picked = canvas.view().toDrawing(pixel);
                 inserted[0] = picked.x;
                 inserted[1] = picked.y;
+                QMouseEvent hover(QEvent::MouseMove, pixel, Qt::NoButton, {}, {});
+                QApplication::sendEvent(&canvas, &hover);
+                const Placement at = {picked, {2, 2, 2}, M_PI_2};
+                QTRY_VERIFY(
+                    host.isDrawnAt(Affine::fromPlacement(at, {}).mapPoint(middleOfLine))); // a preview
                 QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixel);
             } else if (answer == escape) {
                 QTest::keyClick(&edit(host.window), Qt::Key_Escape);
