@@ -1,13 +1,11 @@
 // A folder of SVG files through the add-in's library: from the folder dialogs to the drawings that are saved.
 
 #include "ImportSession.h"
+#include "TableOf.h"
 
-#include <QHeaderView>
-#include <QLayout>
 #include <QProgressBar>
 #include <QTableWidget>
 #include <QTreeWidget>
-#include <QtTest>
 
 namespace {
 
@@ -85,8 +83,12 @@ public:
         }
         return parts.join(' ');
     }
-    /// Whether the user is back in his drawing, which nobody has touched.
-    bool isBack() const { return host.session.activeDocument() == users && contents(users->drawing) == "L"; }
+    /// Whether the user's own drawing is the only one open, and untouched.
+    bool isBack() const
+    {
+        return host.session.documents().size() == 1 && host.session.activeDocument() == users
+            && contents(users->drawing) == "L";
+    }
 
     const refhost::HostDocumentPtr users = host.session.activeDocument();
     QStringList saved; ///< as "out/a.dwg: contents", in the order of saving
@@ -108,7 +110,7 @@ private:
     }
 };
 
-/// What the user does while a run looks for his clicks.
+/// What the user does while a run looks for clicks.
 using Action = std::function<void(BatchSession &)>;
 
 } // namespace
@@ -123,12 +125,10 @@ private slots:
     void listAndButtons();
     void perFileTables();
     void wholeRun();
-    void names_data();
-    void names();
+    void drawings_data();
+    void drawings();
     void runsOverTheSameFolder();
     void progress();
-    void saveFails_data();
-    void saveFails();
     void damagedFiles();
     void duringTheRun_data();
     void duringTheRun();
@@ -139,13 +139,8 @@ private slots:
 
 void tst_BatchImport::listAndButtons_data()
 {
-    QTest::addColumn<QString>(
-        "steps"); // "-" cancels the folder dialog, "!" chooses a folder without SVG files
-    QTest::addColumn<QString>("state");
-
-    const auto row = [](const char *name, const QString &steps, const QString &state) {
-        QTest::newRow(name) << steps << state;
-    };
+    // "-" cancels the folder dialog, "!" chooses a folder without SVG files.
+    const auto row = tableOf<QString, QString>("steps", "state");
     const QString canStart = QStringLiteral("Start Close Select all ");
     const QString allTicked = QStringLiteral("Start Close +Select all +a.svg +b.svg +c.svg");
     row("at the start", "", "Close");
@@ -178,7 +173,6 @@ void tst_BatchImport::listAndButtons()
 
     BatchSession session({"a.svg", "b.svg", "c.svg"});
     QDir().mkpath(session.path("empty"));
-    QStringList messages;
     session.import([&] {
         session.click("radioButton_2");
         for (const QString &step : steps.split(' ', Qt::SkipEmptyParts)) {
@@ -190,21 +184,24 @@ void tst_BatchImport::listAndButtons()
             } else if (step.startsWith('-')) {
                 session.answers.cancel();
                 session.click(browse);
-            } else if (step.startsWith('!')) {
-                session.answers.choose(session.path("empty"));
-                session.answers.press(QMessageBox::Ok);
-                session.click(browse);
-                messages.append("Batch Processing: No SVG file Found in the specified path.");
             } else {
-                session.choose(browse, session.path(step == "source" ? "in" : "out"));
+                const bool isEmpty = step.startsWith('!');
+                session.answers.choose(session.path(isEmpty ? "empty" : step == "dest" ? "out" : "in"));
+                if (isEmpty)
+                    session.answers.press(QMessageBox::Ok);
+                session.click(browse);
             }
         }
         QCOMPARE(session.state(), state);
         QCOMPARE(session.text("source_path_lineEdit"), state.contains("svg") ? session.path("in") : "");
         QCOMPARE(session.text("dest_path_lineEdit"),
                  steps.split(' ').contains("dest") ? session.path("out") : "");
+        for (const char *folder : {"source_path_lineEdit", "dest_path_lineEdit"})
+            QCOMPARE(session.value(folder, "cursorPosition"), 0); // a long path shows its beginning
     });
-    QCOMPARE(session.answers.messages, messages);
+    QCOMPARE(
+        session.answers.messages.join(' '),
+        QString(steps.contains('!') ? "Batch Processing: No SVG file Found in the specified path." : ""));
 }
 
 void tst_BatchImport::perFileTables()
@@ -213,7 +210,6 @@ void tst_BatchImport::perFileTables()
     session.import([&] {
         session.chooseFolders();
         QCOMPARE(session.answers.lastAsked, QString("Specify Folder: All Files (*), folders only"));
-        QCOMPARE(session.tree()->headerItem()->text(0), QString("Files"));
         QTreeWidgetItem *child = session.tree()->topLevelItem(0)->child(0);
         QVERIFY2(!session.tree()->itemWidget(child, 0), "made when its row is opened");
         const QRect file = session.tree()->visualItemRect(session.tree()->topLevelItem(0));
@@ -222,23 +218,15 @@ void tst_BatchImport::perFileTables()
         const QWidget *row = session.tree()->itemWidget(child, 0);
         QVERIFY(row && row->isVisible());
         QTRY_COMPARE(session.tree()->visualItemRect(child).height(), row->height());
-        QCOMPARE(row->maximumSize(), QSize(400, 80));
-        QCOMPARE(row->layout()->alignment(), Qt::AlignTop | Qt::AlignLeft);
         const auto *table = row->findChild<QTableWidget *>();
-        QCOMPARE(table->maximumSize(), QSize(400, 63));
-        QVERIFY(table->horizontalHeader()->isHidden() && table->verticalHeader()->isHidden());
-        QCOMPARE(table->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
-        QCOMPARE(table->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
-        QCOMPARE(QSize(table->columnCount(), table->rowCount()), QSize(4, 2));
         QStringList texts;
-        for (int cell = 0; cell < 8; ++cell) {
-            const QTableWidgetItem *item = table->item(cell / 4, cell % 4);
-            texts.append(item ? item->text() : QString());
-            QVERIFY(!item || !(item->flags() & Qt::ItemIsEditable));
+        for (int cell = 0; cell < 6; ++cell) {
+            const QTableWidgetItem *item = table->item(cell / 3, cell % 3);
+            texts.append(item->text());
+            QVERIFY(!(item->flags() & Qt::ItemIsEditable));
         }
         QCOMPARE(texts.join('|'),
-                 QString("Design Model|Conversion units|Unit Value||Default|Master units|Feet|"));
-
+                 QString("Design Model|Conversion units|Unit Value|Default|Master units|Feet"));
         for (const bool hidden : {true, false}) {
             session.click("global_set_checkBox");
             QCOMPARE(child->isHidden(), hidden);
@@ -263,51 +251,50 @@ void tst_BatchImport::wholeRun()
     const QString insert = R"(InsertBlock2 "blockNameN",0,0,0,1,1,1,0)";
     const QString selectAll = R"(RunCommand "_SELECTALL",true)";
     const QString erase = R"(RunCommand "_DELETE",true)";
-    QCOMPARE(
-        session.calls({"RunCommand", "InsertBlock2", "Explode", "SaveAs2", "CloseDocument", "Activate"}),
-        (QStringList{R"(RunCommand "_SMARTNEW",true)", insert, "kvBlockInstance_c#1 Explode",
-                     R"(kvDocument_c#1 SaveAs2 "DIR/out/a.dwg",23,true)", selectAll, erase, insert,
-                     "kvBlockInstance_c#2 Explode", R"(kvDocument_c#1 SaveAs2 "DIR/out/b_Default_ft.dwg",23,true)",
-                     selectAll, erase, R"(CloseDocument "DIR\\out\\b_Default_ft.dwg",false)", "Activate"}));
+    QCOMPARE(session.calls({"RunCommand", "InsertBlock2", "Explode", "SaveAs2", "CloseDocument", "Activate"}),
+             (QStringList{R"(RunCommand "_SMARTNEW",true)", insert, "kvBlockInstance_c#1 Explode",
+                          R"(kvDocument_c#1 SaveAs2 "DIR/out/a.dwg",23,true)", selectAll, erase, insert,
+                          "kvBlockInstance_c#2 Explode",
+                          R"(kvDocument_c#1 SaveAs2 "DIR/out/b_Default_ft.dwg",23,true)", selectAll, erase,
+                          R"(CloseDocument "DIR\\out\\b_Default_ft.dwg",false)", "kvDocument_c#2 Activate"}));
 }
 
-void tst_BatchImport::names_data()
+void tst_BatchImport::drawings_data()
 {
-    QTest::addColumn<QStringList>("files");
-    QTest::addColumn<QString>("destination");
-    QTest::addColumn<QStringList>("drawings");
-
+    // The files of a name with `unwritable` in it cannot be saved.
+    const auto row =
+        tableOf<QStringList, QString, QString, QString>("files", "destination", "unwritable", "saved");
+    const QString none = QStringLiteral("unwritable");
     const QString longName = QString(200, 'n');
-    QTest::newRow("each drawing holds its own file, in the order of the names whatever their case")
-        << QStringList{"B.svg", "a.svg", "C.SVG"} << "out"
-        << QStringList{"out/a.dwg: 2", "out/B.dwg: 1", "out/C.dwg: 3"};
-    QTest::newRow("blanks and quotes")
-        << QStringList{" plan 'one'\".svg"} << "out" << QStringList{"out/ plan 'one'\".dwg: 1"};
-    QTest::newRow("letters of the world") << QStringList{QString::fromUtf8("Tür 図面 😀.svg")} << "out"
-                                          << QStringList{QString::fromUtf8("out/Tür 図面 😀.dwg: 1")};
-    QTest::newRow("200 characters") << QStringList{longName + ".svg"} << "out"
-                                    << QStringList{"out/" + longName + ".dwg: 1"};
-    QTest::newRow("names alike up to the first dot")
-        << QStringList{"a.1.svg", "a.2.svg", "a.3.svg"} << "out"
-        << QStringList{"out/a.dwg: 1", "out/a_Default_ft.dwg: 2", "out/a_Default_ft.dwg: 3"};
-    QTest::newRow("other files, hidden ones and folders are not listed, and one named by a blank goes")
-        << QStringList{"a.svg", "notes.txt", ".hidden.svg", "folder.svg/b.svg", " "} << "out"
-        << QStringList{"out/a.dwg: 1"};
-    QTest::newRow("beside an existing drawing the folder is the real one")
-        << QStringList{"a.1.svg", "a.2.svg"} << "linked"
-        << QStringList{"linked/a.dwg: 1", "out/a_Default_ft.dwg: 2"};
-    QTest::newRow("a dot in the folder's name cuts the drawing's")
-        << QStringList{"a.svg", "b.svg"} << "plans.2/out"
-        << QStringList{"plans.dwg: 1", "plans_Default_ft.dwg: 2"};
+    row("each drawing holds its own file, in the order of the names whatever their case",
+        {"B.svg", "a.svg", "C.SVG"}, "out", none, "out/a.dwg: 2|out/B.dwg: 1|out/C.dwg: 3");
+    row("blanks and quotes", {" plan 'one'\".svg"}, "out", none, "out/ plan 'one'\".dwg: 1");
+    row("letters of the world", {"Tür 図面 😀.svg"}, "out", none, "out/Tür 図面 😀.dwg: 1");
+    row("200 characters", {longName + ".svg"}, "out", none, "out/" + longName + ".dwg: 1");
+    row("names alike up to the first dot", {"a.1.svg", "a.2.svg", "a.3.svg"}, "out", none,
+        "out/a.dwg: 1|out/a_Default_ft.dwg: 2|out/a_Default_ft.dwg: 3");
+    row("other files, hidden ones and folders are not listed, and one named by a blank goes",
+        {"a.svg", "notes.txt", ".hidden.svg", "folder.svg/b.svg", " "}, "out", none, "out/a.dwg: 1");
+    row("beside an existing drawing the folder is the real one", {"a.1.svg", "a.2.svg"}, "linked", none,
+        "linked/a.dwg: 1|out/a_Default_ft.dwg: 2");
+    row("a dot in the folder's name cuts the drawing's", {"a.svg", "b.svg"}, "plans.2/out", none,
+        "plans.dwg: 1|plans_Default_ft.dwg: 2");
+    row("a file that cannot be saved leaves the other", {"a.svg", "b.svg"}, "out", "a.dwg",
+        "out/a.dwg fails|out/b.dwg: 2");
+    row("the last file not saved does not stay open under the name of the one before", {"a.svg", "b.svg"},
+        "out", "b.dwg", "out/a.dwg: 1|out/b.dwg fails");
+    row("no file can be saved", {"a.svg", "b.svg"}, "out", ".dwg", "out/a.dwg fails|out/b.dwg fails");
 }
 
-void tst_BatchImport::names()
+void tst_BatchImport::drawings()
 {
     QFETCH(QStringList, files);
     QFETCH(QString, destination);
-    QFETCH(QStringList, drawings);
+    QFETCH(QString, unwritable);
+    QFETCH(QString, saved);
 
     BatchSession session(files);
+    session.unwritable = unwritable;
     QVERIFY2(QFile::link(session.path("in/" + files[0]), session.path("in/link.svg")), "never listed");
     QVERIFY(QFile::link(session.path("out"), session.path("linked")));
     QDir().mkpath(session.path(destination));
@@ -316,10 +303,9 @@ void tst_BatchImport::names()
         session.start();
     });
 
-    QCOMPARE(session.saved, drawings);
+    QCOMPARE(session.saved.join('|'), saved);
     QCOMPARE(session.answers.messages, QStringList{finished});
     QVERIFY(session.isBack());
-    QCOMPARE(session.host.session.documents().size(), std::size_t(1));
     QVERIFY(!QFile::exists(session.path("in/ ")));
 }
 
@@ -337,7 +323,7 @@ void tst_BatchImport::runsOverTheSameFolder()
     });
     QCOMPARE(session.saved,
              (QStringList{"out/a.dwg: 1", "out/a_Default_ft.dwg: 2", "out/a_Default_in.dwg: 2"}));
-    QCOMPARE(session.host.session.documents().size(), std::size_t(1));
+    QVERIFY(session.isBack());
 }
 
 void tst_BatchImport::progress()
@@ -368,34 +354,6 @@ void tst_BatchImport::progress()
     QCOMPARE(seen, run + run);
 }
 
-void tst_BatchImport::saveFails_data()
-{
-    QTest::addColumn<QString>("unwritable");
-    QTest::addColumn<QStringList>("drawings");
-
-    QTest::newRow("of one file: the other is saved")
-        << "a.dwg" << QStringList{"out/a.dwg fails", "out/b.dwg: 2"};
-    QTest::newRow("of the last: its drawing does not stay under the name of the one before")
-        << "b.dwg" << QStringList{"out/a.dwg: 1", "out/b.dwg fails"};
-    QTest::newRow("of all") << ".dwg" << QStringList{"out/a.dwg fails", "out/b.dwg fails"};
-}
-
-void tst_BatchImport::saveFails()
-{
-    QFETCH(QString, unwritable);
-    QFETCH(QStringList, drawings);
-
-    BatchSession session({"a.svg", "b.svg"});
-    session.unwritable = unwritable;
-    session.import([&] {
-        session.chooseFolders();
-        session.start();
-    });
-    QCOMPARE(session.saved, drawings);
-    QVERIFY(session.isBack());
-    QCOMPARE(session.host.session.documents().size(), std::size_t(1));
-}
-
 void tst_BatchImport::damagedFiles()
 {
     BatchSession session({"a.svg", "b.svg", "c.svg", "d.svg", "e.svg"});
@@ -419,16 +377,15 @@ void tst_BatchImport::damagedFiles()
 
 void tst_BatchImport::duringTheRun_data()
 {
-    QTest::addColumn<Action>("action"); // after the first drawing is saved; answers all boxes
-    QTest::addColumn<QStringList>("messages");
-    QTest::addColumn<QStringList>("drawings");
-    QTest::addColumn<QString>("afterwards"); // when the dialog is opened again
-
+    // `action` follows the first drawing saved and answers all boxes; `afterwards` the dialog is opened
+    // again.
+    const auto row =
+        tableOf<Action, QStringList, QString, QString>("action", "messages", "drawings", "afterwards");
     const QString question = "Batch Processing: Do you want to stop Batch Processing?";
     const QString unreadable = "Error: Cannot open xml file: /b.svg";
-    const QStringList both = {"out/a.dwg: 1", "out/b.dwg: 2"};
-    const QString asBefore = QStringLiteral("Start Close +Select all +a.svg +b.svg");
-    const auto abort = [](QMessageBox::StandardButton answer) -> Action {
+    const QString both = "out/a.dwg: 1|out/b.dwg: 2";
+    const QString asBefore = "Start Close +Select all +a.svg +b.svg";
+    const auto abort = [](QMessageBox::StandardButton answer) {
         return [answer](BatchSession &session) {
             session.answers.press(answer);
             if (answer == QMessageBox::No)
@@ -436,43 +393,38 @@ void tst_BatchImport::duringTheRun_data()
             session.click("abort_button");
         };
     };
-
-    QTest::newRow("Abort answered No: the run goes on")
-        << abort(QMessageBox::No) << QStringList{question, finished} << both << asBefore;
-    QTest::newRow("Abort answered Yes: it stops before the next file")
-        << abort(QMessageBox::Yes) << QStringList{question} << QStringList{"out/a.dwg: 1"} << asBefore;
-    QTest::newRow("the close box empties the folders, so the names have none, and makes a new dialog")
-        << Action([](BatchSession &session) {
-               for (int i = 0; i < 3; ++i)
-                   session.answers.press(QMessageBox::Ok);
-               session.dialog->close();
-           })
-        << QStringList{unreadable, unreadable, finished} << QStringList{"out/a.dwg: 1", "/b.dwg fails"}
-        << "Close";
-    QTest::newRow("Esc hides the dialog, which comes back with its list")
-        << Action([](BatchSession &session) {
-               session.answers.press(QMessageBox::Ok);
-               QTest::keyClick(session.dialog, Qt::Key_Escape);
-           })
-        << QStringList{finished} << both << asBefore;
-    QTest::newRow("a run started inside a run leaves the outer one its drawing")
-        << Action([](BatchSession &session) {
-               // A ticked file clicked twice enables Start.
-               session.clickFile("b.svg");
-               session.clickFile("b.svg");
-               session.answers.press(QMessageBox::Ok);
-               session.start();
-           })
-        << QStringList{finished, finished}
-        << QStringList{"out/a.dwg: 1", "out/a_Default_ft.dwg: 1", "out/b.dwg: 2", "out/b_Default_ft.dwg: 2"}
-        << "Start Close Select all +a.svg +b.svg";
+    const auto close = [](BatchSession &session) {
+        for (int i = 0; i < 3; ++i)
+            session.answers.press(QMessageBox::Ok);
+        session.dialog->close();
+    };
+    const auto hide = [](BatchSession &session) {
+        session.answers.press(QMessageBox::Ok);
+        QTest::keyClick(session.dialog, Qt::Key_Escape);
+    };
+    const auto startAgain = [](BatchSession &session) {
+        // A ticked file clicked twice enables Start.
+        session.clickFile("b.svg");
+        session.clickFile("b.svg");
+        session.answers.press(QMessageBox::Ok);
+        session.start();
+    };
+    row("Abort answered No: the run goes on", abort(QMessageBox::No), {question, finished}, both, asBefore);
+    row("Abort answered Yes: it stops before the next file", abort(QMessageBox::Yes), {question},
+        "out/a.dwg: 1", asBefore);
+    row("the close box empties the folders, so the names have none, and makes a new dialog", close,
+        {unreadable, unreadable, finished}, "out/a.dwg: 1|/b.dwg fails", "Close");
+    row("Esc hides the dialog, which comes back with its list", hide, {finished}, both, asBefore);
+    row("a run started inside a run leaves the outer one its drawing", startAgain, {finished, finished},
+        "out/a.dwg: 1|out/a_Default_ft.dwg: 1|out/b.dwg: 2|out/b_Default_ft.dwg: 2",
+        "Start Close Select all +a.svg +b.svg");
 }
 
 void tst_BatchImport::duringTheRun()
 {
     QFETCH(Action, action);
     QFETCH(QStringList, messages);
-    QFETCH(QStringList, drawings);
+    QFETCH(QString, drawings);
     QFETCH(QString, afterwards);
 
     BatchSession session({"a.svg", "b.svg"});
@@ -489,12 +441,13 @@ void tst_BatchImport::duringTheRun()
     QVERIFY(session.isBack());
     session.import([&] {
         QCOMPARE(session.answers.messages, messages);
-        QCOMPARE(session.saved, drawings);
+        QCOMPARE(session.saved.join('|'), drawings);
         QCOMPARE(session.state(), afterwards);
         if (!session.isEnabled("start_pushButton"))
             return;
+        session.saved.clear();
         session.start();
-        QVERIFY2(session.saved.size() == drawings.size() + 2, "a later run converts all files");
+        QVERIFY2(session.saved.size() == 2, "a later run converts all files");
     });
 }
 
@@ -510,8 +463,8 @@ void tst_BatchImport::clicksAfterClosing()
             session.widget<QAbstractButton>(name)->click();
     });
     QCOMPARE(session.saved, QStringList());
-    // The run has saved nothing, so that it could not name its drawing to close it.
-    QCOMPARE(session.host.session.documents().size(), std::size_t(1));
+    // A run that saves nothing has no name to close its drawing by.
+    QVERIFY(session.isBack());
 }
 
 void tst_BatchImport::withoutStartingDrawing()

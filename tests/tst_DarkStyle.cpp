@@ -1,6 +1,7 @@
 // The dark theme can be read: texts and check marks are measured on what the controls really paint.
 
-#include <QtTest>
+#include "TableOf.h"
+
 #include <QtWidgets>
 
 #include <algorithm>
@@ -62,90 +63,30 @@ Paint addedPaint(const QImage &picture, const QImage &blank)
 /// Makes a control that shows the text given.
 using Control = std::function<QWidget *(const QString &)>;
 
-QWidget *label(const QString &text)
+/// A control of the class `Widget`, with its text in the property `text`.
+template <class Widget>
+Control control(const QVariantMap &properties = {}, const char *text = "text")
 {
-    return new QLabel(text);
-}
-
-template <typename Button, bool checked = false>
-QWidget *button(const QString &text)
-{
-    auto *control = new Button(text);
-    control->setAutoExclusive(false);
-    control->setCheckable(true);
-    control->setChecked(checked);
-    return control;
-}
-
-template <bool down>
-QWidget *pushButton(const QString &text)
-{
-    auto *control = new QPushButton(text);
-    control->setDown(down);
-    return control;
-}
-
-template <bool readOnly>
-QWidget *lineEdit(const QString &text)
-{
-    auto *control = new QLineEdit(text);
-    control->setReadOnly(readOnly);
-    control->setStyleSheet(readOnly ? "background-color : transparent" : QString());
-    return control;
-}
-
-template <int percent>
-QWidget *progressBar(const QString &text)
-{
-    auto *control = new QProgressBar;
-    control->setFormat(text);
-    control->setValue(percent);
-    return control;
-}
-
-QWidget *comboBox(const QString &text)
-{
-    auto *control = new QComboBox;
-    control->addItem(text);
-    return control;
-}
-
-template <bool selected>
-QWidget *fileList(const QString &text)
-{
-    auto *control = new QTreeWidget;
-    auto *item = new QTreeWidgetItem(control, {text});
-    item->setSelected(selected);
-    return control;
-}
-
-QWidget *fileListTable(const QString &text)
-{
-    auto *control = new QTreeWidget;
-    auto *table = new QTableWidget(1, 1);
-    table->setItem(0, 0, new QTableWidgetItem(text));
-    control->setItemWidget(new QTreeWidgetItem(control), 0, table);
-    return control;
-}
-
-QWidget *header(const QString &text)
-{
-    auto *control = new QTreeWidget;
-    control->setHeaderLabel(text);
-    return control;
+    return [=](const QString &shown) {
+        auto *widget = new Widget;
+        for (auto property = properties.cbegin(); property != properties.cend(); ++property)
+            widget->setProperty(property.key().toLatin1(), *property);
+        widget->setProperty(text, shown);
+        return widget;
+    };
 }
 
 enum class State { Enabled, Disabled };
 
 /// The control as it looks in a dialog of the dark theme.
-QImage painted(const Control &control, State state, const QString &text)
+QImage painted(const Control &makeControl, State state, const QString &text)
 {
     QDialog dialog;
     dialog.setStyleSheet(styleSheet() + "\nQWidget { font: bold 24px; }");
     auto *layout = new QVBoxLayout(&dialog);
     auto *focused = new QLineEdit;
     layout->addWidget(focused);
-    auto *widget = control(text);
+    QWidget *widget = makeControl(text);
     layout->addWidget(widget);
     widget->setFixedSize(260, 90);
     widget->setEnabled(state == State::Enabled);
@@ -169,71 +110,72 @@ class tst_DarkStyle : public QObject {
 
 private slots:
     void picturesExist();
-    void iconsStandOut_data();
     void iconsStandOut();
     void textCanBeRead_data();
     void textCanBeRead();
-    void checkMarksCanBeSeen_data();
     void checkMarksCanBeSeen();
 };
 
 void tst_DarkStyle::picturesExist()
 {
-    static const QRegularExpression address(R"(url\((:[^)]+)\))");
-    int count = 0;
-    for (auto match = address.globalMatch(styleSheet()); match.hasNext(); ++count) {
-        const QString path = match.next().captured(1);
-        QVERIFY2(!QImage(path).isNull(), qPrintable(path));
-    }
-    QVERIFY(count > 0);
-}
-
-void tst_DarkStyle::iconsStandOut_data()
-{
-    QTest::addColumn<QString>("icon");
-    QTest::addColumn<QColor>("ground");
-    for (const QString name : {"ImportSVG", "OK", "cancel", "help", "Delete"}) {
-        QTest::newRow(qPrintable(name + ", light")) << name + "_32x-32.svg" << QColor(Qt::white);
-        QTest::newRow(qPrintable(name + ", dark")) << "DarkMode/" + name + "-32.svg" << QColor("#40454d");
-    }
+    const QStringList pictures = styleSheet().split("url(").mid(1);
+    QVERIFY(!pictures.isEmpty());
+    for (const QString &picture : pictures)
+        QVERIFY2(!QImage(picture.section(')', 0, 0)).isNull(), qPrintable(picture));
 }
 
 void tst_DarkStyle::iconsStandOut()
 {
-    QFETCH(QString, icon);
-    QFETCH(QColor, ground);
-    for (const int size : {16, 24, 32}) {
-        QImage blank(size, size, QImage::Format_RGB32);
-        blank.fill(ground);
-        QImage picture = blank;
-        QPainter(&picture).drawPixmap(0, 0, QIcon(resources + icon).pixmap(size, size));
-        const Paint paint = addedPaint(picture, blank);
-        QVERIFY2(paint.contrast() >= 3, qPrintable(paint.inWords()));
+    for (const QString name : {"ImportSVG", "OK", "cancel", "help", "Delete"}) {
+        for (const auto &[icon, ground] : {std::pair(name + "_32x-32.svg", QColor(Qt::white)),
+                                           {"DarkMode/" + name + "-32.svg", QColor("#40454d")}}) {
+            QImage blank(16, 16, QImage::Format_RGB32);
+            blank.fill(ground);
+            QImage picture = blank;
+            QPainter(&picture).drawPixmap(0, 0, QIcon(resources + icon).pixmap(16));
+            const Paint paint = addedPaint(picture, blank);
+            QVERIFY2(paint.contrast() >= 3, qPrintable(icon + ": " + paint.inWords()));
+        }
     }
 }
 
 void tst_DarkStyle::textCanBeRead_data()
 {
-    QTest::addColumn<Control>("control");
-
-    const std::pair<const char *, Control> controls[] = {
-        {"label", label},
-        {"line edit", lineEdit<false>},
-        {"read-only line edit", lineEdit<true>},
-        {"push button", pushButton<false>},
-        {"pressed push button", pushButton<true>},
-        {"check box", button<QCheckBox>},
-        {"radio button", button<QRadioButton>},
-        {"combo box", comboBox},
-        {"file", fileList<false>},
-        {"selected file", fileList<true>},
-        {"table of a file", fileListTable},
-        {"header", header},
-        {"empty progress bar", progressBar<0>},
-        {"full progress bar", progressBar<100>},
-    };
-    for (const auto &[name, control] : controls)
-        QTest::newRow(name) << control;
+    const auto row = tableOf<Control>("control");
+    row("label", control<QLabel>());
+    row("line edit", control<QLineEdit>());
+    row("read-only line edit",
+        control<QLineEdit>({{"readOnly", true}, {"styleSheet", "background-color : transparent"}}));
+    row("push button", control<QPushButton>());
+    row("pressed push button", control<QPushButton>({{"down", true}}));
+    row("check box", control<QCheckBox>());
+    row("radio button", control<QRadioButton>());
+    row("empty progress bar", control<QProgressBar>({{"value", 0}}, "format"));
+    row("full progress bar", control<QProgressBar>({{"value", 100}}, "format"));
+    row("combo box", [](const QString &text) {
+        auto *box = new QComboBox;
+        box->addItem(text);
+        return box;
+    });
+    for (const bool selected : {false, true}) {
+        row(selected ? "selected file" : "file", [selected](const QString &text) {
+            auto *tree = new QTreeWidget;
+            (new QTreeWidgetItem(tree, {text}))->setSelected(selected);
+            return tree;
+        });
+    }
+    row("table of a file", [](const QString &text) {
+        auto *tree = new QTreeWidget;
+        auto *table = new QTableWidget(1, 1);
+        table->setItem(0, 0, new QTableWidgetItem(text));
+        tree->setItemWidget(new QTreeWidgetItem(tree), 0, table);
+        return tree;
+    });
+    row("header", [](const QString &text) {
+        auto *tree = new QTreeWidget;
+        tree->setHeaderLabel(text);
+        return tree;
+    });
 }
 
 void tst_DarkStyle::textCanBeRead()
@@ -247,24 +189,18 @@ void tst_DarkStyle::textCanBeRead()
     QVERIFY2(disabled != enabled, qPrintable("enabled and disabled: " + enabled.inWords()));
 }
 
-void tst_DarkStyle::checkMarksCanBeSeen_data()
-{
-    QTest::addColumn<Control>("unchecked");
-    QTest::addColumn<Control>("checked");
-    QTest::newRow("check box") << Control(button<QCheckBox>) << Control(button<QCheckBox, true>);
-    QTest::newRow("radio button") << Control(button<QRadioButton>) << Control(button<QRadioButton, true>);
-}
-
 void tst_DarkStyle::checkMarksCanBeSeen()
 {
-    QFETCH(Control, unchecked);
-    QFETCH(Control, checked);
-    for (const State state : {State::Enabled, State::Disabled}) {
-        const QImage empty = painted(unchecked, state, " ");
-        const Paint box = addedPaint(empty, painted(label, state, " "));
-        QVERIFY2(box.contrast() >= 3, qPrintable("box: " + box.inWords()));
-        const Paint mark = addedPaint(painted(checked, state, " "), empty);
-        QVERIFY2(mark.contrast() >= 3, qPrintable("mark: " + mark.inWords()));
+    const QVariantMap checked = {{"checkable", true}, {"checked", true}};
+    for (const auto &[unmarked, marked] : {std::pair(control<QCheckBox>(), control<QCheckBox>(checked)),
+                                           {control<QRadioButton>(), control<QRadioButton>(checked)}}) {
+        for (const State state : {State::Enabled, State::Disabled}) {
+            const QImage empty = painted(unmarked, state, " ");
+            const Paint box = addedPaint(empty, painted(control<QLabel>(), state, " "));
+            QVERIFY2(box.contrast() >= 3, qPrintable("box: " + box.inWords()));
+            const Paint mark = addedPaint(painted(marked, state, " "), empty);
+            QVERIFY2(mark.contrast() >= 3, qPrintable("mark: " + mark.inWords()));
+        }
     }
 }
 

@@ -1,11 +1,10 @@
 // One SVG file through the add-in's library: from the file dialog to the calls that the host gets.
 
 #include "ImportSession.h"
-#include "JournalDifference.h"
+#include "TableOf.h"
 
 #include <QListWidget>
 #include <QTextCodec>
-#include <QtTest>
 
 #include <optional>
 
@@ -36,8 +35,8 @@ void importLine(ImportSession &session, const QStringList &ticked, const QString
 /// What the dialog shows of the chosen file, as "name|folder".
 QString shownFile(const ImportSession &session)
 {
-    QString shown = session.text("name_lineEdit") + '|' + session.text("path_lineEdit");
-    return shown.replace(session.path(), "DIR");
+    const QString shown = session.text("name_lineEdit") + '|' + session.text("path_lineEdit");
+    return QString(shown).replace(session.path(), "DIR");
 }
 
 /// Removes the file "vanishing.svg" as soon as a file dialog has accepted it.
@@ -73,7 +72,6 @@ private slots:
     void choosing();
     void chosenFileOpensTheUnits();
     void startFolderComesFromTheSettings();
-    void shownNameGoesThroughTheLocale_data();
     void shownNameGoesThroughTheLocale();
     void textIsReadWhenTheFileIsChosen();
     void commandDuringThePrompt();
@@ -90,27 +88,15 @@ void tst_SingleImport::wholeJournal()
     importLine(session, {position, explode});
 
     QVERIFY2(!wasVisible, "the dialog is gone before anything is drawn");
-    // clang-format off
-    const QByteArrayList expected = {
-        R"({"call":"kvApplication_c::GetActiveDocument","args":[],"result":0})",
-        R"({"call":"kvApplication_c::GetCommandMessage","args":[],"result":0})",
-        R"({"call":"kvApplication_c::GetActiveDocument","args":[],"result":0})",
-        R"({"call":"kvDocument_c::GetModel","on":"kvDocument_c#1","args":[],"result":0})",
-        R"({"call":"kvModel_c::GetSketchManager","args":[],"result":0})",
-        R"({"call":"kvSketchManager_c::InsertLine","args":[0,0,0,10,5,0],"result":0})",
-        R"({"call":"kvDocument_c::CreateBlockDefinition","on":"kvDocument_c#1","args":["blockNameN","blockNameN",0,0,0,[24,30,21,22,26,23,27,66],["kvLine_c#1"],3],"result":0})",
-        R"({"call":"kvBlockDefinition_c::GetName","on":"kvBlockDefinition_c#1","args":[],"result":0})",
-        R"({"call":"kvBlockDefinition_c::GetName","on":"kvBlockDefinition_c#1","args":[],"result":0})",
-        R"({"call":"kvDocument_c::GetModel","on":"kvDocument_c#1","args":[],"result":0})",
-        R"({"call":"kvModel_c::GetSketchManager","args":[],"result":0})",
-        R"({"call":"kvApplication_c::GetCommandMessage","args":[],"result":0})",
-        R"({"call":"kvCommandMessage_c::PromptForBlockInsertion2","args":["blockNameN",true,0,0,0,false,1,1,1,false,0],"result":0})",
-        R"({"call":"kvSketchManager_c::InsertBlock2","args":["blockNameN",1,2,3,4,5,6,7],"result":0})",
-        R"({"call":"kvBlockInstance_c::Explode","on":"kvBlockInstance_c#1","args":[],"result":0})",
-    };
-    // clang-format on
-    const QString difference = journalDifference(session.calls(), expected);
-    QVERIFY2(difference.isEmpty(), qPrintable(difference));
+    QCOMPARE(session.calls(),
+             (QStringList{"GetActiveDocument", "GetCommandMessage", "GetActiveDocument",
+                          "kvDocument_c#1 GetModel", "GetSketchManager", "InsertLine 0,0,0,10,5,0",
+                          "kvDocument_c#1 CreateBlockDefinition "
+                          R"("blockNameN","blockNameN",0,0,0,[24,30,21,22,26,23,27,66],["kvLine_c#1"],3)",
+                          "kvBlockDefinition_c#1 GetName", "kvBlockDefinition_c#1 GetName",
+                          "kvDocument_c#1 GetModel", "GetSketchManager", "GetCommandMessage",
+                          R"(PromptForBlockInsertion2 "blockNameN",true,0,0,0,false,1,1,1,false,0)",
+                          R"(InsertBlock2 "blockNameN",1,2,3,4,5,6,7)", "kvBlockInstance_c#1 Explode"}));
 
     const QPointer<QWidget> first = session.dialog;
     session.import([] {});
@@ -119,46 +105,33 @@ void tst_SingleImport::wholeJournal()
 
 void tst_SingleImport::insertion_data()
 {
-    QTest::addColumn<QStringList>("later");
-    QTest::addColumn<QByteArray>("refused"); // by the host, or "by the user"
-    QTest::addColumn<QStringList>("calls");
-
-    const QString insert = QStringLiteral("InsertBlock2 \"blockNameN\",");
-    const QString typed = insert + "10,20,0,2,2,2,1.5707963267948966";
-    const QString explosion = QStringLiteral("kvBlockInstance_c#1 Explode");
-    QTest::newRow("nothing later") << QStringList() << QByteArray() << QStringList{typed, explosion};
+    // `refused` by the host, or "by the user"
+    const auto row = tableOf<QStringList, QByteArray, QStringList>("later", "refused", "calls");
+    const QString typed = R"(InsertBlock2 "blockNameN",10,20,0,2,2,2,1.5707963267948966)";
+    const QString picks = R"(InsertBlock2 "blockNameN",1,2,3,4,5,6,7)";
+    const QString explosion = "kvBlockInstance_c#1 Explode";
+    row("nothing later", {}, {}, {typed, explosion});
     for (int bits = 1; bits < 8; ++bits) {
         QStringList later;
-        QStringList arguments = {"\"blockNameN\""};
-        const auto ask = [&](int bit, const QString &box, const QString &offered) {
+        QString prompt = "PromptForBlockInsertion2 \"blockNameN\"";
+        for (const auto &[bit, box, offered] : {std::tuple(1, position, ",10,20,0"),
+                                                {2, "scale_specify_checkBox", ",2,2,2"},
+                                                {4, "rotation_specify_checkBox", ",1.5707963267948966"}}) {
             if (bits & bit)
                 later.append(box);
-            arguments << (bits & bit ? "true" : "false") << offered;
-        };
-        ask(1, position, "10,20,0");
-        ask(2, "scale_specify_checkBox", "2,2,2");
-        ask(4, "rotation_specify_checkBox", "1.5707963267948966");
-        const QByteArray name = later.join(" and ").toUtf8();
-        const QString prompt = "PromptForBlockInsertion2 " + arguments.join(',');
-        QTest::newRow(name) << later << QByteArray()
-                            << QStringList{prompt, insert + "1,2,3,4,5,6,7", explosion};
-        QTest::newRow(name + ", cancelled: there is nothing to explode")
-            << later << QByteArray("by the user") << QStringList{prompt};
+            prompt += (bits & bit ? ",true" : ",false") + QString(offered);
+        }
+        row(qPrintable(later.join(" and ")), later, {}, {prompt, picks, explosion});
+        row(qPrintable(later.join(" and ") + ", cancelled: there is nothing to explode"), later,
+            "by the user", {prompt});
     }
-
-    const auto refused = [](const QByteArray &method, const QStringList &calls,
-                            const QStringList &later = {}) {
-        QTest::newRow(method + " refused") << later << method << calls;
-    };
-    const QString unnamed = QString(typed).remove("blockNameN");
-    refused("kvDocument_c::CreateBlockDefinition", {unnamed + " -> 2"});
-    refused("kvBlockDefinition_c::GetName", {unnamed + " -> 2"});
-    refused("kvSketchManager_c::InsertBlock2", {typed + " -> 1"});
-    refused("kvApplication_c::GetActiveDocument", {});
-    refused("kvDocument_c::GetModel", {});
-    refused("kvModel_c::GetSketchManager", {});
-    refused("kvApplication_c::GetCommandMessage", {}, {position});
-    refused("kvBlockInstance_c::Explode", {typed, explosion + " -> 1"});
+    const QString unnamed = QString(typed).remove("blockNameN") + " -> 2";
+    row("no block", {}, "kvDocument_c::CreateBlockDefinition", {unnamed});
+    row("no name of the block", {}, "kvBlockDefinition_c::GetName", {unnamed});
+    row("no insertion", {}, "kvSketchManager_c::InsertBlock2", {typed + " -> 1"});
+    row("no drawing", {}, "kvApplication_c::GetActiveDocument", {});
+    row("no prompt", {position}, "kvApplication_c::GetCommandMessage", {});
+    row("no explosion", {}, "kvBlockInstance_c::Explode", {typed, explosion + " -> 1"});
 }
 
 void tst_SingleImport::insertion()
@@ -178,68 +151,52 @@ void tst_SingleImport::insertion()
 
 void tst_SingleImport::typedTexts_data()
 {
-    QTest::addColumn<QStringList>("typed"); // x, y, z, scale, angle
-    QTest::addColumn<QString>("arguments");
-
-    QTest::newRow("numbers, and degrees to the right")
-        << QStringList{"10", "-20.5", "1e3", "2", "-180"} << "10,-20.5,1000,2,2,2,-3.141592653589793";
-    QTest::newRow("blanks around a number are passed over")
-        << QStringList{" 7", "7 ", " 7 ", " 0.5 ", " 0 "} << "7,7,7,0.5,0.5,0.5,0";
-    QTest::newRow("what is no number counts as 0")
-        << QStringList{"", " ", "1,5", "two", "90 deg"} << "0,0,0,0,0,0,0";
-    QTest::newRow("infinity is asked for as typed")
-        << QStringList{"inf", "0", "0", "1", "0"} << R"("inf",0,0,1,1,1,0 -> 1)";
+    const auto row = tableOf<QString, QString>("typed", "arguments"); // x|y|z|scale|angle
+    row("numbers, and degrees to the right", "10|-20.5|1e3|2|-180", "10,-20.5,1000,2,2,2,-3.141592653589793");
+    row("blanks around a number are passed over", " 7|7 | 7 | 0.5 | 0 ", "7,7,7,0.5,0.5,0.5,0");
+    row("what is no number counts as 0", "| |1,5|two|90 deg", "0,0,0,0,0,0,0");
+    row("infinity is asked for as typed", "inf|0|0|1|0", R"("inf",0,0,1,1,1,0 -> 1)");
 }
 
 void tst_SingleImport::typedTexts()
 {
-    QFETCH(QStringList, typed);
+    QFETCH(QString, typed);
     QFETCH(QString, arguments);
 
     ImportSession session;
-    importLine(session, {}, typed);
+    importLine(session, {}, typed.split('|'));
     QCOMPARE(session.calls({"InsertBlock2", "Explode"}),
              QStringList{R"(InsertBlock2 "blockNameN",)" + arguments});
 }
 
 void tst_SingleImport::choosing_data()
 {
-    QTest::addColumn<QStringList>("chosen"); // an empty one cancels
-    QTest::addColumn<QStringList>("messages");
-    QTest::addColumn<QString>("shown"); // name|folder|OK
-    QTest::addColumn<int>("linesDrawn");
-
-    const QStringList none;
+    // Files by their names, an empty one cancels; `shown` is name|folder|OK.
+    const auto row = tableOf<QString, QStringList, QString, int>("chosen", "messages", "shown", "linesDrawn");
     const QStringList refused = {"Korvane: This Drawing cannot be loaded because it is not a SVG file."};
     const QString unreadable = "Error: Cannot open xml file: DIR/vanishing.svg";
 
-    QTest::newRow("a first file of another kind leaves OK off")
-        << QStringList{"logo.Svg"} << refused << "||off" << 0;
-    QTest::newRow("the suffix is all of what follows the last dot")
-        << QStringList{"logo.svg.svgz"} << refused << "||off" << 0;
-    QTest::newRow("cancelling at first leaves OK off") << QStringList{""} << none << "||off" << 0;
-    QTest::newRow("another file takes the place of the first")
-        << QStringList{"plan.svg", "other/three.svg"} << none << "three.svg|DIR/other|on" << 3;
-    QTest::newRow("a refused file keeps the first")
-        << QStringList{"plan.svg", "logo.Svg"} << refused << "||on" << 1;
-    QTest::newRow("a refused file, then a cancelled dialog: the first is forgotten")
-        << QStringList{"plan.svg", "logo.Svg", ""} << refused << "||on" << 0;
-    QTest::newRow("what cannot be read is told twice, and shown")
-        << QStringList{"plan.svg", "vanishing.svg"} << QStringList{unreadable, unreadable}
-        << "vanishing.svg|DIR|on" << 0;
-    QTest::newRow("what is not well-formed is shown and draws nothing")
-        << QStringList{"broken.svg"} << none << "broken.svg|DIR|on" << 0;
-    QTest::newRow("two dots and quotes in the name")
-        << QStringList{"it's.b.svg"} << none << "it's.b.svg|DIR|on" << 1;
-    QTest::newRow("blanks are left out of what is shown")
-        << QStringList{"My Drawings/plan one.svg"} << none << "planone.svg|DIR/MyDrawings|on" << 1;
-    QTest::newRow("the folder loses the name wherever it occurs")
-        << QStringList{"old plan.svg/plan.svg"} << none << "plan.svg|DIR/old|on" << 1;
+    row("a first file of another kind leaves OK off", "logo.Svg", refused, "||off", 0);
+    row("the suffix is all of what follows the last dot", "logo.svg.svgz", refused, "||off", 0);
+    row("cancelling at first leaves OK off", "", {}, "||off", 0);
+    row("another file takes the place of the first", "plan.svg|other/three.svg", {}, "three.svg|DIR/other|on",
+        3);
+    row("a refused file keeps the first", "plan.svg|logo.Svg", refused, "||on", 1);
+    row("a refused file, then a cancelled dialog: the first is forgotten", "plan.svg|logo.Svg|", refused,
+        "||on", 0);
+    row("what cannot be read is told twice, and shown", "plan.svg|vanishing.svg", {unreadable, unreadable},
+        "vanishing.svg|DIR|on", 0);
+    row("what is not well-formed is shown and draws nothing", "broken.svg", {}, "broken.svg|DIR|on", 0);
+    row("two dots and quotes in the name", "it's.b.svg", {}, "it's.b.svg|DIR|on", 1);
+    row("blanks are left out of what is shown", "My Drawings/plan one.svg", {},
+        "planone.svg|DIR/MyDrawings|on", 1);
+    row("the folder loses the name wherever it occurs", "old plan.svg/plan.svg", {}, "plan.svg|DIR/old|on",
+        1);
 }
 
 void tst_SingleImport::choosing()
 {
-    QFETCH(QStringList, chosen);
+    QFETCH(QString, chosen);
     QFETCH(QStringList, messages);
     QFETCH(QString, shown);
     QFETCH(int, linesDrawn);
@@ -256,13 +213,14 @@ void tst_SingleImport::choosing()
 
     QString actual;
     session.import([&] {
-        for (const QString &name : chosen) {
+        for (const QString &name : chosen.split('|')) {
             name.isEmpty() ? session.answers.cancel() : session.answers.choose(session.path(name));
             for (int i = 0; i < messagesOf.value(name); ++i)
                 session.answers.press(QMessageBox::Ok);
             session.click(browse);
         }
         actual = shownFile(session) + (session.isEnabled("OK_pushButton") ? "|on" : "|off");
+        QCOMPARE(session.value("path_lineEdit", "cursorPosition"), 0); // a long path shows its beginning
         session.click(position);
         session.click("OK_pushButton");
     });
@@ -285,13 +243,10 @@ void tst_SingleImport::chosenFileOpensTheUnits()
         QCOMPARE(session.text("convert_factor_lineEdit"), QString("12"));
         session.click("sub_units_radioButton");
         QCOMPARE(session.text("convert_factor_lineEdit"), QString("1"));
-        QTest::keyClick(session.widget("units_comboBox"), Qt::Key_Down); // Feet
-        QCOMPARE(session.text("convert_factor_lineEdit"), QString("0.0833333"));
 
         const auto *models = session.widget<QListWidget>("listWidget");
         QCOMPARE(models->count(), 1);
-        QCOMPARE(models->item(0)->text(), QString("Default"));
-        QVERIFY(models->item(0)->isSelected());
+        QVERIFY(models->item(0)->text() == "Default" && models->item(0)->isSelected());
     });
 }
 
@@ -309,33 +264,21 @@ void tst_SingleImport::startFolderComesFromTheSettings()
     QCOMPARE(QSettings().value("default_dir2").toString(), session.path("drawings"));
 }
 
-void tst_SingleImport::shownNameGoesThroughTheLocale_data()
-{
-    QTest::addColumn<QByteArray>("codec");
-    QTest::addColumn<QString>("shown");
-
-    QTest::newRow("UTF-8: the name as it is") << QByteArray("UTF-8") << QString::fromUtf8("tür.svg|DIR");
-    QTest::newRow("Latin 1: a name that the path does not contain, so the path loses its last letter alone")
-        << QByteArray("ISO-8859-1") << QString::fromUtf8("tÃ¼r.svg|DIR/tür.sv");
-}
-
 void tst_SingleImport::shownNameGoesThroughTheLocale()
 {
-    QFETCH(QByteArray, codec);
-    QFETCH(QString, shown);
-
     QTextCodec *before = QTextCodec::codecForLocale();
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName(codec));
-    QString actual;
-    {
+    QStringList shown;
+    for (const char *codec : {"UTF-8", "ISO-8859-1"}) {
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName(codec));
         ImportSession session;
         session.import([&] {
-            session.choose(browse, session.write(QString::fromUtf8("tür.svg"), oneLine));
-            actual = shownFile(session);
+            session.choose(browse, session.write("tür.svg", oneLine));
+            shown.append(shownFile(session));
         });
     }
     QTextCodec::setCodecForLocale(before);
-    QCOMPARE(actual, shown);
+    // In Latin 1 the path does not contain the name shown, so it loses its last letter alone.
+    QCOMPARE(shown, (QStringList{"tür.svg|DIR", "tÃ¼r.svg|DIR/tür.sv"}));
 }
 
 void tst_SingleImport::textIsReadWhenTheFileIsChosen()

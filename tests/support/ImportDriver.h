@@ -7,22 +7,20 @@
 #include "ModalAnswers.h"
 #include "TemporaryFolder.h"
 
-#include <functional>
-
 class ImportDriver : public DialogDriver, public TemporaryFolder {
 public:
     /// Lets `act` work in the dialog that the next command opens; it is closed afterwards if `act` did not do
     /// that itself. `act` must live until then.
     void workInDialog(const std::function<void()> &act)
     {
-        whenDialogOpens([this, &act](QWidget *opened) {
-            dialog = opened;
+        // Runs in the dialog's own event loop, which starts after it is shown.
+        QTimer::singleShot(0, qApp, [this, &act] {
+            dialog = QApplication::activeModalWidget();
             act();
-            if (dialog->isVisible())
+            if (dialog && dialog->isVisible())
                 dialog->close();
         });
     }
-
     /// Chooses `path` in the dialog that the button `browse` opens.
     void choose(const QString &browse, const QString &path)
     {

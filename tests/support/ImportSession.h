@@ -7,58 +7,46 @@
 #include "JournalCalls.h"
 #include "RecordingHost.h"
 
-#include <QRegularExpression>
-#include <QtTest>
-
-#include <functional>
-
 class ImportSession : public ImportDriver {
 public:
-    ImportSession()
+    explicit ImportSession(int language = kvLanguage_English)
     {
-        if (!m_addin.connect(host.application()))
+        host.session.settings.language = language;
+        if (!addin.connect(host.application()))
             qFatal("The add-in does not connect");
-        host.begin();
         answers.boxSeen = [](const QMessageBox &box) { checkLook(box); };
     }
 
     /// Runs IMPORTSVG. `act` works in the dialog, which is closed afterwards if it did not do that itself.
     void import(const std::function<void()> &act)
     {
+        host.begin();
         workInDialog(act);
         if (host.session.commands.runForUser(QStringLiteral("IMPORTSVG")) != kvRunCommand_Succeeded)
             QTest::qFail("IMPORTSVG failed", __FILE__, __LINE__);
     }
 
-    /// What the host was asked for, without what counts for the whole process or depends on the machine:
-    /// block names end in N, files are in DIR.
-    QByteArrayList calls() const
+    /// The calls of `methods`, or all since the last command, without what counts for the whole process or
+    /// depends on the machine: block names end in N, files are in DIR.
+    QStringList calls(const QStringList &methods = {}) const
     {
         static const QRegularExpression blockNumber("blockName\\d+");
-        QByteArrayList result;
-        for (const QByteArray &line : host.calls) {
-            QString text = QString::fromUtf8(line).replace(blockNumber, "blockNameN");
-            text.replace(path(), "DIR").replace(path().replace('/', "\\\\"), "DIR");
-            result.append(text.toUtf8());
-        }
-        return result;
+        return callsOf(host.calls, methods)
+            .replaceInStrings(blockNumber, "blockNameN")
+            .replaceInStrings(path(), "DIR")
+            .replaceInStrings(path().replace('/', "\\\\"), "DIR");
     }
-    /// The calls of `methods` alone, as "InsertBlock2 arguments".
-    QStringList calls(const QStringList &methods) const { return callsOf(calls(), methods); }
 
     /// What all boxes of the dialog have in common; the one for a file that cannot be read is the reader's.
     static void checkLook(const QMessageBox &box)
     {
         if (box.windowTitle() == "Error")
             return;
-        const bool asks = box.text().endsWith('?');
-        QCOMPARE(box.icon(), asks ? QMessageBox::Question : QMessageBox::Warning);
+        QCOMPARE(box.icon(), box.text().endsWith('?') ? QMessageBox::Question : QMessageBox::Warning);
         QVERIFY(box.windowFlags() & Qt::MSWindowsFixedSizeDialogHint);
         QVERIFY(!box.parentWidget() && !box.testAttribute(Qt::WA_QuitOnClose));
     }
 
     RecordingHost host;
-
-private:
-    LoadedAddin m_addin;
+    LoadedAddin addin;
 };

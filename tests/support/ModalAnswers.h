@@ -35,24 +35,22 @@ public:
     void choose(const QString &path)
     {
         m_answers.append([this, path, waiting = QElapsedTimer()](QDialog &dialog) mutable {
-            auto *name = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-            auto *buttons = dialog.findChild<QDialogButtonBox *>();
-            if (!name || !buttons)
+            auto *files = qobject_cast<QFileDialog *>(&dialog);
+            if (!files)
                 return closeUnexpected(dialog);
-            name->setText(path);
+            files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(path);
             // Once the dialog has read the folder, it lets the file be opened or saved.
-            QPushButton *accept = buttons->button(QDialogButtonBox::Open);
-            if (!accept)
-                accept = buttons->button(QDialogButtonBox::Save);
-            if (!accept || !accept->isEnabled()) {
+            auto *accept = files->findChild<QDialogButtonBox *>()->button(
+                files->acceptMode() == QFileDialog::AcceptOpen ? QDialogButtonBox::Open
+                                                               : QDialogButtonBox::Save);
+            if (!accept->isEnabled()) {
                 if (!waiting.isValid())
                     waiting.start();
                 constexpr int longest = 10'000; // ms; a path that is not there is never let through
                 return waiting.hasExpired(longest) && closeUnexpected(dialog);
             }
-            const auto &files = static_cast<const QFileDialog &>(dialog);
-            lastAsked = files.windowTitle() + ": " + files.nameFilters().join(';')
-                + (files.testOption(QFileDialog::ShowDirsOnly) ? ", folders only" : "");
+            lastAsked = files->windowTitle() + ": " + files->nameFilters().join(';')
+                + (files->testOption(QFileDialog::ShowDirsOnly) ? ", folders only" : "");
             QTest::mouseClick(accept, Qt::LeftButton);
             return true;
         });
@@ -83,6 +81,9 @@ public:
     std::function<void(QMessageBox &)> boxSeen = [](QMessageBox &) {};
 
 private:
+    /// Replies to a dialog; false when the dialog cannot take the reply yet.
+    using Reply = std::function<bool(QDialog &)>;
+
     /// Closes a dialog that is not the expected one.
     static bool closeUnexpected(QDialog &dialog)
     {
@@ -92,20 +93,16 @@ private:
     }
     void answer()
     {
-        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        QWidget *dialog = QApplication::activeModalWidget();
         if (!dialog || !dialog->isVisible()
             || !(qobject_cast<QFileDialog *>(dialog) || qobject_cast<QMessageBox *>(dialog)))
             return;
-        if (m_answers.isEmpty()) {
-            closeUnexpected(*dialog);
-        } else {
-            // Off the queue first: what it clicks may bring up another dialog before it returns.
-            const auto first = m_answers.takeFirst();
-            if (!first(*dialog))
-                m_answers.prepend(first);
-        }
+        // Off the queue first: what it clicks may bring up another dialog before it returns.
+        const Reply first = m_answers.isEmpty() ? closeUnexpected : m_answers.takeFirst();
+        if (!first(static_cast<QDialog &>(*dialog)))
+            m_answers.prepend(first);
     }
 
-    QList<std::function<bool(QDialog &)>> m_answers;
+    QList<Reply> m_answers;
     QTimer m_timer;
 };
