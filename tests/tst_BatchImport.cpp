@@ -38,7 +38,8 @@ public:
         for (int i = 0; i < names.size(); ++i)
             write("in/" + names[i], svgWithLines(i + 1));
         users->drawing.add(refhost::Circle{{}, 1.0});
-        QDir().mkpath(path("out"));
+        for (const char *folder : {"out", "empty"})
+            QDir().mkpath(path(folder));
         host.session.services.saveDrawing = [this](const refhost::Drawing &drawing, const QString &file,
                                                    bool usedBlocksOnly) {
             return save(drawing, file, usedBlocksOnly);
@@ -46,11 +47,22 @@ public:
         host.session.services.report = [](const QString & /*message*/) {};
     }
 
+    /// Chooses for "source" or "dest" the folder "in" or "out". A "-" before it cancels the folder dialog, a
+    /// "!" chooses a folder without SVG files.
+    void chooseFolder(const QString &step)
+    {
+        const QString field = QString(step).remove('-').remove('!');
+        const QString folder = step[0] == '!' ? "empty" : field == "dest" ? "out" : "in";
+        step[0] == '-' ? answers.cancel() : answers.choose(path(folder));
+        if (step[0] == '!')
+            answers.press(QMessageBox::Ok);
+        click(field + "_path_browse_pushButton");
+    }
     /// Lists the files of "in", chooses `destination` and ticks all.
     void chooseFolders(const QString &destination = QStringLiteral("out"))
     {
         click("radioButton_2");
-        choose("source_path_browse_pushButton", path("in"));
+        chooseFolder("source");
         choose("dest_path_browse_pushButton", path(destination));
         click("checkBox_2");
     }
@@ -91,8 +103,8 @@ public:
     }
 
     const refhost::HostDocumentPtr users = host.session.activeDocument();
-    QStringList saved; ///< as "out/a.dwg: contents", in the order of saving
-    QString unwritable = QStringLiteral("unwritable");
+    QStringList saved;                                 ///< as "out/a.dwg: contents", in the order of saving
+    QString unwritable = QStringLiteral("unwritable"); ///< part of the names that cannot be saved
     std::function<void()> whenSaved = [] {};
 
 private:
@@ -139,21 +151,16 @@ private slots:
 
 void tst_BatchImport::listAndButtons_data()
 {
-    // "-" cancels the folder dialog, "!" chooses a folder without SVG files.
     const auto row = tableOf<QString, QString>("steps", "state");
     const QString canStart = QStringLiteral("Start Close Select all ");
     const QString allTicked = QStringLiteral("Start Close +Select all +a.svg +b.svg +c.svg");
-    row("at the start", "", "Close");
     row("a cancelled source", "-source", "Close");
     row("a folder without SVG files", "!source", "Close");
     row("a destination alone enables Select all", "dest", "Close Select all");
     row("Select all without any file", "dest all", "Close +Select all");
     row("both folders, no file ticked", "source dest", "Close Select all a.svg b.svg c.svg");
-    row("a file before the destination", "source a", "Close Select all +a.svg b.svg c.svg");
     row("the destination after a file", "source a dest", canStart + "+a.svg b.svg c.svg");
-    row("Select all before the destination", "source all", "Close +Select all +a.svg +b.svg +c.svg");
     row("the destination after Select all", "source all dest", allTicked);
-    row("a cancelled destination", "-dest", "Close");
     row("a cancelled destination leaves the one there is", "source dest all -dest", allTicked);
     row("the last file unticked", "source dest b b", "Close Select all a.svg b.svg c.svg");
     row("another file still ticked", "source dest c a a", canStart + "a.svg b.svg +c.svg");
@@ -172,25 +179,15 @@ void tst_BatchImport::listAndButtons()
     QFETCH(QString, state);
 
     BatchSession session({"a.svg", "b.svg", "c.svg"});
-    QDir().mkpath(session.path("empty"));
     session.import([&] {
         session.click("radioButton_2");
         for (const QString &step : steps.split(' ', Qt::SkipEmptyParts)) {
-            const QString browse = step.mid(step[0].isLetter() ? 0 : 1) + "_path_browse_pushButton";
-            if (step == "all") {
-                session.click("checkBox_2");
-            } else if (step.size() == 1) {
+            if (step.size() == 1)
                 session.clickFile(step + ".svg");
-            } else if (step.startsWith('-')) {
-                session.answers.cancel();
-                session.click(browse);
-            } else {
-                const bool isEmpty = step.startsWith('!');
-                session.answers.choose(session.path(isEmpty ? "empty" : step == "dest" ? "out" : "in"));
-                if (isEmpty)
-                    session.answers.press(QMessageBox::Ok);
-                session.click(browse);
-            }
+            else if (step == "all")
+                session.click("checkBox_2");
+            else
+                session.chooseFolder(step);
         }
         QCOMPARE(session.state(), state);
         QCOMPARE(session.text("source_path_lineEdit"), state.contains("svg") ? session.path("in") : "");
@@ -212,19 +209,14 @@ void tst_BatchImport::perFileTables()
         QCOMPARE(session.answers.lastAsked, QString("Specify Folder: All Files (*), folders only"));
         QTreeWidgetItem *child = session.tree()->topLevelItem(0)->child(0);
         QVERIFY2(!session.tree()->itemWidget(child, 0), "made when its row is opened");
-        const QRect file = session.tree()->visualItemRect(session.tree()->topLevelItem(0));
-        QTest::mouseClick(session.tree()->viewport(), Qt::LeftButton, {},
-                          {file.left() - 10, file.center().y()});
+        session.tree()->expandItem(child->parent());
         const QWidget *row = session.tree()->itemWidget(child, 0);
         QVERIFY(row && row->isVisible());
         QTRY_COMPARE(session.tree()->visualItemRect(child).height(), row->height());
         const auto *table = row->findChild<QTableWidget *>();
         QStringList texts;
-        for (int cell = 0; cell < 6; ++cell) {
-            const QTableWidgetItem *item = table->item(cell / 3, cell % 3);
-            texts.append(item->text());
-            QVERIFY(!(item->flags() & Qt::ItemIsEditable));
-        }
+        for (int cell = 0; cell < 6; ++cell)
+            texts.append(table->item(cell / 3, cell % 3)->text());
         QCOMPARE(texts.join('|'),
                  QString("Design Model|Conversion units|Unit Value|Default|Master units|Feet"));
         for (const bool hidden : {true, false}) {
@@ -238,64 +230,60 @@ void tst_BatchImport::wholeRun()
 {
     BatchSession session({"a.svg", "b.svg"});
     session.write("out/b.dwg", {});
-    const QString in = session.path("in");
-    for (const QString &line :
-         {"dirPath \"" + in + '"', "dirPath \"" + in + "/a.svg\"", QString("m_treeItemArray \"a.svg\""),
-          "dirPath \"" + in + "/b.svg\"", QString("m_treeItemArray \"b.svg\"")})
-        QTest::ignoreMessage(QtDebugMsg, qPrintable(line)); // a missing one fails the test
     session.import([&] {
         session.chooseFolders();
         session.click("explode_checkBox");
         session.start();
     });
-    const QString insert = R"(InsertBlock2 "blockNameN",0,0,0,1,1,1,0)";
-    const QString selectAll = R"(RunCommand "_SELECTALL",true)";
-    const QString erase = R"(RunCommand "_DELETE",true)";
+    const QString emptied = R"(RunCommand "_SELECTALL",true|RunCommand "_DELETE",true)";
+    const QStringList calls = {R"(RunCommand "_SMARTNEW",true)",
+                               R"(InsertBlock2 "blockNameN",0,0,0,1,1,1,0|kvBlockInstance_c#1 Explode)",
+                               R"(kvDocument_c#1 SaveAs2 "DIR/out/a.dwg",23,true)",
+                               emptied,
+                               R"(InsertBlock2 "blockNameN",0,0,0,1,1,1,0|kvBlockInstance_c#2 Explode)",
+                               R"(kvDocument_c#1 SaveAs2 "DIR/out/b_Default_ft.dwg",23,true)",
+                               emptied,
+                               R"(CloseDocument "DIR\\out\\b_Default_ft.dwg",false|kvDocument_c#2 Activate)"};
     QCOMPARE(session.calls({"RunCommand", "InsertBlock2", "Explode", "SaveAs2", "CloseDocument", "Activate"}),
-             (QStringList{R"(RunCommand "_SMARTNEW",true)", insert, "kvBlockInstance_c#1 Explode",
-                          R"(kvDocument_c#1 SaveAs2 "DIR/out/a.dwg",23,true)", selectAll, erase, insert,
-                          "kvBlockInstance_c#2 Explode",
-                          R"(kvDocument_c#1 SaveAs2 "DIR/out/b_Default_ft.dwg",23,true)", selectAll, erase,
-                          R"(CloseDocument "DIR\\out\\b_Default_ft.dwg",false)", "kvDocument_c#2 Activate"}));
+             calls.join('|').split('|'));
 }
 
 void tst_BatchImport::drawings_data()
 {
-    // The files of a name with `unwritable` in it cannot be saved.
     const auto row =
-        tableOf<QStringList, QString, QString, QString>("files", "destination", "unwritable", "saved");
-    const QString none = QStringLiteral("unwritable");
+        tableOf<QString, QString, QString, QString>("files", "destination", "unwritable", "saved");
     const QString longName = QString(200, 'n');
-    row("each drawing holds its own file, in the order of the names whatever their case",
-        {"B.svg", "a.svg", "C.SVG"}, "out", none, "out/a.dwg: 2|out/B.dwg: 1|out/C.dwg: 3");
-    row("blanks and quotes", {" plan 'one'\".svg"}, "out", none, "out/ plan 'one'\".dwg: 1");
-    row("letters of the world", {"Tür 図面 😀.svg"}, "out", none, "out/Tür 図面 😀.dwg: 1");
-    row("200 characters", {longName + ".svg"}, "out", none, "out/" + longName + ".dwg: 1");
-    row("names alike up to the first dot", {"a.1.svg", "a.2.svg", "a.3.svg"}, "out", none,
+    row("each drawing holds its own file, in the order of the names whatever their case", "B.svg|a.svg|C.SVG",
+        "out", "unwritable", "out/a.dwg: 2|out/B.dwg: 1|out/C.dwg: 3");
+    row("blanks and quotes", " plan 'one'\".svg", "out", "unwritable", "out/ plan 'one'\".dwg: 1");
+    row("letters of the world", "Tür 図面 😀.svg", "out", "unwritable", "out/Tür 図面 😀.dwg: 1");
+    row("200 characters", longName + ".svg", "out", "unwritable", "out/" + longName + ".dwg: 1");
+    row("names alike up to the first dot", "a.1.svg|a.2.svg|a.3.svg", "out", "unwritable",
         "out/a.dwg: 1|out/a_Default_ft.dwg: 2|out/a_Default_ft.dwg: 3");
     row("other files, hidden ones and folders are not listed, and one named by a blank goes",
-        {"a.svg", "notes.txt", ".hidden.svg", "folder.svg/b.svg", " "}, "out", none, "out/a.dwg: 1");
-    row("beside an existing drawing the folder is the real one", {"a.1.svg", "a.2.svg"}, "linked", none,
+        "a.svg|notes.txt|.hidden.svg|folder.svg/b.svg| ", "out", "unwritable", "out/a.dwg: 1");
+    row("beside an existing drawing the folder is the real one", "a.1.svg|a.2.svg", "linked", "unwritable",
         "linked/a.dwg: 1|out/a_Default_ft.dwg: 2");
-    row("a dot in the folder's name cuts the drawing's", {"a.svg", "b.svg"}, "plans.2/out", none,
+    row("a dot in the folder's name cuts the drawing's", "a.svg|b.svg", "plans.2/out", "unwritable",
         "plans.dwg: 1|plans_Default_ft.dwg: 2");
-    row("a file that cannot be saved leaves the other", {"a.svg", "b.svg"}, "out", "a.dwg",
+    row("a file that cannot be saved leaves the other", "a.svg|b.svg", "out", "a.dwg",
         "out/a.dwg fails|out/b.dwg: 2");
-    row("the last file not saved does not stay open under the name of the one before", {"a.svg", "b.svg"},
-        "out", "b.dwg", "out/a.dwg: 1|out/b.dwg fails");
-    row("no file can be saved", {"a.svg", "b.svg"}, "out", ".dwg", "out/a.dwg fails|out/b.dwg fails");
+    row("the last file not saved does not stay open under the name of the one before", "a.svg|b.svg", "out",
+        "b.dwg", "out/a.dwg: 1|out/b.dwg fails");
+    row("no file can be saved", "a.svg|b.svg", "out", ".dwg", "out/a.dwg fails|out/b.dwg fails");
 }
 
 void tst_BatchImport::drawings()
 {
-    QFETCH(QStringList, files);
+    QFETCH(QString, files);
     QFETCH(QString, destination);
     QFETCH(QString, unwritable);
     QFETCH(QString, saved);
 
-    BatchSession session(files);
+    BatchSession session(files.split('|'));
     session.unwritable = unwritable;
-    QVERIFY2(QFile::link(session.path("in/" + files[0]), session.path("in/link.svg")), "never listed");
+    QVERIFY2(QFile::link(session.path("in/" + files.section('|', 0, 0)), session.path("in/link.svg")),
+             "never listed");
     QVERIFY(QFile::link(session.path("out"), session.path("linked")));
     QDir().mkpath(session.path(destination));
     session.import([&] {
@@ -321,8 +309,8 @@ void tst_BatchImport::runsOverTheSameFolder()
         session.click("radioButton_4");
         session.start();
     });
-    QCOMPARE(session.saved,
-             (QStringList{"out/a.dwg: 1", "out/a_Default_ft.dwg: 2", "out/a_Default_in.dwg: 2"}));
+    QCOMPARE(session.saved.join('|'),
+             QString("out/a.dwg: 1|out/a_Default_ft.dwg: 2|out/a_Default_in.dwg: 2"));
     QVERIFY(session.isBack());
 }
 
@@ -368,11 +356,10 @@ void tst_BatchImport::damagedFiles()
             session.answers.press(QMessageBox::Ok);
         session.start();
     });
-    const QString vanished = "Error: Cannot open xml file: " + session.path("in/c.svg");
-    const QString folder = "Error: Cannot open xml file: " + session.path("in/d.svg");
-    QCOMPARE(session.answers.messages, (QStringList{vanished, vanished, folder, folder, finished}));
-    QCOMPARE(session.saved,
-             (QStringList{"out/a.dwg: 0", "out/b.dwg: 0", "out/c.dwg: 0", "out/d.dwg: 0", "out/e.dwg: 5"}));
+    QCOMPARE(session.answers.messages.join('|').remove("Error: Cannot open xml file: " + session.path("in/")),
+             "c.svg|c.svg|d.svg|d.svg|" + finished);
+    QCOMPARE(session.saved.join('|'),
+             QString("out/a.dwg: 0|out/b.dwg: 0|out/c.dwg: 0|out/d.dwg: 0|out/e.dwg: 5"));
 }
 
 void tst_BatchImport::duringTheRun_data()
@@ -500,12 +487,6 @@ void tst_BatchImport::cancelledImportExplodesTheLastInstance()
     QVERIFY(session.isBack());
 }
 
-int main(int argc, char *argv[])
-{
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
-    tst_BatchImport test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_MAIN(tst_BatchImport)
 
 #include "tst_BatchImport.moc"

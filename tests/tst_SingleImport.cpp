@@ -35,27 +35,8 @@ void importLine(ImportSession &session, const QStringList &ticked, const QString
 /// What the dialog shows of the chosen file, as "name|folder".
 QString shownFile(const ImportSession &session)
 {
-    const QString shown = session.text("name_lineEdit") + '|' + session.text("path_lineEdit");
-    return QString(shown).replace(session.path(), "DIR");
+    return session.text("name_lineEdit") + '|' + session.text("path_lineEdit").replace(session.path(), "DIR");
 }
-
-/// Removes the file "vanishing.svg" as soon as a file dialog has accepted it.
-class VanishingFile : public QObject {
-public:
-    VanishingFile() { qApp->installEventFilter(this); }
-
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        auto *files = qobject_cast<QFileDialog *>(watched);
-        if (files && event->type() == QEvent::Show) {
-            connect(files, &QFileDialog::fileSelected, [](const QString &file) {
-                if (file.endsWith("vanishing.svg"))
-                    QFile::remove(file);
-            });
-        }
-        return false;
-    }
-};
 
 } // namespace
 
@@ -125,11 +106,8 @@ void tst_SingleImport::insertion_data()
         row(qPrintable(later.join(" and ") + ", cancelled: there is nothing to explode"), later,
             "by the user", {prompt});
     }
-    const QString unnamed = QString(typed).remove("blockNameN") + " -> 2";
-    row("no block", {}, "kvDocument_c::CreateBlockDefinition", {unnamed});
-    row("no name of the block", {}, "kvBlockDefinition_c::GetName", {unnamed});
-    row("no insertion", {}, "kvSketchManager_c::InsertBlock2", {typed + " -> 1"});
-    row("no drawing", {}, "kvApplication_c::GetActiveDocument", {});
+    row("no block", {}, "kvDocument_c::CreateBlockDefinition",
+        {QString(typed).remove("blockNameN") + " -> 2"});
     row("no prompt", {position}, "kvApplication_c::GetCommandMessage", {});
     row("no explosion", {}, "kvBlockInstance_c::Explode", {typed, explosion + " -> 1"});
 }
@@ -174,7 +152,6 @@ void tst_SingleImport::choosing_data()
     // Files by their names, an empty one cancels; `shown` is name|folder|OK.
     const auto row = tableOf<QString, QStringList, QString, int>("chosen", "messages", "shown", "linesDrawn");
     const QStringList refused = {"Korvane: This Drawing cannot be loaded because it is not a SVG file."};
-    const QString unreadable = "Error: Cannot open xml file: DIR/vanishing.svg";
 
     row("a first file of another kind leaves OK off", "logo.Svg", refused, "||off", 0);
     row("the suffix is all of what follows the last dot", "logo.svg.svgz", refused, "||off", 0);
@@ -184,8 +161,6 @@ void tst_SingleImport::choosing_data()
     row("a refused file keeps the first", "plan.svg|logo.Svg", refused, "||on", 1);
     row("a refused file, then a cancelled dialog: the first is forgotten", "plan.svg|logo.Svg|", refused,
         "||on", 0);
-    row("what cannot be read is told twice, and shown", "plan.svg|vanishing.svg", {unreadable, unreadable},
-        "vanishing.svg|DIR|on", 0);
     row("what is not well-formed is shown and draws nothing", "broken.svg", {}, "broken.svg|DIR|on", 0);
     row("two dots and quotes in the name", "it's.b.svg", {}, "it's.b.svg|DIR|on", 1);
     row("blanks are left out of what is shown", "My Drawings/plan one.svg", {},
@@ -202,20 +177,16 @@ void tst_SingleImport::choosing()
     QFETCH(int, linesDrawn);
 
     ImportSession session;
-    for (const char *name : {"plan.svg", "logo.Svg", "logo.svg.svgz", "vanishing.svg", "it's.b.svg",
+    for (const char *name : {"plan.svg", "logo.Svg", "logo.svg.svgz", "it's.b.svg",
                              "My Drawings/plan one.svg", "old plan.svg/plan.svg"})
         session.write(name, oneLine);
     session.write("other/three.svg", "<svg>" + QByteArray("<line/>").repeated(3) + "</svg>");
     session.write("broken.svg", "<svg><line/></sgv>");
-    const VanishingFile vanishing;
-
-    const QHash<QString, int> messagesOf = {{"logo.Svg", 1}, {"logo.svg.svgz", 1}, {"vanishing.svg", 2}};
-
     QString actual;
     session.import([&] {
         for (const QString &name : chosen.split('|')) {
             name.isEmpty() ? session.answers.cancel() : session.answers.choose(session.path(name));
-            for (int i = 0; i < messagesOf.value(name); ++i)
+            if (name.startsWith("logo"))
                 session.answers.press(QMessageBox::Ok);
             session.click(browse);
         }
@@ -233,8 +204,6 @@ void tst_SingleImport::chosenFileOpensTheUnits()
 {
     ImportSession session;
     session.import([&] {
-        QTest::ignoreMessage(QtDebugMsg, "filename \"plan.svg\"");
-        QTest::ignoreMessage(QtDebugMsg, qPrintable("pathName \"" + session.path() + '"'));
         session.choose(browse, session.write("plan.svg", oneLine));
         QCOMPARE(session.answers.lastAsked, QString("Open File: Scalable Vector Graphics (*.svg)"));
         QVERIFY(session.isEnabled("master_unit_radioButton") && session.isEnabled("sub_units_radioButton"));
@@ -305,14 +274,6 @@ void tst_SingleImport::commandDuringThePrompt()
              (QStringList{"InsertBlock2 \"blockNameN\",1,2,3,4,5,6,7", "kvBlockInstance_c#1 Explode"}));
 }
 
-int main(int argc, char *argv[])
-{
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
-    QApplication::setOrganizationName(QStringLiteral("Korvane"));
-    QApplication::setApplicationName(QStringLiteral("SingleImportTest"));
-    tst_SingleImport test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_MAIN(tst_SingleImport)
 
 #include "tst_SingleImport.moc"

@@ -20,6 +20,7 @@ class ModalAnswers {
 public:
     ModalAnswers()
     {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
         QObject::connect(&m_timer, &QTimer::timeout, [this] { answer(); });
         m_timer.start();
     }
