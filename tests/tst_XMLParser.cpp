@@ -160,6 +160,12 @@ void tst_XMLParser::documentsChange()
     QVERIFY(loaded.setDocumentText("<c/>"));
     QCOMPARE(loaded.document().documentElement().tagName(), QStringLiteral("c"));
 
+    // Three texts side by side, which no parser gives.
+    QDomDocument tree = documentFromText("<a/>");
+    for (const char *text : {"]]", ">", "]]>"})
+        tree.documentElement().appendChild(tree.createTextNode(text));
+    QCOMPARE(textOfDocument(tree), tree.toString(1));
+
     XMLDocumentReader reader(path);
     reader.setAttribute("b", "c", "d");
     reader.setAttribute("missing", "c", "d");
