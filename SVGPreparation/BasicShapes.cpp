@@ -18,7 +18,8 @@ std::optional<ShapeGeometry> pathShape(const QDomElement &element, const LengthB
     return outlineFromPathData(element.attribute(QStringLiteral("d")));
 }
 
-/// A corner's or ellipse's radius; nothing when it is left open, so that the other one counts for both.
+/// The radius of a corner or an ellipse. No value when it is left open: the other radius then counts for
+/// both.
 std::optional<double> radius(const QDomElement &element, const QString &name, const LengthBase &base,
                              Along along)
 {
@@ -103,7 +104,7 @@ std::optional<ShapeGeometry> lineShape(const QDomElement &element, const LengthB
     return Outline{line};
 }
 
-/// The points up to the first error; a last number without a partner is dropped.
+/// Reads the points up to the first error and drops a last number without a partner.
 std::optional<ShapeGeometry> pointsShape(const QDomElement &element, bool isClosed)
 {
     const QString points = element.attribute(QStringLiteral("points"));

@@ -14,11 +14,11 @@
 
 namespace svgprep {
 
-/// A shape in its own user units: as the geometry that its element stands for.
+/// The geometry of one shape, in its own user units.
 using ShapeGeometry = std::variant<Outline, QRectF, UprightEllipse>;
 
-/// What `element`, which must be named path, rect, circle, ellipse, line, polyline or polygon, draws; nothing
-/// when its attributes draw nothing.
+/// The geometry of `element`, named path, rect, circle, ellipse, line, polyline or polygon. No value when its
+/// attributes draw nothing.
 std::optional<ShapeGeometry> shapeOf(const QDomElement &element, const LengthBase &base);
 
 } // namespace svgprep

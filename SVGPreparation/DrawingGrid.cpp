@@ -30,7 +30,8 @@ DrawingGrid::DrawingGrid(double size)
     : m_decimals(decimalsFor(size))
     , m_power(std::pow(10.0, m_decimals))
 {
-    // A size that rounds up to a power of ten is read again as that, one that rounds to 0 as sizeText() says.
+    // The rounded size must give the same grid. It may be a power of ten, or the smallest number that
+    // sizeText() writes.
     if (size > 0.0)
         m_decimals = decimalsFor(std::max(snapped(size), 1.0 / m_power));
     m_power = std::pow(10.0, m_decimals);
@@ -40,7 +41,7 @@ double DrawingGrid::snapped(double value) const
 {
     const double scaled = value * m_power;
     if (!(std::abs(scaled) < largestWhole))
-        return value;                          // a double is no finer than the grid there
+        return value;                          // a double of this size is no finer than the grid
     return std::round(scaled) / m_power + 0.0; // turns -0 into 0
 }
 

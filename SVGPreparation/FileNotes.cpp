@@ -1,4 +1,4 @@
-// Compares canonical paths, and leaves to Qt what upper and lower case mean on this system.
+// Compares canonical paths and leaves it to Qt whether upper and lower case differ on this system.
 
 #include "SVGPreparation/FileNotes.h"
 
@@ -11,13 +11,14 @@ namespace svgprep {
 
 namespace {
 
-/// The path without links and ".."; of a file that does not exist yet, its folder's path and its name.
+/// The path without links and "..". A file that does not exist yet has the path of its folder and its own
+/// name.
 QString canonicalPath(const QString &path, int links = 0)
 {
     QString canonical = QFileInfo(path).canonicalFilePath();
     if (!canonical.isEmpty())
         return canonical;
-    // A file written through a link that leads nowhere yet comes to exist there. Some links go round in
+    // A file that is written through a dangling link comes to exist at its target. Some links go round in
     // circles.
     constexpr int mostLinks = 40;
     if (QFileInfo(path).isSymLink() && links < mostLinks)

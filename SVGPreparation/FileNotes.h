@@ -1,4 +1,4 @@
-// Remembers files by what they are and not by how they are spelled.
+// Remembers notes on files, whatever name leads to a file.
 
 #pragma once
 
@@ -7,13 +7,12 @@
 
 namespace svgprep {
 
-/// Notes on files, found again under any name that leads to the same file: through links, folders that are
-/// links, "..", and upper or lower case where the file system makes no difference. A file may come to exist
-/// after it was noted.
+/// Notes on files. Every name that leads to a file finds its note: through links, linked folders, "..", and
+/// in upper or lower case where the file system makes no difference. The file may be created after the note.
 class FileNotes {
 public:
     void add(const QString &path, const QString &note);
-    /// What was noted of the file at `path`; empty when nothing was.
+    /// The note on the file at `path`; empty without one.
     QString of(const QString &path) const;
 
 private:
@@ -22,7 +21,7 @@ private:
         QString note;
     };
 
-    QMultiHash<QString, Entry> m_entries; // by canonical path without regard to case
+    QMultiHash<QString, Entry> m_entries; // by canonical path in folded case
 };
 
 } // namespace svgprep

@@ -15,7 +15,7 @@ namespace {
 struct UnitRow {
     const char *name;
     LengthUnit unit;
-    double pixels; // of those with a size of their own
+    double pixels; // 0 for relative units
 };
 
 constexpr UnitRow unitRows[] = {

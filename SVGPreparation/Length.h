@@ -36,28 +36,28 @@ struct Length {
     LengthUnit unit = LengthUnit::None;
 };
 
-/// What relative lengths refer to.
+/// The sizes that relative lengths refer to.
 struct LengthBase {
     QSizeF viewport;            ///< user units
     double fontSize = 16.0;     ///< user units
     double rootFontSize = 16.0; ///< of the outermost element
 };
 
-/// Which side of the viewport a percentage is of. Others are of its diagonal, divided by the root of 2.
+/// The side of the viewport that a percentage refers to. Other is its diagonal, divided by the root of 2.
 enum class Along { Width, Height, Other };
 
-/// Reads a length from the front; nothing when there is none or its unit is unknown.
+/// Reads a length from the front. No value when there is none or its unit is unknown.
 std::optional<Length> lengthFrom(Scanner &scanner);
-/// The length that `text` holds, and nothing else but white space.
+/// The length in `text`. No value when `text` holds anything else but white space.
 std::optional<Length> lengthFrom(QStringView text);
 
-/// Whether the unit stands for a length on paper. A pixel does not: its size is the screen's.
+/// Whether the unit is a length on paper. A pixel is not: its size depends on the screen.
 bool isPhysical(LengthUnit unit);
 
-/// The length in user units, 96 of them to the inch.
+/// The length in user units; an inch has 96.
 double userUnits(const Length &length, const LengthBase &base, Along along);
 
-/// The attribute `name` in user units, `fallback` when it is absent or no length.
+/// The attribute `name` in user units, or `fallback` when it is absent or no length.
 double lengthAttribute(const QDomElement &element, const QString &name, const LengthBase &base, Along along,
                        double fallback = 0.0);
 

@@ -1,4 +1,4 @@
-// Finds fonts by the names that a file lists, and scales what they say.
+// Finds fonts by the names in a file and scales their measures.
 
 #include "SVGPreparation/Lettering.h"
 
@@ -12,11 +12,11 @@ namespace svgprep {
 namespace {
 
 constexpr int facePixels = 256;
-/// Qt's font engine counts 26 bits of pixels, and its time grows faster than a very long text.
+/// Qt's font engine counts pixels in 26 bits, and a very long text costs more than linear time.
 constexpr int longestPiece = 4096;
 constexpr int mostFamilies = 16;
 
-/// The names in `families`, which are separated by commas and may be quoted.
+/// The names in `families`, separated by commas and perhaps quoted.
 QStringList familyNames(const QString &families)
 {
     QStringList names;
@@ -30,8 +30,8 @@ QStringList familyNames(const QString &families)
     return names;
 }
 
-/// The font that this machine has for `name`, which may be another one of the same widths; empty when it has
-/// none. Qt finds one for any name, so an answer counts only if it is not what it finds for no name at all.
+/// The font that this machine has for `name`, perhaps another one of the same widths; empty when it has none.
+/// Qt finds a font for any name, so its answer counts only when it differs from the font for no name at all.
 QString installedFamily(const QString &name)
 {
     static const QString foundForNoName = QFontInfo(QFont(QStringLiteral("no such font"))).family();
@@ -39,8 +39,8 @@ QString installedFamily(const QString &name)
     return found != foundForNoName || name.compare(found, Qt::CaseInsensitive) == 0 ? found : QString();
 }
 
-/// The first of `families` that is installed. Browsers take these fonts for the generic names, and a serif
-/// one where none is named or installed.
+/// The first of `families` that is installed. A generic name gives the font that browsers take for it, and a
+/// serif font stands in when none is named or installed.
 QString familyFor(const QString &families)
 {
     static const QHash<QString, QString> genericFamilies = {
@@ -60,7 +60,7 @@ QString familyFor(const QString &families)
     return genericFamilies.value(QStringLiteral("serif"));
 }
 
-/// Qt's weights for those of CSS, 100 to 900 in steps of 100.
+/// Qt's weight for a weight of CSS, 100 to 900 in steps of 100.
 int qtWeight(int weight)
 {
     constexpr int weights[] = {QFont::Thin,   QFont::ExtraLight, QFont::Light,
@@ -69,7 +69,7 @@ int qtWeight(int weight)
     return weights[std::clamp((weight + 50) / 100, 1, 9) - 1];
 }
 
-/// What spacing adds to the advance of `text`.
+/// The spacing that adds to the advance of `text`.
 double spacing(const QString &text, const TextFont &font)
 {
     if (font.letterSpacing == 0.0 && font.wordSpacing == 0.0)

@@ -12,7 +12,7 @@
 
 namespace svgprep {
 
-/// How far a font reaches from its baseline, user units.
+/// The reach of a font from its baseline, user units.
 struct FontReach {
     double ascent = 0.0;
     double descent = 0.0;
@@ -21,10 +21,11 @@ struct FontReach {
 
 class Lettering {
 public:
-    /// How far `text` leads along the baseline, user units.
+    /// The advance of `text` along the baseline, user units.
     double advance(const QString &text, const TextFont &font);
     FontReach reach(const TextFont &font);
-    /// The outlines of `text`, a few thousand letters at most, begun at the origin, y downwards, user units.
+    /// The outlines of `text` from the origin, y downwards, user units. `text` has a few thousand letters at
+    /// most.
     QPainterPath outlines(const QString &text, const TextFont &font);
 
 private:
@@ -35,7 +36,7 @@ private:
 
     const Face &face(const TextFont &font);
 
-    QHash<QString, Face> m_faces; // set once at a large size, so that any size is a matter of scale
+    QHash<QString, Face> m_faces; // of one large size, from which every other is scaled
 };
 
 } // namespace svgprep

@@ -25,7 +25,7 @@ QPointF unit(QPointF vector)
     return length > 0.0 ? vector / length : QPointF();
 }
 
-/// The direction in which a step begins and ends; zero vectors for one without length.
+/// The directions in which a step begins and ends; zero vectors for a step without length.
 struct Directions {
     QPointF begin;
     QPointF end;
@@ -52,7 +52,7 @@ double degreesOf(QPointF direction)
     return isZero(direction) ? 0.0 : qRadiansToDegrees(std::atan2(direction.y(), direction.x()));
 }
 
-/// Halfway between arriving and leaving; across when the outline turns back on itself.
+/// The direction halfway between arriving and leaving; across when the outline turns back on itself.
 double cornerDegrees(QPointF in, QPointF out)
 {
     if (isZero(in) || isZero(out))
@@ -62,7 +62,7 @@ double cornerDegrees(QPointF in, QPointF out)
     return degreesOf(turnsBack ? QPointF(-in.y(), in.x()) : middle);
 }
 
-/// The vertices of one subpath with the directions there; a closed one ends at its start again.
+/// Appends the vertices of one subpath with their directions. A closed subpath ends at its start again.
 void appendPlaces(const Subpath &subpath, std::vector<MarkerPlace> &places)
 {
     std::vector<Segment> segments = subpath.segments;
@@ -96,7 +96,7 @@ void appendPlaces(const Subpath &subpath, std::vector<MarkerPlace> &places)
     }
 }
 
-/// refX and refY may be words for a place within the viewBox.
+/// The attribute refX or refY. A word stands for a place within the viewBox.
 double reference(const QDomElement &marker, const QString &name, const LengthBase &base, Along along)
 {
     struct Row {
@@ -138,7 +138,7 @@ std::vector<MarkerPlace> markerPlaces(const Outline &outline)
         appendPlaces(subpath, places);
     if (!places.empty()) {
         places.front().kind = MarkerPlace::Kind::Start;
-        places.back().kind = MarkerPlace::Kind::End; // of a single vertex, as browsers do
+        places.back().kind = MarkerPlace::Kind::End; // browsers show the end marker at a single vertex
     }
     return places;
 }

@@ -14,20 +14,20 @@ namespace svgprep {
 
 struct LengthBase;
 
-/// A vertex of an outline, with the direction in which a marker there points.
+/// A vertex of an outline and the direction of a marker there.
 struct MarkerPlace {
     enum class Kind { Start, Mid, End };
 
     Kind kind = Kind::Mid;
     QPointF position;
-    double direction = 0.0; ///< degrees; at corners halfway between both sides
+    double direction = 0.0; ///< degrees; halfway between both sides at a corner
 };
 
-/// All places for markers along `outline`, from its first to its last vertex.
+/// The places for markers along `outline`, from its first to its last vertex.
 std::vector<MarkerPlace> markerPlaces(const Outline &outline);
 
-/// What maps the contents of `marker` to the user units of the shape at `place`, whose stroke is
-/// `strokeWidth` wide. A transform that flattens everything means that nothing is to be drawn.
+/// Maps the contents of `marker` to the user units of the shape at `place`; its stroke is `strokeWidth` wide.
+/// All coefficients are 0 when nothing is to be drawn.
 QTransform markerTransform(const QDomElement &marker, const MarkerPlace &place, double strokeWidth,
                            const LengthBase &base);
 

@@ -1,4 +1,4 @@
-// Says in words what a plain SVG lacks.
+// Puts into words what a plain SVG lacks.
 
 #include "SVGPreparation/Omissions.h"
 

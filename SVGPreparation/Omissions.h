@@ -1,4 +1,4 @@
-// What a plain SVG lacks of the file that it was made of, counted by kind.
+// Counts by kind what a plain SVG lacks of its source file.
 
 #pragma once
 
@@ -8,7 +8,8 @@
 
 namespace svgprep {
 
-/// What is not drawn at all, then what is drawn whole although a browser shows a part of it or changes it.
+/// The kinds that are not drawn at all come first. The others are drawn whole although a browser shows a part
+/// of them or changes them.
 enum class Omission {
     Picture,
     TextOnPath,
@@ -26,7 +27,7 @@ public:
     void count(Omission kind) { ++m_counts[static_cast<std::size_t>(kind)]; }
     int of(Omission kind) const { return m_counts[static_cast<std::size_t>(kind)]; }
 
-    /// One line for people, "not drawn: 2 pictures; drawn whole: 1 clipped shape"; empty when nothing is
+    /// One line for the user, "not drawn: 2 pictures; drawn whole: 1 clipped shape"; empty when nothing is
     /// missing.
     QString text() const;
 

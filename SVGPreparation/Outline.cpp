@@ -10,17 +10,17 @@ namespace svgprep {
 
 namespace {
 
-/// The length of a cubic's handles for an arc of `angle` (radians) on a circle of radius 1.
+/// The length of a cubic's handles for an arc of `angle` (radians) on the unit circle.
 double handleLength(double angle)
 {
     return 4.0 / 3.0 * std::tan(angle / 4.0);
 }
 
-/// Where the unit circle lies: `toEllipse` maps it to the arc's ellipse.
+/// An arc as a part of the unit circle; `toEllipse` maps the circle to the arc's ellipse.
 struct ArcCircle {
     QTransform toEllipse;
     double startAngle = 0.0; // radians
-    double sweep = 0.0;      // radians, negative against the direction of growing angles
+    double sweep = 0.0;      // radians, negative for decreasing angles
 };
 
 double angleOf(QPointF point)
@@ -28,14 +28,15 @@ double angleOf(QPointF point)
     return std::atan2(point.y(), point.x());
 }
 
-/// SVG recommendation, implementation notes: from end points to centre, with radii scaled up when needed.
+/// SVG recommendation, implementation notes: the end points give the centre, and radii are scaled up when
+/// needed.
 ArcCircle arcCircle(QPointF start, double rx, double ry, double xAxisRotation, bool isLargeArc, bool sweeps,
                     QPointF end)
 {
     const double cosine = std::cos(qDegreesToRadians(xAxisRotation));
     const double sine = std::sin(qDegreesToRadians(xAxisRotation));
     const QPointF half = (start - end) / 2.0;
-    // On a unit circle both points are half the chord away from its middle.
+    // Both points are half the chord away from its middle on the unit circle.
     QPointF chord((cosine * half.x() + sine * half.y()) / rx, (cosine * half.y() - sine * half.x()) / ry);
     const double reach = std::hypot(chord.x(), chord.y());
     QPointF center;
@@ -87,11 +88,11 @@ void Subpath::arcTo(double rx, double ry, double xAxisRotation, bool isLargeArc,
     }
 
     const ArcCircle circle = arcCircle(from, rx, ry, xAxisRotation, isLargeArc, sweeps, end);
-    if (!std::isfinite(circle.sweep)) { // the numbers go beyond what can be computed with
+    if (!std::isfinite(circle.sweep)) { // the numbers are too large to compute with
         lineTo(end);
         return;
     }
-    constexpr double slack = 1e-9; // a quarter turn computed a little too large is still one
+    constexpr double slack = 1e-9; // a quarter turn computed slightly too large is still one
     const int pieces = std::max(1, static_cast<int>(std::ceil(std::abs(circle.sweep) / M_PI_2 - slack)));
     const double step = circle.sweep / pieces;
     const double handle = handleLength(step);
@@ -139,7 +140,7 @@ Outline outlineOf(const QPainterPath &path)
             outline.back().start = element;
         } else if (element.isLineTo()) {
             outline.back().lineTo(element);
-        } else if (i + 2 < path.elementCount()) { // Qt: a curve's end follows as two elements of data
+        } else if (i + 2 < path.elementCount()) { // Qt: the end of a curve follows as two data elements
             outline.back().curveTo(element, path.elementAt(i + 1), path.elementAt(i + 2));
             i += 2;
         }

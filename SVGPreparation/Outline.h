@@ -10,10 +10,10 @@
 
 namespace svgprep {
 
-/// A step from the end of the one before to `end`.
+/// One step from the end of the previous one to `end`.
 struct Segment {
     bool isCurve = false;
-    bool endsAtVertex = true; ///< false inside of an arc, which is one step to its author
+    bool endsAtVertex = true; ///< false within an arc: an arc is one step
     QPointF control1;
     QPointF control2;
     QPointF end;
@@ -30,27 +30,27 @@ struct Subpath {
     {
         segments.push_back({true, endsAtVertex, control1, control2, end});
     }
-    /// An elliptical arc as SVG's path command A describes it, `xAxisRotation` in degrees; radii too small to
+    /// Appends an elliptical arc like SVG's path command A, `xAxisRotation` in degrees. Radii that do not
     /// reach `end` are scaled up.
     void arcTo(double rx, double ry, double xAxisRotation, bool isLargeArc, bool sweeps, QPointF end);
 };
 
 using Outline = std::vector<Subpath>;
 
-/// The point at `t`, 0 to 1, of a curve begun at `start`.
+/// The point at `t` (0 to 1) of a curve from `start`.
 QPointF pointAt(QPointF start, const Segment &curve, double t);
 
-/// The whole ellipse about `center`, begun at the right, in four curves.
+/// The whole ellipse about `center` in four curves, from its right end.
 Outline ellipseOutline(QPointF center, double rx, double ry);
 
-/// What `path`, lettering say, draws.
+/// The outline of `path`, letters for example; every subpath is closed.
 Outline outlineOf(const QPainterPath &path);
 
-/// `first` and after it `second`. QTransform's own product takes what is below 1e-12 for 0, which a drawing
-/// in very large units is not.
+/// `first` followed by `second`. QTransform's own product rounds numbers below 1e-12 to 0, and drawings in
+/// very large units have such numbers.
 QTransform combined(const QTransform &first, const QTransform &second);
 
-/// `point` under `transform`, in full accuracy like combined().
+/// `point` under `transform`, as exact as combined().
 QPointF mapped(const QTransform &transform, QPointF point);
 
 } // namespace svgprep

@@ -1,4 +1,4 @@
-// Width, height, viewBox and preserveAspectRatio of the outermost element.
+// Reads width, height, viewBox and preserveAspectRatio of the outermost element.
 
 #include "SVGPreparation/PageSetup.h"
 
@@ -12,11 +12,11 @@ namespace svgprep {
 
 namespace {
 
-/// What browsers take for a picture that states no size, in pixels.
+/// The size that browsers give to a picture without one, in pixels.
 constexpr double usualWidth = 300.0;
 constexpr double usualHeight = 150.0;
 
-/// A stated side of the sheet; no value when it is left open.
+/// A side of the sheet, as far as the file states it.
 struct Side {
     double pixels = 0.0;
     Length length;
@@ -33,7 +33,7 @@ Side sideOf(const QDomElement &root, const QString &name, double fontSize)
     return {userUnits(*length, base, Along::Other), *length, true};
 }
 
-/// `side` as an attribute's text, a unit that is relative turned into pixels.
+/// `side` as the text of an attribute; a relative unit becomes pixels.
 QByteArray textOf(const Side &side)
 {
     struct Row {
@@ -51,7 +51,7 @@ QByteArray textOf(const Side &side)
     return DrawingGrid(side.pixels).sizeText(side.pixels);
 }
 
-/// The side that is left open, from the other one by the proportion of the viewBox.
+/// An unstated side, from the other one and the proportion of the viewBox.
 Side proportional(const Side &other, double factor)
 {
     Side side = other;
@@ -65,7 +65,7 @@ Side inPixels(double pixels)
     return {pixels, {pixels, LengthUnit::None}, true};
 }
 
-/// How many of `unit` a pixel is.
+/// The number of `unit` in a pixel.
 double unitsPerPixel(DrawingUnit unit)
 {
     switch (unit) {
@@ -85,7 +85,7 @@ double unitsPerPixel(DrawingUnit unit)
     return 1.0;
 }
 
-/// How many drawing units a user unit is. A sheet that has been drawn in the unit before gives 1 but for the
+/// The number of drawing units in a user unit. A sheet that is in the unit already gives 1, apart from the
 /// rounding of its sides, and stays as it is.
 double unitScale(double pixelsPerUserUnit, DrawingUnit unit)
 {
@@ -94,7 +94,8 @@ double unitScale(double pixelsPerUserUnit, DrawingUnit unit)
     return std::abs(scale - 1.0) < rounding ? 1.0 : scale;
 }
 
-/// preserveAspectRatio as it is written anew; empty for the usual one and for what cannot be read.
+/// The attribute preserveAspectRatio written anew; empty for the usual value and for a text that cannot be
+/// read.
 QByteArray aspectRatioOf(const QDomElement &root)
 {
     const QByteArray text = root.attribute(QStringLiteral("preserveAspectRatio")).simplified().toLatin1();
@@ -153,7 +154,7 @@ PageSetup pageSetup(const QDomElement &root, double fontSize, DrawingUnit unit)
     setup.page.width = textOf(width);
     setup.page.height = textOf(height);
     setup.page.aspectRatio = aspectRatioOf(root);
-    if (!isFinite(setup.page.viewBox) || !isFinite(sheet)) { // no number says how large it is
+    if (!isFinite(setup.page.viewBox) || !isFinite(sheet)) { // the size is not finite
         setup.page = pageAround({});
         setup.isHidden = true;
     }

@@ -1,4 +1,4 @@
-// The sheet of a drawing: what the outermost element says of size and units.
+// The sheet of a drawing, from the size and units of the outermost element.
 
 #pragma once
 
@@ -16,18 +16,18 @@ struct PageSetup {
     Page page;
     QTransform toDrawing;   ///< from user units of the outermost viewBox to drawing units
     QTransform toPixels;    ///< from user units to pixels of the sheet
-    QTransform toUserUnits; ///< and back
+    QTransform toUserUnits; ///< from pixels of the sheet to user units
     QSizeF pixels;          ///< the sheet's size
-    QSizeF viewport;        ///< what percentages are of, user units
+    QSizeF viewport;        ///< percentages refer to it, user units
     bool hasSize = true;    ///< there is a viewBox, or a width and a height
     bool hasPhysicalSize = true;
     bool isHidden = false; ///< an empty viewBox shows nothing
 };
 
-/// Reads the attributes of `root`, whose font has this size in pixels.
+/// Reads the attributes of `root`; its font has `fontSize` pixels.
 PageSetup pageSetup(const QDomElement &root, double fontSize, DrawingUnit unit);
 
-/// The page of a file that states no size: what was drawn, in whole units.
+/// The page of a file without a size: the room of its shapes, in whole units.
 Page pageAround(const QRectF &extents);
 
 } // namespace svgprep

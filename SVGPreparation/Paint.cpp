@@ -18,8 +18,7 @@ bool isWord(QStringView value, const char *word)
     return value.compare(QLatin1String(word), Qt::CaseInsensitive) == 0;
 }
 
-/// Whether the digits after "#" are those of a colour; its opacity stands in the fourth of four or the last
-/// two of eight.
+/// Reads the digits after "#". The fourth of four digits is the opacity, or the last two of eight.
 std::optional<Paint> hexColor(QStringView digits)
 {
     for (const QChar digit : digits) {
@@ -36,7 +35,7 @@ std::optional<Paint> hexColor(QStringView digits)
     return isInvisible ? Paint::None : Paint::Shown;
 }
 
-/// rgb(), hsl() and the others: the opacity comes after a slash, or as the fourth argument.
+/// Reads rgb(), hsl() and the like. The opacity follows a slash or is the fourth argument.
 std::optional<Paint> functionColor(QStringView value)
 {
     static const QStringList names = {
@@ -54,7 +53,7 @@ std::optional<Paint> functionColor(QStringView value)
     return ratio && *ratio <= 0.0 ? Paint::None : Paint::Shown;
 }
 
-/// Names of colours: those that Qt knows, one that is younger, and those of the user's desktop.
+/// Whether `name` is a colour that Qt knows, the younger rebeccapurple, or a colour of the user's desktop.
 bool isColorName(QStringView name)
 {
     static const QStringList furtherColors = {
@@ -82,7 +81,7 @@ std::optional<Paint> paintFrom(QStringView value)
     if (value.contains(QLatin1Char('(')))
         if (const std::optional<Paint> paint = functionColor(value))
             return paint;
-    // Older files add a colour of a profile: "#a0a0a0 icc-color(...)".
+    // Older files add the colour of a profile: "#a0a0a0 icc-color(...)".
     Scanner scanner(value);
     const QStringView color = scanner.untilBlank();
     if (color.startsWith(QLatin1Char('#')))
@@ -100,7 +99,7 @@ std::optional<double> ratioFrom(QStringView value)
 
 std::optional<FontSizeWord> fontSizeWord(QStringView value)
 {
-    // The sizes of browsers whose medium is 16 pixels.
+    // Browsers have these sizes for a medium of 16 pixels.
     static const QHash<QString, FontSizeWord> words = {
         {QStringLiteral("xx-small"), {9.0, false}},     {QStringLiteral("x-small"), {10.0, false}},
         {QStringLiteral("small"), {13.0, false}},       {QStringLiteral("medium"), {16.0, false}},

@@ -1,4 +1,5 @@
-// Reads command by command; letters may be left out and numbers need separators only where they run together.
+// Reads command by command. Letters may be left out, and numbers need separators only where they run
+// together.
 
 #include "SVGPreparation/PathData.h"
 
@@ -28,7 +29,7 @@ private:
     using Draw = void (PathReader::*)(const Arguments &arguments);
 
     struct Command {
-        char letter; // the absolute one
+        char letter; // absolute
         int arguments;
         Draw draw;
     };
@@ -71,7 +72,7 @@ private:
     }
     void quadratic(QPointF control, QPointF end)
     {
-        // A quadratic raised to a cubic: its controls lie two thirds on the way to the one control.
+        // Both control points of the cubic lie two thirds of the way to that of the quadratic.
         subpath().curveTo(m_current + (control - m_current) * 2.0 / 3.0, end + (control - end) * 2.0 / 3.0,
                           end);
         m_lastControl = control;
@@ -89,7 +90,7 @@ private:
         m_outline.back().start = start;
         m_needsSubpath = false;
     }
-    /// The subpath to draw on; after a Z a new one begins where the closed one did.
+    /// The subpath to draw on. After a Z a new one begins where the closed one began.
     Subpath &subpath()
     {
         if (m_needsSubpath)
@@ -101,7 +102,7 @@ private:
     Outline m_outline;
     QPointF m_current;
     QPointF m_lastControl;
-    char m_previous = 0; // the absolute letter of the command before
+    char m_previous = 0; // absolute letter of the previous command
     bool m_isRelative = false;
     bool m_needsSubpath = false;
 };
@@ -114,7 +115,7 @@ const PathReader::Command PathReader::commands[] = {
     {'A', 7, &PathReader::arcTo},        {'Z', 0, &PathReader::close},
 };
 
-/// Reads one command with all its repetitions; false at the end and at an error.
+/// Reads one command with all its repetitions. False at the end and at an error.
 bool PathReader::command()
 {
     m_scanner.skipBlanks();
@@ -138,7 +139,7 @@ bool PathReader::command()
                 m_current = m_outline.back().end();
             m_previous = repeated->letter;
             if (repeated->letter == 'M')
-                repeated = &commands[1]; // further points of a move are lines
+                repeated = &commands[1]; // the further points of a move are lines
             m_scanner.skipSeparator();
         } while (repeated->arguments > 0 && !m_scanner.atEnd() && !m_scanner.next().isLetter());
         return true;

@@ -1,4 +1,4 @@
-// Reads a path's data by the whole grammar of SVG.
+// Reads path data by the whole grammar of SVG.
 
 #pragma once
 
@@ -8,8 +8,8 @@
 
 namespace svgprep {
 
-/// The outline that `data`, a path's attribute d, describes. SVG recommendation: a path with an error is
-/// drawn up to the error.
+/// The outline of `data`, the attribute d of a path. SVG recommendation: a path with an error is drawn up to
+/// the error.
 Outline outlineFromPathData(QStringView data);
 
 } // namespace svgprep

@@ -1,4 +1,4 @@
-// Names files after the ones they are made of.
+// Names files after their sources.
 
 #include "SVGPreparation/PlainFile.h"
 

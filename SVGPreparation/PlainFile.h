@@ -1,4 +1,4 @@
-// How plain SVG files, and others made of a file, are named.
+// The names of plain SVG files and of other files made from a source.
 
 #pragma once
 
@@ -6,12 +6,12 @@
 
 namespace svgprep {
 
-/// The name, without a folder, of what is made of the file at `path`: its own with `suffix` in the place of
-/// its last one, "plan.v2.dwg" of "plans/plan.v2.svg".
+/// The name, without a folder, of a file made from the one at `path`. `suffix` replaces the last suffix:
+/// "plan.v2.dwg" for "plans/plan.v2.svg".
 QString outputName(const QString &path, const QString &suffix);
 
-/// The name of the plain copy of the SVG file at `path`: "plan.svg" of "plans/plan.svg" and of "plan.svgz".
-/// The suffix is in lower case always: IMPORTSVG takes no other.
+/// The name of the plain copy of the SVG file at `path`: "plan.svg" for "plans/plan.svg" and for "plan.svgz".
+/// The suffix is always in lower case, since IMPORTSVG accepts no other.
 QString plainFileName(const QString &path);
 
 } // namespace svgprep

@@ -1,4 +1,4 @@
-// Sorts what is straight from what is round, and writes each as the import draws it best.
+// Separates straight steps from round ones and writes each as the import draws it best.
 
 #include "SVGPreparation/PlainSVG.h"
 
@@ -10,7 +10,7 @@ namespace svgprep {
 namespace {
 
 constexpr double largestCoordinate = 1e15;
-constexpr int mostFlattenedPoints = 20'000'000; // of one subpath
+constexpr int mostFlattenedPoints = 20'000'000; // in one subpath
 constexpr int largestText = 1'500'000'000;      // bytes; Qt's arrays end at 2 GiB
 
 bool isDrawable(QPointF point)
@@ -30,8 +30,8 @@ bool isPoint(QPointF start, const Segment &segment)
             || (isSamePoint(start, segment.control1) && isSamePoint(start, segment.control2)));
 }
 
-/// Into how many equal pieces a cubic is cut for each to stay within `tolerance` of its chord. The distance
-/// of a curve from its chord is at most an eighth of its second derivative, which the control points bound.
+/// The number of equal pieces that each stay within `tolerance` of their chord. A curve is at most an eighth
+/// of its second derivative away from its chord, and the control points bound that derivative.
 int piecesOf(QPointF start, const Segment &curve, double tolerance)
 {
     const QPointF bend1 = start - 2.0 * curve.control1 + curve.control2;
@@ -41,7 +41,7 @@ int piecesOf(QPointF start, const Segment &curve, double tolerance)
     return static_cast<int>(std::clamp(std::ceil(std::sqrt(bend / 8.0 / tolerance)), 1.0, most));
 }
 
-/// The segments of a subpath from where straight and curved meet; the closing line counts.
+/// The segments of a subpath, from a place where straight and curved ones meet. A closing line counts as one.
 std::vector<Segment> segmentsFromCorner(const Subpath &subpath, QPointF &start)
 {
     std::vector<Segment> segments = subpath.segments;
@@ -88,7 +88,7 @@ void PlainSVG::addOutline(const Outline &outline, const QTransform &transform)
     m_body += curves;
     m_body += '"';
     endElement();
-    --m_shapeCount; // each curve has been counted
+    --m_shapeCount; // each curve counts already
 }
 
 void PlainSVG::addRectangle(const QRectF &rectangle, const QTransform &transform)
@@ -128,7 +128,7 @@ void PlainSVG::addEllipse(const UprightEllipse &ellipse, const QTransform &trans
         return;
     }
     const QPointF center = upright ? m_grid.snapped(upright->center) : QPointF();
-    // The host gets one axis from the origin to (cx + rx, 0) and refuses one without length.
+    // The host gets one axis from the origin to (cx + rx, 0) and refuses an axis without length.
     constexpr double shortestAxis = 1e-6;
     if (!(rx > 0.0 && ry > 0.0) || std::abs(center.x() + rx) < shortestAxis * rx) {
         addOutline(ellipseOutline(ellipse.center, ellipse.rx, ellipse.ry), transform);
@@ -190,8 +190,8 @@ QByteArray PlainSVG::text() const
     return text;
 }
 
-/// Moves `subpath` to its place on the grid and drops steps without length. False when nothing is left of it,
-/// or when its numbers are too large.
+/// Moves `subpath` to the grid and drops steps without length. False when nothing is left, or when a number
+/// is too large.
 bool PlainSVG::snapToGrid(Subpath &subpath, const QTransform &transform)
 {
     const auto placed = [&](QPointF point) { return m_grid.snapped(mapped(transform, point)); };
@@ -248,7 +248,7 @@ void PlainSVG::addSubpath(const Subpath &subpath, QByteArray &curves)
     }
 }
 
-/// Adds steps that are all straight or all curved; curves that are no circle go to `curves`.
+/// Adds steps that are all straight or all curved. Curves that form no circle go to `curves`.
 void PlainSVG::addRun(QPointF start, const Segment *first, const Segment *last, QByteArray &curves)
 {
     if (!first->isCurve) {
@@ -276,7 +276,7 @@ void PlainSVG::addRun(QPointF start, const Segment *first, const Segment *last, 
     m_isFull = m_isFull || m_shapeCount > m_mostShapes || m_body.size() + curves.size() > largestText;
 }
 
-/// Adds points on the grid, no two following ones of them the same, as a line, polyline or polygon.
+/// Adds points of the grid as a line, polyline or polygon. No two neighbours among them are equal.
 void PlainSVG::addStraight(const std::vector<QPointF> &points, bool isClosed)
 {
     if (points.size() == 2) {
@@ -298,7 +298,7 @@ void PlainSVG::addStraight(const std::vector<QPointF> &points, bool isClosed)
     endElement();
 }
 
-/// Adds a subpath as one run of straight steps, cutting up its curves.
+/// Adds a subpath as one run of straight steps; its curves are cut into pieces.
 void PlainSVG::addAsOneRun(const Subpath &subpath)
 {
     std::vector<QPointF> points = {subpath.start};
@@ -319,7 +319,7 @@ void PlainSVG::addAsOneRun(const Subpath &subpath)
         if (!isSamePoint(segment.end, points.back()))
             points.push_back(segment.end);
     }
-    // An outline of curves that comes back to its start is one, whether its author closed it or not.
+    // Curves that come back to their start make a closed outline, even when the author left it open.
     const bool isLoop = points.size() > 3 && isSamePoint(points.front(), points.back());
     const bool isClosed = subpath.isClosed || (isLoop && hasCurve);
     if (isClosed && isSamePoint(points.front(), points.back()))

@@ -1,4 +1,4 @@
-// The plain SVG as it grows: shapes come in their own coordinates with a transform and leave as the elements
+// The plain SVG as it grows. Shapes come in their own coordinates with a transform, and leave as elements
 // that the import draws completely.
 
 #pragma once
@@ -13,35 +13,35 @@
 
 namespace svgprep {
 
-/// The sheet that a drawing is on.
+/// The sheet of a drawing.
 struct Page {
     QRectF viewBox;   ///< drawing units
-    QByteArray width; ///< with its unit, as an attribute
+    QByteArray width; ///< an attribute, with its unit
     QByteArray height;
-    QByteArray aspectRatio; ///< preserveAspectRatio, empty for the usual one
+    QByteArray aspectRatio; ///< preserveAspectRatio, empty for the usual value
 };
 
 class PlainSVG {
 public:
-    /// An empty drawing that takes `mostShapes`. With a `flattenTolerance`, in drawing units, curves become
-    /// straight runs.
+    /// Begins an empty drawing of at most `mostShapes`. A `flattenTolerance` above 0, in drawing units, turns
+    /// curves into straight runs.
     PlainSVG(const Page &page, double flattenTolerance, int mostShapes);
 
-    /// Each adds a shape; what has no extent, or numbers too large for a drawing, is left out.
+    /// Add a shape. A shape without extent, or with numbers too large for a drawing, is left out.
     void addOutline(const Outline &outline, const QTransform &transform);
     void addRectangle(const QRectF &rectangle, const QTransform &transform);
     void addEllipse(const UprightEllipse &ellipse, const QTransform &transform);
-    /// Adds one line of text, its left end and its size in drawing units.
+    /// Adds one line of text; its left end and its size are in drawing units.
     void addText(const QString &text, QPointF leftEnd, double size);
 
-    /// How many lines, curves and other entities the import will draw.
+    /// The number of lines, curves and other entities that the import will draw.
     int shapeCount() const { return m_shapeCount; }
-    /// Whether no more shapes are taken, since no drawing of that size would be any use.
+    /// Whether the drawing takes no more shapes: a larger one would be of no use.
     bool isFull() const { return m_isFull; }
-    /// The room of all points so far; not valid when there is none.
+    /// The room of all points so far; null without any.
     QRectF extents() const;
 
-    /// The whole text, as UTF-8.
+    /// The whole text in UTF-8.
     QByteArray text() const;
 
 private:

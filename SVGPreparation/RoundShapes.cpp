@@ -18,7 +18,7 @@ double cross(QPointF a, QPointF b)
     return a.x() * b.y() - a.y() * b.x();
 }
 
-/// The circle through three points; a radius that is not finite when they lie on a line.
+/// The circle through three points; its radius is not finite when they lie on a line.
 Circle circleThrough(QPointF a, QPointF b, QPointF c)
 {
     const QPointF ab = b - a;
@@ -34,7 +34,7 @@ Circle circleThrough(QPointF a, QPointF b, QPointF c)
 
 std::optional<UprightEllipse> transformedEllipse(const UprightEllipse &ellipse, const QTransform &transform)
 {
-    // Two half axes become conjugate half diameters u and v; the ellipse reaches as far as both together.
+    // The half axes become conjugate half diameters u and v; the ellipse reaches as far as both together.
     const QPointF u(transform.m11() * ellipse.rx, transform.m12() * ellipse.rx);
     const QPointF v(transform.m21() * ellipse.ry, transform.m22() * ellipse.ry);
     const double rx = std::hypot(u.x(), v.x());
@@ -75,7 +75,7 @@ std::optional<Circle> circleAlong(QPointF start, const Segment *first, const Seg
                 return {};
             const double turn = std::atan2(cross(before, point), QPointF::dotProduct(before, point));
             if (turn * direction < 0.0)
-                return {}; // runs back
+                return {}; // the curve runs back
             direction = turn;
             turned += turn;
             before = point;

@@ -1,4 +1,4 @@
-// Circles and ellipses: what a transform makes of them, and which closed curves are circles.
+// Circles and ellipses: how a transform changes them, and which closed curves are circles.
 
 #pragma once
 
@@ -15,7 +15,7 @@ struct UprightEllipse {
     double ry = 0.0;
 };
 
-/// What `transform` makes of an ellipse; nothing when its axes are no longer parallel to x and y.
+/// The ellipse under `transform`. No value when its axes are no longer parallel to x and y.
 std::optional<UprightEllipse> transformedEllipse(const UprightEllipse &ellipse, const QTransform &transform);
 
 struct Circle {
@@ -23,8 +23,8 @@ struct Circle {
     double radius = 0.0;
 };
 
-/// The circle that curves, begun at `start`, run once around; nothing when they do not end where they began,
-/// or leave the circle by more than a thousandth of its radius.
+/// The circle that curves from `start` run around once. No value when they do not end at `start`, or leave
+/// the circle by more than a thousandth of its radius.
 std::optional<Circle> circleAlong(QPointF start, const Segment *first, const Segment *last);
 
 } // namespace svgprep

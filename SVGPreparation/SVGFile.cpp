@@ -1,4 +1,4 @@
-// Reads a file whole, unpacks it when it is compressed, and builds its tree under the reader's limits.
+// Reads a file whole, unpacks a compressed one, and builds its tree within the reader's limits.
 
 #include "SVGPreparation/SVGFile.h"
 
@@ -18,7 +18,7 @@ namespace svgprep {
 
 namespace {
 
-/// A file's bytes, or why there are none; `error` is without the file's name.
+/// The bytes of a file, or the reason why there are none, without the file's name.
 struct Content {
     QByteArray bytes;
     QString error;
@@ -45,7 +45,7 @@ bool isCompressed(const QByteArray &bytes)
     return bytes.startsWith("\x1f\x8b");
 }
 
-/// Unpacks gzip's format, of which a file may hold several parts one after the other.
+/// Unpacks gzip's format. A file may hold several parts one after the other.
 Content unpacked(const QByteArray &packed)
 {
     z_stream stream = {};
@@ -54,7 +54,7 @@ Content unpacked(const QByteArray &packed)
         return {{}, QStringLiteral("not converted: too little memory to unpack it")};
     const auto release = qScopeGuard([&stream] { inflateEnd(&stream); });
 
-    // zlib reads from what it takes for writable memory.
+    // zlib asks for writable memory but only reads it.
     stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(packed.constData()));
     stream.avail_in = static_cast<uInt>(packed.size());
     QByteArray bytes;

@@ -1,4 +1,4 @@
-// Reads SVG files, compressed ones too, with the reader's limits.
+// Reads SVG files within the reader's limits, compressed ones too.
 
 #pragma once
 
@@ -11,17 +11,17 @@
 
 namespace svgprep {
 
-/// The endings of SVG files as a file dialog's or a folder's name filters: "*.svg", "*.svgz".
+/// The suffixes of SVG files as name filters of a file dialog or a folder: "*.svg", "*.svgz".
 QStringList svgNameFilters();
 
-/// A file's tree, or why there is none.
+/// The tree of a file, or the reason why there is none.
 struct LoadedSvg {
     QDomDocument document;
     QString error; ///< "plan.svg:12:7: not well-formed XML: ...", empty when there is a document
 };
 
-/// Loads the SVG file at `path`; what is compressed with gzip is unpacked, whatever the file's name. Lines
-/// and columns in an error are those of the file's text.
+/// Loads the SVG file at `path`. A file compressed with gzip is unpacked, whatever its name. Lines and
+/// columns in an error are those of the unpacked text.
 LoadedSvg loadedSvg(const QString &path);
 
 /// Loads and prepares the SVG file at `path`. The error begins with the path.

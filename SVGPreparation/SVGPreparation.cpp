@@ -1,4 +1,4 @@
-// The way of one file: read its sheet, walk its tree, write the plain SVG.
+// Leads one file all the way: reads its sheet, walks its tree, writes the plain SVG.
 
 #include "SVGPreparation/SVGPreparation.h"
 
@@ -15,7 +15,7 @@ double fontSizeOf(SourceTree &source)
     return styleOf(declared, {}, {}).inherited.font.size;
 }
 
-/// The page of a file that states no size, found by drawing it once.
+/// The page of a file without a size; drawing it once finds the page.
 Page drawnPage(SourceTree &source, const PageSetup &setup, const PreparationOptions &options)
 {
     Omissions counted;

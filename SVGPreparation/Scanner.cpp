@@ -30,7 +30,7 @@ bool isSign(const QChar *position, const QChar *end)
     return position != end && (*position == QLatin1Char('+') || *position == QLatin1Char('-'));
 }
 
-/// The end of the exponent that begins at `position`; `position` itself when none does, as in "1em".
+/// The end of the exponent at `position`; `position` itself without one, as in "1em".
 const QChar *skipExponent(const QChar *position, const QChar *end)
 {
     if (position == end || (*position != QLatin1Char('e') && *position != QLatin1Char('E')))
@@ -41,7 +41,7 @@ const QChar *skipExponent(const QChar *position, const QChar *end)
     return isDigit(digits, end) ? skipDigits(digits, end) : position;
 }
 
-/// What a number is that no double holds: 0 when it is too small, infinite when it is too large.
+/// The value of a number beyond the range of doubles: 0 when it is too small, infinite when it is too large.
 double beyondDouble(const char *begin, const char *end)
 {
     const QByteArray text = QByteArray(begin, static_cast<int>(end - begin)).toLower();

@@ -1,4 +1,4 @@
-// Walks over the characters of one attribute or style value.
+// Walks along the characters of an attribute or a style value.
 
 #pragma once
 
@@ -16,7 +16,7 @@ QStringView withoutBlanks(QStringView text);
 
 class Scanner {
 public:
-    /// Scans `text`, which must outlive the scanner.
+    /// Scans `text`; it must outlive the scanner.
     explicit Scanner(QStringView text)
         : m_position(text.begin())
         , m_end(text.end())
@@ -24,29 +24,29 @@ public:
     }
 
     bool atEnd() const { return m_position == m_end; }
-    /// The next character, a null one at the end.
+    /// The next character; null at the end.
     QChar next() const { return atEnd() ? QChar() : *m_position; }
     void advance() { ++m_position; }
 
     void skipBlanks();
     /// Skips white space with at most one comma in it.
     void skipSeparator();
-    /// Skips `character` when it comes next.
+    /// Skips `character` if it comes next, and tells whether it does.
     bool take(char character);
 
-    /// Reads a number by SVG's grammar, which needs no separator where the next number is told apart:
-    /// "1.5.5-2" is three. Nothing is skipped when there is none. A number too large for a double is
+    /// Reads a number by SVG's grammar. Numbers need no separator where the next one is clear: "1.5.5-2" is
+    /// three. No value, and nothing is skipped, when there is none. A number too large for a double is
     /// infinite.
     std::optional<double> number();
-    /// Reads a flag of an arc, one digit, 0 or 1.
+    /// Reads the flag of an arc: one digit, 0 or 1.
     std::optional<bool> flag();
-    /// Reads letters, digits, "-" and "_"; empty when something else comes next.
+    /// Reads letters, digits, "-" and "_"; empty when another character comes next.
     QStringView word();
-    /// Reads up to `character`, which is skipped, or to the end.
+    /// Reads up to `character` and skips it, or reads to the end.
     QStringView until(char character);
     /// Reads up to the next white space.
     QStringView untilBlank();
-    /// All that is left.
+    /// The text that is left.
     QStringView rest() const { return {m_position, m_end}; }
 
 private:

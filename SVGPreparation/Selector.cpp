@@ -13,8 +13,7 @@ namespace svgprep {
 
 namespace {
 
-/// No element stands deeper than the reader allows, so a longer selector picks nothing; matching recurses
-/// once for each part.
+/// Matching recurses once for each part, so a longer selector picks nothing.
 constexpr std::size_t mostCompounds = 64;
 
 bool isNameCharacter(QChar character)
@@ -29,8 +28,8 @@ bool isHexDigit(QChar character)
     return (lower >= '0' && lower <= '9') || (lower >= 'a' && lower <= 'f');
 }
 
-/// CSS: a backslash and up to six hexadecimal digits stand for a character, as does one before any other
-/// character for itself.
+/// CSS: a backslash and up to six hexadecimal digits stand for a character. A backslash before any other
+/// character stands for that character.
 QString escaped(Scanner &scanner)
 {
     QString digits;
@@ -85,7 +84,7 @@ QString quotedOrName(Scanner &scanner)
     return name(scanner);
 }
 
-/// Reads what follows "[".
+/// Reads the test after "[".
 std::optional<AttributeTest> attributeTest(Scanner &scanner)
 {
     AttributeTest test;
@@ -137,7 +136,7 @@ bool passes(const QDomElement &element, const AttributeTest &test)
     return false;
 }
 
-/// What it costs to look through `text`, in steps.
+/// The cost of looking through `text`, in steps.
 std::uint64_t costOf(const QString &text)
 {
     return static_cast<std::uint64_t>(text.size()) / 32;
@@ -166,7 +165,7 @@ bool isMatch(const QDomElement &element, const CompoundSelector &compound, std::
 
 enum class Reading { Good, Unknown, Bad };
 
-/// Whether browsers know a pseudo-class or pseudo-element of that name.
+/// Whether browsers know a pseudo-class or pseudo-element of this name.
 bool isPseudo(const QString &name)
 {
     static const QSet<QString> names = {
@@ -210,7 +209,7 @@ bool isPseudo(const QString &name)
     return names.contains(name) || name.startsWith(QLatin1String("-webkit-"));
 }
 
-/// Skips a pseudo-class or pseudo-element, with what stands in its parentheses.
+/// Skips a pseudo-class or pseudo-element and its parentheses.
 Reading skipPseudo(Scanner &scanner)
 {
     scanner.take(':');
@@ -229,7 +228,7 @@ Reading skipPseudo(Scanner &scanner)
     return Reading::Unknown;
 }
 
-/// Reads one part of a compound selector, at a sign that begins one.
+/// Reads one part of a compound selector, at the sign that begins it.
 Reading readPart(Scanner &scanner, CompoundSelector &compound)
 {
     if (scanner.take('#')) {
@@ -266,7 +265,7 @@ Reading readCompound(Scanner &scanner, CompoundSelector &compound)
         compound.tag = name(scanner);
         isEmpty = false;
     }
-    if (scanner.take('|')) // a namespace's prefix; elements of other namespaces are never asked about
+    if (scanner.take('|')) // the prefix of a namespace; only elements of SVG are ever asked about
         compound.tag = scanner.take('*') ? QString() : name(scanner);
     while (beginsPart(scanner.next())) {
         isEmpty = false;

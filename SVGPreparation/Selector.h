@@ -12,7 +12,7 @@
 
 namespace svgprep {
 
-/// What an attribute must be: present, equal, or hold the value at a certain place.
+/// A condition on an attribute: present, equal, or with the value at a certain place.
 struct AttributeTest {
     enum class Kind { Present, Equal, Word, Prefix, Suffix, Part, LanguagePrefix };
 
@@ -22,7 +22,7 @@ struct AttributeTest {
     Qt::CaseSensitivity sensitivity = Qt::CaseSensitive;
 };
 
-/// What one element must be.
+/// The conditions on one element.
 struct CompoundSelector {
     QString tag; ///< empty for any
     QString id;
@@ -30,29 +30,30 @@ struct CompoundSelector {
     std::vector<AttributeTest> attributes;
 };
 
-/// How an element must stand to the one of the compound after it.
+/// The relation of an element to the one of the next compound.
 enum class Combinator { Ancestor, Parent, Previous, Earlier };
 
 class Selector {
 public:
-    /// Reads `text`. Nothing when it is no selector at all, for which browsers drop the whole rule.
+    /// Reads `text`. No value when it is no selector at all: browsers then drop the whole rule.
     static std::optional<Selector> parsed(QStringView text);
 
-    /// Whether it holds something that is valid but not known here, as a pseudo-class. It then picks nothing.
+    /// Whether it holds a valid part that is not known here, such as a pseudo-class. It then picks nothing.
     bool isUnknown() const { return m_isUnknown; }
 
     /// Whether it picks `element`. Each compound that is tried adds to `steps`.
     bool matches(const QDomElement &element, std::uint64_t &steps) const;
 
-    /// Ids, classes with attributes, and tags, ten bits each.
+    /// The counts of ids, of classes and attributes, and of tags, ten bits each.
     std::uint32_t specificity() const;
 
-    /// What the picked element itself must be.
+    /// The conditions on the picked element itself.
     const CompoundSelector &subject() const { return m_compounds.back(); }
 
 private:
-    /// How far a failure reaches. What fails for want of an element up to the first sibling, or up to the
-    /// root, fails from any sibling or ancestor farther out too: trying those would multiply with every part.
+    /// How far a failure reaches. A search that finds no element up to the first sibling or up to the root
+    /// fails from every sibling or ancestor farther out, too. Trying those would multiply the cost with every
+    /// part.
     enum class Match { Yes, NotHere, NotAmongSiblings, NotBelowAnyAncestor };
 
     Match matchFrom(std::size_t index, const QDomElement &element, std::uint64_t &steps) const;
@@ -62,7 +63,7 @@ private:
     bool m_isUnknown = false;
 };
 
-/// Whether `words`, separated by white space, hold `word`.
+/// Whether `words`, separated by white space, include `word`.
 bool hasWord(QStringView words, QStringView word, Qt::CaseSensitivity sensitivity = Qt::CaseSensitive);
 
 } // namespace svgprep

@@ -8,7 +8,7 @@ namespace svgprep {
 
 namespace {
 
-/// The number in a reference such as "x1F6AA" or "128682"; 0 when it is none.
+/// The number in a reference such as "x1F6AA" or "128682"; 0 for anything else.
 uint referencedCode(const QStringRef &number)
 {
     bool isNumber = false;
@@ -36,7 +36,7 @@ public:
     }
 
 private:
-    /// Puts `replacement` in the place of the text from `begin` up to `end`.
+    /// Replaces the text from `begin` up to `end` by `replacement`.
     void replace(int begin, int end, const QString &replacement)
     {
         m_result += m_text.midRef(m_copied, begin - m_copied);
@@ -51,9 +51,9 @@ private:
 
     const QString &m_text;
     QString m_result;
-    int m_copied = 0; // up to here the text is in the result
+    int m_copied = 0; // the text before is in the result
     int m_at = 0;
-    int m_textDepth = 0; // of text elements around
+    int m_textDepth = 0; // number of text elements around
 };
 
 void TextCompletion::skipMarkup()
@@ -78,7 +78,7 @@ void TextCompletion::skipMarkup()
 void TextCompletion::skipTag()
 {
     const int begin = m_at + 1;
-    // What a document type declares stands between brackets, with comments of its own.
+    // A document type holds its declarations in brackets, with comments of their own.
     const bool isDeclaration = m_text.midRef(begin, 1) == QLatin1String("!");
     QChar quote;
     for (++m_at; m_at < m_text.size(); ++m_at) {

@@ -1,4 +1,4 @@
-// Saves two things in an SVG text that Qt's XML reader loses.
+// Keeps two things in an SVG text that Qt's XML reader loses.
 
 #pragma once
 
@@ -6,9 +6,9 @@
 
 namespace svgprep {
 
-/// `text` written so that Qt's reader keeps all of it: letters beyond 16 bits given by number ("&#x1F6AA;"),
-/// which it cuts, as they are; and white space between two tags inside of a text element, which it drops, as
-/// CDATA.
+/// `text` in a form that Qt's reader keeps whole. Qt cuts letters beyond 16 bits that are given by number
+/// ("&#x1F6AA;"), so they become letters. Qt drops white space between two tags within a text element, so it
+/// becomes CDATA.
 QString completeForQt(const QString &text);
 
 } // namespace svgprep

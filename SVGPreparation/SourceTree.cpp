@@ -1,4 +1,4 @@
-// One iterative walk over all elements.
+// Visits all elements in one iterative walk.
 
 #include "SVGPreparation/SourceTree.h"
 
@@ -13,7 +13,7 @@ bool isSvgNamespace(const QString &name)
     return name == QLatin1String("http://www.w3.org/2000/svg");
 }
 
-/// What the nearest declaration named `attribute` ("xmlns:svg") says at `element`; null when there is none.
+/// The value of the nearest declaration `attribute` ("xmlns:svg") at `element`; null without one.
 QString namespaceAt(QDomElement element, const QString &attribute)
 {
     for (; !element.isNull(); element = element.parentNode().toElement()) {

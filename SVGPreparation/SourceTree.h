@@ -1,4 +1,4 @@
-// An SVG file's tree made ready to be walked: elements by id, style sheets, and plain names whatever prefix
+// The tree of an SVG file, ready for the walk: elements by id, style sheets, and plain names whatever prefix
 // the file uses.
 
 #pragma once
@@ -15,13 +15,13 @@ namespace svgprep {
 
 class SourceTree {
 public:
-    /// Goes once through `document`, whose elements lose the prefixes that mean SVG; those of other
-    /// namespaces get a name that nobody asks for. Animations and scripts are counted in `omissions`.
+    /// Goes once through `document`. Elements lose a prefix that means SVG, and elements of other namespaces
+    /// get a name that SVG does not have. Animations and scripts are counted in `omissions`.
     SourceTree(const QDomDocument &document, Omissions &omissions);
 
-    /// The outermost element, which need not be one of SVG.
+    /// The outermost element; it may be no element of SVG.
     const QDomElement &root() const { return m_root; }
-    /// The element with this id, the first of several; a null one when there is none.
+    /// The first element with this id; null without one.
     QDomElement byId(const QString &id) const { return m_byId.value(id); }
     StyleSheet &styleSheet() { return m_styleSheet; }
 
@@ -35,7 +35,7 @@ private:
     StyleSheet m_styleSheet;
 };
 
-/// The address in href or xlink:href, white space left out.
+/// The address in href or xlink:href, without white space around it.
 QString hrefOf(const QDomElement &element);
 
 } // namespace svgprep

@@ -1,4 +1,4 @@
-// Computes styles by the cascade of CSS, as far as they decide what is seen and where.
+// Computes styles by the cascade of CSS, as far as they decide what is visible and where.
 
 #include "SVGPreparation/Style.h"
 
@@ -12,12 +12,12 @@ namespace svgprep {
 
 namespace {
 
-/// The value to use for one that asks for a variable: its fallback, since variables have no values here.
+/// The fallback of a value that asks for a variable, since variables have no values here.
 QString withoutVariables(const QString &value)
 {
     QString text = value;
     const QLatin1String call("var(");
-    // A fallback may be a variable itself; nobody nests them deep.
+    // A fallback may be a variable itself; files do not nest them deep.
     for (int i = 0; i < 8 && text.startsWith(call); ++i) {
         const int comma = text.indexOf(QLatin1Char(','));
         const int end = text.lastIndexOf(QLatin1Char(')'));
@@ -26,7 +26,7 @@ QString withoutVariables(const QString &value)
     return text.contains(call) ? QString() : text;
 }
 
-/// A declared value that says something by itself; empty when the parent's, or else the initial one, counts.
+/// A declared value. An empty one stands for the parent's value, or else for the initial one.
 struct DeclaredValue {
     QString value;
     bool isInitial = false;
@@ -93,7 +93,7 @@ void setFontSize(const Declared &declared, const LengthBase &base, double &size)
     const std::optional<Length> length = lengthFrom(given.value);
     if (!length || length->value < 0.0)
         return;
-    // A font's own size is what its parent's relative lengths refer to.
+    // A relative font size refers to the parent's font.
     size = length->unit == LengthUnit::Percent ? size * length->value / 100.0
                                                : userUnits(*length, base, Along::Other);
 }
@@ -109,7 +109,7 @@ int weightFrom(const QString &value, int parent)
         if (value.compare(QLatin1String(row.name), Qt::CaseInsensitive) == 0)
             return row.weight;
     }
-    // CSS: what is bolder or lighter than another weight.
+    // CSS: bolder and lighter depend on the parent's weight.
     if (value.compare(QLatin1String("bolder"), Qt::CaseInsensitive) == 0)
         return parent < 350 ? 400 : (parent < 550 ? 700 : 900);
     if (value.compare(QLatin1String("lighter"), Qt::CaseInsensitive) == 0)
@@ -186,7 +186,7 @@ QTransform transformOf(const Declared &declared, const LengthBase &base)
 void setBaselineShift(const Declared &declared, const LengthBase &base, OwnStyle &own)
 {
     const QString value = declaredValue(declared, Property::BaselineShift).value;
-    // As far as browsers move raised and lowered text.
+    // Browsers raise and lower text by these shares.
     if (value.compare(QLatin1String("super"), Qt::CaseInsensitive) == 0)
         own.scriptShift = 0.5;
     else if (value.compare(QLatin1String("sub"), Qt::CaseInsensitive) == 0)
@@ -206,8 +206,8 @@ QString effectOf(const Declared &declared, Property property)
 void declareAttributes(const QDomElement &element, Declared &declared)
 {
     const QDomNamedNodeMap attributes = element.attributes();
-    // Qt gives the i-th attribute by counting from the first: fewer than there are properties are soon
-    // counted.
+    // Qt counts from the first attribute to find the i-th. A few attributes are counted faster than all
+    // properties are looked up.
     constexpr int few = 12;
     if (attributes.count() <= few) {
         for (int i = 0; i < attributes.count(); ++i) {
@@ -265,7 +265,7 @@ ElementStyle styleOf(const Declared &declared, const InheritedStyle &parent, con
     const DeclaredValue color = declaredValue(declared, Property::Color);
     if (!color.value.isEmpty() && isValid(Property::Color, color.value)) {
         const Paint paint = paintFrom(color.value).value_or(Paint::Shown);
-        if (paint != Paint::CurrentColor) // which is the parent's
+        if (paint != Paint::CurrentColor) // currentColor means the parent's colour
             inherited.hasColor = paint == Paint::Shown;
     }
     setPaint(declared, Property::Fill, Paint::Shown, inherited.fill);

@@ -1,4 +1,4 @@
-// The style of an element: what it inherits and what it is given.
+// The style of an element: values that it inherits and values of its own.
 
 #pragma once
 
@@ -16,7 +16,7 @@ class StyleSheet;
 
 enum class TextAnchor { Start, Middle, End };
 
-/// The font of a text; two texts of the same font and baseline can be one run.
+/// The font of a text. Texts of the same font and baseline can be one run.
 struct TextFont {
     QString families;   ///< as the property lists them
     double size = 16.0; ///< user units
@@ -33,11 +33,11 @@ struct TextFont {
     }
 };
 
-/// What an element hands down to its children.
+/// The values that an element hands down to its children.
 struct InheritedStyle {
     Paint fill = Paint::Shown;
     Paint stroke = Paint::None;
-    bool hasColor = true; ///< what "currentColor" stands for is to be seen
+    bool hasColor = true; ///< the colour of "currentColor" is visible
     double fillOpacity = 1.0;
     double strokeOpacity = 1.0;
     double strokeWidth = 1.0; ///< user units
@@ -49,12 +49,12 @@ struct InheritedStyle {
     TextAnchor anchor = TextAnchor::Start;
     QString dominantBaseline;
 
-    /// Whether fill or stroke of a shape is to be seen. Width does not matter: programs write hairlines with
+    /// Whether fill or stroke of a shape is visible. The width does not matter: programs write hairlines with
     /// 0.
     bool showsShapes() const;
 };
 
-/// What concerns one element alone.
+/// The values of one element alone.
 struct OwnStyle {
     bool isDisplayed = true;
     bool isTransparent = false;
@@ -71,12 +71,12 @@ struct ElementStyle {
     OwnStyle own;
 };
 
-/// What attributes, style sheets and the style attribute declare for `element`. False when the sheets ask too
-/// much.
+/// Offers to `declared` the values that attributes, style sheets and the style attribute give to `element`.
+/// False when the style sheets take too long.
 bool declare(const QDomElement &element, StyleSheet &sheet, Declared &declared);
 
-/// The style of an element with these declarations inside of one with the style `parent`. `base` has the
-/// viewport; font sizes it takes from the styles.
+/// The style of an element with these declarations within an element of the style `parent`. `base` gives the
+/// viewport; the styles give the font sizes.
 ElementStyle styleOf(const Declared &declared, const InheritedStyle &parent, const LengthBase &base);
 
 } // namespace svgprep

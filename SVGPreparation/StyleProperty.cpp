@@ -1,4 +1,4 @@
-// The table of properties, and what browsers take for their values.
+// The table of properties, and the values that browsers accept for them.
 
 #include "SVGPreparation/StyleProperty.h"
 
@@ -34,7 +34,7 @@ bool isRatio(QStringView value)
     return ratioFrom(value).has_value();
 }
 
-/// A word, of which only some mean something here.
+/// Whether `value` is a word; only some words mean something here.
 bool isWord(QStringView value)
 {
     Scanner scanner(value);
@@ -52,7 +52,7 @@ bool isReferenceOrShape(QStringView value)
     return isReference(value) || value.endsWith(QLatin1Char(')'));
 }
 
-/// A stroke's width may have no unit.
+/// Whether `value` is a width; the width of a stroke may lack its unit.
 bool isWidth(QStringView value)
 {
     const std::optional<Length> length = lengthFrom(value);
@@ -143,7 +143,7 @@ constexpr std::array<PropertyRow, propertyCount> propertyRows = {{
     {Property::BaselineShift, "baseline-shift", isLengthOrWord},
 }};
 
-/// Whether browsers take a number without unit for the property in a style attribute.
+/// Whether browsers accept a number without unit for the property in a style attribute.
 bool mayLackUnit(Property property)
 {
     return property == Property::FontSize || property == Property::LetterSpacing

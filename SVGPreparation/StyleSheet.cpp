@@ -11,10 +11,10 @@ namespace svgprep {
 
 namespace {
 
-/// Tried compounds; a quarter of a thousand million take some ten seconds.
+/// The most compounds that are tried; a quarter of a thousand million take some ten seconds.
 constexpr std::uint64_t mostSteps = std::uint64_t(1) << 28;
 
-/// `css` without comments; those of strings stay.
+/// `css` without comments; a comment within a string stays.
 QString withoutComments(QStringView css)
 {
     QString text;
@@ -56,8 +56,8 @@ public:
             advance();
     }
 
-    /// What comes before the first of `ends` that stands outside of strings, parentheses and brackets; the
-    /// reader then stands at that character. An escaped character ends nothing.
+    /// Reads up to the first of `ends` outside of strings, parentheses and brackets, and stops at that
+    /// character. An escaped character ends nothing.
     QStringView before(const char *ends)
     {
         const QLatin1String stops(ends);
@@ -80,7 +80,7 @@ public:
         return m_css.mid(begin, m_at - begin);
     }
 
-    /// What stands in the braces that begin here, whose end is skipped.
+    /// Reads the content of the braces that begin here and skips their end.
     QStringView block()
     {
         advance();
@@ -99,7 +99,7 @@ public:
     }
 
 private:
-    /// Moves to the quote that ends the string which begins here.
+    /// Moves to the quote at the end of the string that begins here.
     void skipString(QChar quote)
     {
         for (advance(); !atEnd() && next() != quote; advance()) {
@@ -112,7 +112,7 @@ private:
     qsizetype m_at = 0;
 };
 
-/// Whether a medium in `queries` is a screen of unknown size and bright colours.
+/// Whether one of `queries` fits a screen of unknown size with bright colours.
 bool isMedium(QStringView queries)
 {
     for (const QString &text : queries.toString().toLower().split(QLatin1Char(','))) {
@@ -127,7 +127,7 @@ bool isMedium(QStringView queries)
     return false;
 }
 
-/// Whether rules stand in the block of the at-rule `prelude`, "@media print" say, and count.
+/// Whether the block of the at-rule `prelude`, such as "@media print", holds rules that count.
 bool holdsRules(QStringView prelude)
 {
     Scanner scanner(prelude);
@@ -189,7 +189,7 @@ void Declarations::expandMarker(const QString &value)
         addIfValid(property, value);
 }
 
-/// font: style and weight in any order, then size with an optional line height, then families.
+/// Expands font: style and weight in any order, then the size with an optional line height, then families.
 void Declarations::expandFont(const QString &value)
 {
     Scanner scanner(value);
@@ -220,7 +220,7 @@ struct StyleSheet::Rule {
 
     Selector selector;
     std::uint32_t specificity;
-    std::vector<OrderedDeclaration> declarations; // one for each property, two with an important one
+    std::vector<OrderedDeclaration> declarations; // at most one plain and one important one for each property
 
     void add(const Declaration &added, std::uint32_t order)
     {
@@ -242,7 +242,7 @@ void StyleSheet::add(const QString &css)
 {
     const QString text = withoutComments(css);
     CssReader reader(text);
-    // Rules inside of an at-rule are read in its place; its closing brace is then met on its own.
+    // The rules within an at-rule are read in its place; its closing brace is then met alone.
     while (reader.skipBlanks(), !reader.atEnd()) {
         if (reader.next() == QLatin1Char('}') || reader.next() == QLatin1Char(';')) {
             reader.advance();
@@ -268,7 +268,7 @@ void StyleSheet::addRule(const QString &selectors, const std::vector<Declaration
     CssReader reader(selectors);
     for (;;) {
         QString selector = reader.before(",").toString().simplified();
-        // Older files wrap their sheets into an XML comment.
+        // Older files wrap their sheets in an XML comment.
         for (const char *bracket : {"<!--", "-->"}) {
             if (selector.startsWith(QLatin1String(bracket)))
                 selector = selector.mid(static_cast<int>(qstrlen(bracket))).trimmed();
@@ -289,7 +289,7 @@ void StyleSheet::addRule(const QString &selectors, const std::vector<Declaration
     m_isEmpty = false;
 }
 
-/// The rule of `selector`, a new one when there is none yet; null when it is no selector.
+/// The rule of `selector`, a new one when there is none yet; null when `selector` cannot be read.
 StyleSheet::Rule *StyleSheet::ruleFor(const QString &selector)
 {
     if (Rule *known = m_ruleBySelector.value(selector))
@@ -358,7 +358,7 @@ std::vector<Declaration> declarationsFrom(QStringView text, Units units)
     Declarations declarations(units);
     while (!reader.atEnd()) {
         const QStringView name = withoutBlanks(reader.before(":;{"));
-        if (reader.next() == QLatin1Char('{')) { // a rule inside of a rule
+        if (reader.next() == QLatin1Char('{')) { // a rule within a rule
             reader.block();
             continue;
         }

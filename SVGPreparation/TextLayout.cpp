@@ -1,4 +1,4 @@
-// Gathers the letters of a text with what its elements say of them, then walks along them with a pen.
+// Gathers the letters of a text with the attributes that concern them, then walks along them with a pen.
 
 #include "SVGPreparation/TextLayout.h"
 
@@ -21,7 +21,7 @@ namespace {
 
 constexpr ushort replacementCharacter = 0xfffd;
 
-/// Whether a letter is one that no XML text may hold.
+/// Whether no XML text may hold `character`.
 bool isControl(QChar character)
 {
     return character.unicode() < 0x20 || character.unicode() >= 0xfffe;
@@ -100,7 +100,7 @@ void TextLayout::collectChild(const QDomElement &child, int partIndex, const Len
     collect(child, childPart, innerBase);
 }
 
-/// Adds the part of an element in the part `outer`; false when it is not displayed.
+/// Adds the part of `element` within the part `outer`; false when it is not displayed.
 bool TextLayout::addPart(const QDomElement &element, int outer)
 {
     Part part = m_parts[static_cast<std::size_t>(outer)];
@@ -117,8 +117,8 @@ bool TextLayout::addPart(const QDomElement &element, int outer)
     return style.own.isDisplayed;
 }
 
-/// Appends letters. Line breaks and tabs count as blanks; of several blanks one is kept, unless all are to
-/// be.
+/// Appends letters. Line breaks and tabs count as blanks. Of several blanks one is kept, unless the part
+/// keeps all.
 void TextLayout::append(const QString &data, int partIndex)
 {
     const bool keepsBlanks = m_parts[static_cast<std::size_t>(partIndex)].keepsBlanks;
@@ -141,8 +141,8 @@ void TextLayout::append(const QString &data, int partIndex)
     }
 }
 
-/// Reads the lists of positions of an element whose letters are the last ones. What elements inside of it
-/// have said stays.
+/// Reads the lists of positions of `element`; its letters are the last ones. The positions of inner elements
+/// stay.
 void TextLayout::readPositions(const QDomElement &element, std::size_t firstLetter, const LengthBase &base)
 {
     static constexpr Position positions[] = {
@@ -166,7 +166,7 @@ void TextLayout::readPositions(const QDomElement &element, std::size_t firstLett
             giveStep(letter, position, last);
             scanner.skipSeparator();
         }
-        // The last turn holds for all letters that follow.
+        // The last turn holds for all following letters.
         for (; position.value == &Step::turn && last != 0.0 && letter < m_letters.size(); ++letter)
             giveStep(letter, position, last);
     }
@@ -219,8 +219,8 @@ bool TextLayout::beginsRun(std::size_t letter) const
         || a.style.showsShapes() != b.style.showsShapes();
 }
 
-/// The runs of the letters from `begin` to `end`, of which only the first has a place of its own; `pen` moves
-/// from the end of what was before to their end.
+/// The runs of the letters from `begin` to `end`; only the first letter has a place of its own. `pen` moves
+/// from the end of the earlier letters to the end of these.
 std::vector<TextRun> TextLayout::chunk(std::size_t begin, std::size_t end, QPointF &pen)
 {
     const auto partOf = [this](std::size_t letter) -> const Part & {
@@ -252,7 +252,7 @@ std::vector<TextRun> TextLayout::chunk(std::size_t begin, std::size_t end, QPoin
         }
         run.leftEnd = pen;
         const bool isLast = next == m_letters.size();
-        if (!isLast || anchor != TextAnchor::Start) // else nobody asks where it ends
+        if (!isLast || anchor != TextAnchor::Start) // otherwise its end does not matter
             pen.rx() += m_lettering.advance(run.text, run.font);
         if (i == begin) {
             first = run.leftEnd;
@@ -293,7 +293,7 @@ void TextLayout::appendShown(std::vector<TextRun> &shown, TextRun run, const Par
         shown.push_back(std::move(run));
 }
 
-/// How far below the baseline of `part`'s letters the line lies that the text stands on.
+/// The distance from the baseline of `part`'s letters down to the line that the text stands on.
 double TextLayout::baselineOffset(const Part &part)
 {
     const QString &name = part.style.dominantBaseline;

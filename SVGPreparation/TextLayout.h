@@ -1,4 +1,4 @@
-// Finds where the runs of a text stand.
+// Finds the places of the runs of a text.
 
 #pragma once
 
@@ -17,25 +17,25 @@ namespace svgprep {
 
 /// Letters of one font that follow each other without a step.
 struct TextRun {
-    QString text;    ///< no white space at its ends, control characters left out
-    QPointF leftEnd; ///< of its baseline, user units of the text element
+    QString text;    ///< without white space at its ends, without control characters
+    QPointF leftEnd; ///< left end of the baseline, user units of the text element
     TextFont font;
-    double turn = 0.0; ///< of each letter, degrees
+    double turn = 0.0; ///< degrees, for each letter by itself
 };
 
-/// Computes the style of an element within one of the style given.
+/// Computes the style of an element within one of the style `parent`.
 using StyleWithin = std::function<ElementStyle(const QDomElement &element, const InheritedStyle &parent)>;
 
-/// Lays out text elements by SVG's rules of positions, anchors and white space, on one line each.
+/// Lays out text elements on one line each, by SVG's rules of positions, anchors and white space.
 class TextLayout {
 public:
     TextLayout(Lettering &lettering, StyleWithin styleWithin, Omissions &omissions);
 
-    /// The runs of `text` that are to be seen. `style` is its own, `base` what lengths in it refer to.
+    /// The visible runs of `text`. `style` is the text's own, and its lengths refer to `base`.
     std::vector<TextRun> runs(const QDomElement &text, const InheritedStyle &style, const LengthBase &base);
 
 private:
-    /// What is the same for all letters directly in one element.
+    /// The properties that all letters directly in one element share.
     struct Part {
         InheritedStyle style;
         double baselineShift = 0.0;
@@ -43,14 +43,14 @@ private:
         bool keepsBlanks = false;
     };
 
-    /// Where an attribute puts a letter, and by how much it moves it.
+    /// The place that attributes give to a letter, and the distance by which they move it.
     struct Step {
         double x = 0.0;
         double y = 0.0;
         double dx = 0.0;
         double dy = 0.0;
         double turn = 0.0;
-        unsigned given = 0; // a bit for each of them
+        unsigned given = 0; // one bit for each value
     };
 
     struct Letter {
@@ -80,7 +80,7 @@ private:
     std::vector<Part> m_parts;
     std::vector<Step> m_steps;
     std::vector<Letter> m_letters;
-    bool m_endsInBlank = true; // white space at the beginning is dropped
+    bool m_endsInBlank = true; // drops white space at the beginning
 };
 
 } // namespace svgprep

@@ -29,7 +29,7 @@ struct Function {
 
 QTransform rotation(double degrees)
 {
-    // Qt's own rotate() is exact at right angles only; the sine of 180 degrees would leave noise behind.
+    // Qt's rotate() is exact at right angles; the sine of 180 degrees would leave noise behind.
     QTransform transform;
     transform.rotate(degrees);
     return transform;
@@ -102,7 +102,7 @@ const Function functions[] = {
 
 const Function *functionNamed(QStringView name, TransformSyntax syntax)
 {
-    // CSS: names of functions are matched without regard to case.
+    // CSS: the names of functions may be in upper or lower case.
     const auto sensitivity = syntax == TransformSyntax::Property ? Qt::CaseInsensitive : Qt::CaseSensitive;
     for (const Function &function : functions) {
         if (name.compare(QLatin1String(function.name), sensitivity) == 0)
@@ -123,7 +123,7 @@ constexpr AngleUnit angleUnits[] = {
     {"turn", 360.0},
 };
 
-/// An angle of a property, in degrees.
+/// Reads an angle of a property, in degrees.
 std::optional<double> angle(Scanner &scanner)
 {
     const std::optional<double> value = scanner.number();

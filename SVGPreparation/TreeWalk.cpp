@@ -1,4 +1,4 @@
-// Visits elements from a stack on the heap, since uses of uses nest deeper than any program's own stack.
+// Visits elements from a stack on the heap: uses of uses nest deeper than any program's own stack.
 
 #include "SVGPreparation/TreeWalk.h"
 
@@ -15,7 +15,7 @@ namespace svgprep {
 
 namespace {
 
-/// A shape may stand in groups of its own in what is used, but not in any number of them.
+/// A used shape may stand in groups of its own, but not in any number of them.
 constexpr int mostElementsForAShape = 2;
 
 QString counted(int count)
@@ -23,7 +23,7 @@ QString counted(int count)
     return QLocale(QLocale::English).toString(count);
 }
 
-/// Whether browsers set to English draw `element` at all.
+/// Whether a browser set to English draws `element` at all.
 bool passesConditions(const QDomElement &element)
 {
     if (!element.attribute(QStringLiteral("requiredExtensions")).trimmed().isEmpty())
@@ -50,7 +50,7 @@ bool isInside(const QDomElement &element, const QDomElement &ancestor)
     return false;
 }
 
-/// Text under such a transform stays upright, horizontal and in proportion, so that it can be a note.
+/// Whether text under `transform` stays upright, horizontal and in proportion, so that it can be a note.
 bool keepsTextUpright(const QTransform &transform)
 {
     const double scale = transform.m11();
@@ -157,7 +157,7 @@ void TreeWalk::visit(const QDomElement &element, const Scope &outer, Stack &stac
         (this->*visitKind)(element, inner, stack);
 }
 
-/// The scope inside of `element`; false when it shows nothing.
+/// Computes the scope within `element`; false when the element shows nothing.
 bool TreeWalk::enter(const QDomElement &element, const Scope &outer, Scope &inner)
 {
     const ElementStyle style = styleWithin(element, outer.style, outer.base);
@@ -178,8 +178,8 @@ void TreeWalk::visitGroup(const QDomElement &element, const Scope &scope, Stack 
     stack.push_back({element.firstChildElement(), true, scope, {}});
 }
 
-/// Draws the first child whose conditions hold. What is no SVG stands in front of SVG that replaces it, so it
-/// is passed over as long as something else follows.
+/// Draws the first child whose conditions hold. A foreign object stands in front of the SVG that replaces it,
+/// so it counts only when no other child does.
 void TreeWalk::visitSwitch(const QDomElement &element, const Scope &scope, Stack &stack)
 {
     QDomElement chosen;
@@ -202,7 +202,7 @@ void TreeWalk::visitSvg(const QDomElement &element, const Scope &scope, Stack &s
     enterViewport(element, room, scope, stack);
 }
 
-/// Goes on inside of `element`, an svg or symbol that fills `room`.
+/// Continues within `element`, an svg or symbol that fills `room`.
 void TreeWalk::enterViewport(const QDomElement &element, const QRectF &room, const Scope &scope, Stack &stack)
 {
     const std::optional<QRectF> viewBox = viewBoxOf(element);
@@ -241,11 +241,11 @@ void TreeWalk::visitUse(const QDomElement &element, const Scope &scope, Stack &s
         stack.push_back({target, false, inner, id});
         return;
     }
-    stack.push_back({QDomElement(), false, Scope(), id}); // below what follows: it gives the id free again
+    stack.push_back({QDomElement(), false, Scope(), id}); // below the content: it releases the id
     Scope content;
     if (!passesConditions(target) || !enter(target, inner, content))
         return;
-    // The sizes of a use take the place of the svg's own; a symbol has none.
+    // The sizes of a use replace those of an svg; a symbol has none.
     const auto side = [&](const QString &name, Along along) {
         const bool isGiven = lengthFrom(element.attribute(name)).has_value();
         return sideOf(isGiven || isSymbol ? element : target, name, scope.base, along);
@@ -326,7 +326,7 @@ void TreeWalk::drawMarker(const Marker &marker, const MarkerPlace &place, const 
     drawAll({marker.element.firstChildElement(), true, inner, {}});
 }
 
-/// The marker with this id, with an element that is null when there is none.
+/// The marker with this id; its element is null when there is none.
 const TreeWalk::Marker &TreeWalk::markerNamed(const QString &id)
 {
     const auto known = m_markers.constFind(id);
@@ -367,7 +367,7 @@ void TreeWalk::visitText(const QDomElement &element, const Scope &scope, Stack &
     }
 }
 
-/// Draws the outlines of a run, a piece at a time: letters take a hundred times the room of their text.
+/// Draws the outlines of a run piece by piece: letters take a hundred times the memory of their text.
 void TreeWalk::drawLetters(const TextRun &run, const Scope &scope)
 {
     QTransform placed;
@@ -396,7 +396,7 @@ void TreeWalk::visitForeignObject(const QDomElement & /*element*/, const Scope &
         m_omissions.count(Omission::ForeignObject);
 }
 
-/// Counts a shape that is drawn whole although only a part of it is to be seen, or it is to be changed.
+/// Counts a shape that is drawn whole although a browser shows a part of it or changes it.
 void TreeWalk::countEffects(const Scope &scope)
 {
     if (scope.isClipped)
@@ -407,7 +407,7 @@ void TreeWalk::countEffects(const Scope &scope)
         m_omissions.count(Omission::FilteredShape);
 }
 
-/// Whether a value of clip-path, mask or filter does anything. One that refers to nothing does not.
+/// Whether a value of clip-path, mask or filter has an effect. A reference to nothing has none.
 bool TreeWalk::isEffect(const QString &value) const
 {
     const QString id = referencedId(value);

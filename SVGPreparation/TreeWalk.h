@@ -1,4 +1,4 @@
-// Walks an SVG tree as a browser renders it and hands every shape to the plain SVG.
+// Walks an SVG tree as a browser renders it and hands every visible shape to the plain SVG.
 
 #pragma once
 
@@ -20,12 +20,12 @@ class TreeWalk {
 public:
     TreeWalk(SourceTree &source, const PreparationOptions &options, Omissions &omissions);
 
-    /// Draws the whole file into `plain`, on the sheet of `setup`. Returns why it could not be done, empty
-    /// when it went well.
+    /// Draws the whole file into `plain`, on the sheet of `setup`. Returns the reason for a failure; empty on
+    /// success.
     QString draw(const PageSetup &setup, PlainSVG &plain);
 
 private:
-    /// What an element finds around it.
+    /// The surroundings of an element.
     struct Scope {
         QTransform toDrawing; // from its parent's user units
         LengthBase base;
@@ -35,12 +35,12 @@ private:
         bool isFiltered = false;
     };
 
-    /// Elements that wait for their turn: one, or one with its siblings.
+    /// Elements that are still to be drawn: one, or one with its siblings.
     struct Frame {
         QDomElement next;
         bool siblingsFollow = true;
         Scope scope;
-        QString usedId; // in use until the frame is done
+        QString usedId; // stays in use until the frame is done
     };
 
     /// A marker with the style of the elements around it.
@@ -87,7 +87,7 @@ private:
     QSet<QString> m_usedIds;
     QHash<QString, Marker> m_markers;
     bool m_isInMarker = false;
-    int m_instanced = 0; // elements drawn by way of a use or marker
+    int m_instanced = 0; // elements drawn through a use or a marker
 };
 
 } // namespace svgprep

@@ -1,4 +1,4 @@
-// viewBox and preserveAspectRatio.
+// Reads viewBox and preserveAspectRatio.
 
 #include "SVGPreparation/Viewport.h"
 
@@ -12,7 +12,7 @@ namespace svgprep {
 
 namespace {
 
-/// Where the viewBox goes in the room that it leaves free: 0 at the start, 1 at the end.
+/// The share of the free room in front of the viewBox: 0 puts it at the start, 1 at the end.
 double alignment(QStringView name)
 {
     struct Row {
@@ -63,7 +63,7 @@ QTransform viewBoxTransform(const QRectF &viewBox, const QRectF &room, const QSt
     double scaleY = room.height() / viewBox.height();
     if (align != QLatin1String("none"))
         scaleX = scaleY = slices ? std::max(scaleX, scaleY) : std::min(scaleX, scaleY);
-    // "xMidYMax": three letters of each half say where.
+    // Three letters of each half of "xMidYMax" name the place.
     const double freeX = room.width() - viewBox.width() * scaleX;
     const double freeY = room.height() - viewBox.height() * scaleY;
     const double dx = room.x() - viewBox.x() * scaleX + freeX * alignment(align.mid(1, 3));

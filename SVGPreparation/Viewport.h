@@ -1,4 +1,4 @@
-// How a viewBox is fitted into the room it is given.
+// Fits a viewBox into its room.
 
 #pragma once
 
@@ -12,12 +12,11 @@ class QDomElement;
 
 namespace svgprep {
 
-/// The attribute viewBox; nothing when it is absent or cannot be read. It may be empty, which hides all that
-/// is in it.
+/// The attribute viewBox. No value when it is absent or cannot be read. An empty viewBox hides its content.
 std::optional<QRectF> viewBoxOf(const QDomElement &element);
 
-/// Maps `viewBox`, which must not be empty, into `room` the way that `aspectRatio`, an attribute
-/// preserveAspectRatio, says.
+/// Maps `viewBox` into `room` by the rules of `aspectRatio`, an attribute preserveAspectRatio. `viewBox` must
+/// not be empty.
 QTransform viewBoxTransform(const QRectF &viewBox, const QRectF &room, const QString &aspectRatio);
 
 } // namespace svgprep

@@ -1,5 +1,5 @@
-// Looks a text that gave no document over once more, and then parses it with a reader that knows where it is.
-// The load itself asks for no error message.
+// Checks a text that gave no document once more, then parses it with a reader that knows line and column. The
+// load itself asks for no error message.
 
 #include "SVGPreparation/XMLDiagnosis.h"
 
@@ -24,7 +24,7 @@ QString located(qint64 line, qint64 column, const QString &problem)
     return QStringLiteral("%1:%2: %3").arg(line).arg(qMax(column, qint64(1))).arg(problem);
 }
 
-/// What the reader refuses in `text`, with line and column; empty when that is nothing.
+/// The reason to refuse `text`, with line and column; empty when there is none.
 QString refusalIn(const QString &text)
 {
     const std::optional<XMLRefusal> refusal = refusalOf(text);
@@ -43,7 +43,7 @@ QString notWellFormed(qint64 line, qint64 column, QString fault)
     return located(line, column, QStringLiteral("not well-formed XML: %1").arg(fault));
 }
 
-/// What is not well-formed in the text of the file, with line and column; empty when nothing was found.
+/// The first fault in the text of the file, with line and column; empty when none is found.
 QString faultIn(QIODevice &file)
 {
     QXmlStreamReader reader(&file);
@@ -54,8 +54,7 @@ QString faultIn(QIODevice &file)
                              : QString();
 }
 
-/// What the load itself finds wrong in `text` when nothing else did; in few words, hence the last to be
-/// asked.
+/// The fault that the load itself reports for `text`. Its words are few, so it is asked last.
 QString faultOfLoad(const QString &text)
 {
     QString fault;

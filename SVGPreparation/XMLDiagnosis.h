@@ -1,4 +1,4 @@
-// Says what is wrong with a text that gave no document.
+// Finds out what is wrong with a text that gave no document.
 
 #pragma once
 
@@ -7,9 +7,9 @@
 
 namespace svgprep {
 
-/// Why `bytes`, the content of the file named `name`, are no document that the reader accepts:
+/// The reason why the reader accepts no document from `bytes`, the content of the file `name`. It is
 /// "plan.svg:12:7: not well-formed XML: ..." with line and column, both counted from 1, or "plan.svg: ..."
-/// where the reason concerns the file as a whole.
+/// when it concerns the whole file.
 QString xmlProblem(const QByteArray &bytes, const QString &name);
 
 } // namespace svgprep
