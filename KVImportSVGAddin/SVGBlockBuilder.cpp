@@ -11,11 +11,11 @@
 
 namespace {
 
-/// Letter height of a note for an SVG font size of 1.
+/// The letter height of a note for an SVG font size of 1.
 constexpr double noteHeightRatio = 0.7;
 
-/// The number of the next block name. It grows with every block asked for in this process, whichever the
-/// drawing, also when the host refuses the block.
+/// The number in the next block name. It grows with every block that is asked for in this process, in any
+/// drawing and even when the host refuses the block.
 std::int32_t nextBlockNumber = 0;
 
 /// The entity types a block definition may gather.
@@ -24,7 +24,7 @@ constexpr kvObjectType_e blockEntityTypes[] = {
     kvEllipseArcType, kvCircleArcType, kvPolyLineType, kvSplineType,
 };
 
-/// Places x, y pairs in the drawing plane: x, y, 0 triples.
+/// The points `pairs` (x, y) in the drawing plane: x, y, 0 triples.
 kvDoubleArray triples(const kvDoubleArray &pairs)
 {
     kvDoubleArray points;
@@ -185,7 +185,7 @@ void SVGBlockBuilder::drawNotes(const QList<SVGTextRecord> &records)
     for (const SVGTextRecord &record : records) {
         const kvDoubleArray position = placed(record, record.values());
         const kvString text = record.texts()[0];
-        // After placed(): a note with a matrix of its own is sized by that one.
+        // placed() comes first, since a note with a matrix of its own takes its scale from it.
         const double height = toQString(record.fontSize()).toDouble() * m_currentScale * noteHeightRatio;
         insertInto(m_lastNote, [&](kvSimpleNote_c **note) {
             m_sketchManager->InsertSimpleNote(position[0], position[1], 0.0, height, 0.0, text, note);
@@ -215,8 +215,8 @@ void SVGBlockBuilder::drawSplines(const QList<SVGSplineRecord> &records)
     }
 }
 
-/// Makes one insert call. An entity that came back goes into `slot` and is released with the builder;
-/// otherwise the slot keeps what it held.
+/// Makes one insert call. An entity that comes back goes into `slot` and is released with the builder.
+/// Without one the answer is false and `slot` keeps what it holds.
 template <class Entity, class Insert>
 bool SVGBlockBuilder::insertInto(Entity *&slot, const Insert &insert)
 {

@@ -6,13 +6,13 @@
 
 #include <QString>
 
-/// `text` as a host string. The wide-character copy ends at the first zero character.
+/// `text` as a host string, up to its first zero character.
 inline kvString toKvString(const QString &text)
 {
     return kvString(text.toStdWString().c_str());
 }
 
-/// `text` as a Qt string, read up to its terminating zero.
+/// `text` as a Qt string, up to its terminating zero.
 inline QString toQString(const kvString &text)
 {
     // QString::fromUtf16 would take a leading U+FEFF or U+FFFE for a byte order mark.

@@ -1,4 +1,4 @@
-// Runs a fuzz target over the files of folders, without a fuzzer: what was found once stays mended.
+// Runs a fuzz target over the files of folders, without a fuzzer, so that mended faults stay mended.
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -23,12 +23,12 @@ int main(int argc, char *argv[])
             if (!file.open(QIODevice::ReadOnly))
                 continue;
             const QByteArray bytes = file.readAll();
-            std::fprintf(stderr, "%s\n", qPrintable(file.fileName())); // the last one is the one that failed
+            std::fprintf(stderr, "%s\n", qPrintable(file.fileName())); // the last file is the one that fails
             LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(bytes.constData()),
                                    static_cast<std::size_t>(bytes.size()));
             ++count;
         }
     }
-    delete QCoreApplication::instance(); // a target may have made one
+    delete QCoreApplication::instance(); // the target's own
     return count > 0 ? 0 : 1;            // an empty corpus would prove nothing
 }

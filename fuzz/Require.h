@@ -1,11 +1,11 @@
-// How a fuzz target says that something it checks does not hold.
+// Reports what a fuzz target finds.
 
 #pragma once
 
 #include <cstdio>
 #include <cstdlib>
 
-/// Ends the program, which is a finding, unless `holds`.
+/// Ends the program unless `holds`; the fuzzer counts that as a finding.
 inline void require(bool holds, const char *what)
 {
     if (holds)

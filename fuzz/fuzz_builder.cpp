@@ -1,6 +1,6 @@
-// Feeds arbitrary bytes as a file to the loader, and what it gives to the builder, which draws it in the
-// reference host; once as it is and once prepared. Whatever reaches the host's database must be fit for a
-// drawing.
+// Feeds arbitrary bytes as a file to the loader, and its text to the builder, which draws it in the reference
+// host. Each file is drawn as it is and once more prepared. Everything in the host's database must be fit for
+// a drawing.
 
 #include "Require.h"
 
@@ -55,7 +55,7 @@ void checkEntities(const Drawing &drawing, const std::vector<EntityId> &ids)
     }
 }
 
-/// How many entities `svgText` gives.
+/// The number of entities that `svgText` gives.
 int drawn(const QByteArray &svgText)
 {
     HostSession session;

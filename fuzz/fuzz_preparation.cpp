@@ -1,4 +1,4 @@
-// Feeds arbitrary bytes to the preparation. What comes out must be a plain SVG: preparing it again changes
+// Feeds arbitrary bytes to the preparation. The result must be a plain SVG: preparing it again changes
 // nothing, and the reader finds every shape in it.
 
 #include "Require.h"
@@ -48,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     variants[1].flattenTolerance = 0.5;
     variants[2].unit = svgprep::DrawingUnit::Millimetre;
     for (svgprep::PreparationOptions &options : variants) {
-        options.mostShapes = 20'000; // what multiplies is found out soon
+        options.mostShapes = 20'000; // shapes that multiply are found early
         const QDomDocument document = documentFromText(text);
         if (document.isNull())
             return 0;

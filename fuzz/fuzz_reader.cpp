@@ -1,5 +1,6 @@
-// Feeds arbitrary bytes to the reader: load, write as text, parse again, read all shapes. Each tree and its
-// text are compared with what Qt makes of the same bytes, where they are not refused.
+// Feeds arbitrary bytes to the reader: loads them, writes them as text, parses the text again and reads all
+// shapes. Every tree and its text must be those that Qt makes of the same bytes, unless the bytes are
+// refused.
 
 #include "Require.h"
 

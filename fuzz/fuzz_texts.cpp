@@ -1,4 +1,4 @@
-// Feeds one arbitrary text to all that reads numbers, transforms, points, path data and styles, in the reader
+// Feeds one arbitrary text to all readers of numbers, transforms, points, path data and styles, in the reader
 // and in the preparation. Where a text can be read in two ways, both must find the same.
 
 #include "Require.h"

@@ -1,4 +1,4 @@
-// The readers of line, circle, ellipse, rect, polyline, polygon and text. Path data has a file of its own.
+// Reads line, circle, ellipse, rect, polyline, polygon and text elements. Path data has a file of its own.
 
 #include "SVGDocument.h"
 
@@ -26,9 +26,9 @@ QString ownOrParentTransform(const QDomElement &element)
     return own.isEmpty() ? svgread::parentTransform(element) : own;
 }
 
-/// Fills `polyline` from the points attribute. Only blanks and commas separate; between two commas, and
-/// between a comma and a blank, stands an empty number that counts as 0. False when there is nothing between
-/// the blanks at all.
+/// Fills `polyline` from the points attribute. Only blanks and commas separate numbers. An empty place
+/// between two commas, or between a comma and a blank, is a number that counts as 0. False when the attribute
+/// holds nothing but blanks.
 bool readPoints(const QDomElement &element, SVGPolylineRecord &polyline)
 {
     const QString points = element.attribute(QStringLiteral("points"));
@@ -55,8 +55,8 @@ bool readPoints(const QDomElement &element, SVGPolylineRecord &polyline)
 
 } // namespace
 
-// What QDomDocument::elementsByTagName() finds for each name, in one walk for all: a large tree does not fit
-// the processor's cache, and each walk costs as much as reading all numbers of a kind.
+// Finds what QDomDocument::elementsByTagName() finds for each name, in one walk for all names. A large tree
+// does not fit into the processor's cache, and each walk costs as much as reading all numbers of a kind.
 SVGDocument::SVGDocument(const QDomDocument &document)
     : m_document(document)
 {
@@ -77,7 +77,7 @@ const std::vector<QDomElement> &SVGDocument::elements(const char *tag) const
     return *m_elements.constFind(QLatin1String(tag));
 }
 
-/// One record for each element `tag`, in document order. `fill(element, record)` says whether the record
+/// One record for each element `tag`, in document order. `fill(element, record)` tells whether the record
 /// counts.
 template <class Record, class Fill>
 QList<Record> SVGDocument::readAll(const char *tag, Fill fill) const
@@ -94,7 +94,7 @@ QList<Record> SVGDocument::readAll(const char *tag, Fill fill) const
 QList<SVGLineRecord> SVGDocument::lines() const
 {
     return readAll<SVGLineRecord>("line", [](const QDomElement &element, SVGLineRecord &line) {
-        line.setTransform(svgread::parentTransform(element)); // a line's own transform is never asked for
+        line.setTransform(svgread::parentTransform(element)); // a line's own transform is never read
         for (const QString &name :
              {QStringLiteral("x1"), QStringLiteral("y1"), QStringLiteral("x2"), QStringLiteral("y2")})
             line.addValue(svgread::attributeNumber(element, name));
@@ -116,7 +116,7 @@ QList<SVGCircleRecord> SVGDocument::circles() const
 QList<SVGEllipseRecord> SVGDocument::ellipses() const
 {
     SVGTransforms transforms;
-    // Unlike the other shapes an ellipse lets its own translate(...) not hide the matrix of its parent.
+    // An ellipse with a translate(...) of its own still takes the matrix of its parent; other shapes do not.
     const auto ownOrParentMatrix = [&transforms](const QDomElement &element) {
         QString own = svgread::ownTransform(element);
         const QString parent = svgread::parentTransform(element);
@@ -164,7 +164,7 @@ QList<SVGTextRecord> SVGDocument::texts() const
 {
     return readAll<SVGTextRecord>("text", [](const QDomElement &element, SVGTextRecord &text) {
         text.setTransform(ownOrParentTransform(element));
-        // The first child alone, whatever it is: a comment gives its text, a tspan gives none.
+        // Only the first child counts, whatever it is: a comment gives its text, a tspan gives none.
         text.addText(toKvString(element.firstChild().nodeValue()));
         text.setFontSize(toKvString(element.attribute(QStringLiteral("font-size"))));
         text.addValue(svgread::attributeNumber(element, QStringLiteral("x")));

@@ -1,4 +1,4 @@
-// An SVG document as the drawing side sees it: one reader per element kind, each giving a list of records in
+// An SVG document as the drawing side sees it: one reader per element kind gives a list of records in
 // document order.
 
 #pragma once
@@ -19,12 +19,12 @@ struct PathPoint {
     double y = 0.0;
 };
 
-/// Reads the shapes of one XML document. Elements count wherever they stand, in defs or in a clipPath as
-/// well; names are compared exactly, so neither "Rect" nor "svg:rect" is found. Whatever cannot be read
-/// counts as 0 or as absent.
+/// Reads the shapes of one XML document. Elements count wherever they stand, also in defs or in a clipPath.
+/// Names are compared exactly, so neither "Rect" nor "svg:rect" is found. Anything that cannot be read counts
+/// as 0 or as absent.
 class SVGDocument {
 public:
-    /// Reads from `document`, which is shared, not copied.
+    /// Reads from `document`; it is shared, not copied.
     explicit SVGDocument(const QDomDocument &document);
 
     QList<SVGLineRecord> lines() const;
@@ -40,15 +40,16 @@ public:
     /// Reads every path element into pathPolylines() and pathSplines(). The current point and the last
     /// control point carry over from one path to the next; a second call would append everything again.
     void parsePathData();
-    /// The straight runs, one for each straight command, in the order read; empty before parsePathData().
+    /// The straight runs in reading order, one for each straight command; empty before parsePathData().
     QList<SVGPolylineRecord> pathPolylines() const { return m_pathPolylines; }
-    /// The curves, one for each curve command, in the order read; empty before parsePathData().
+    /// The curves in reading order, one for each curve command; empty before parsePathData().
     QList<SVGSplineRecord> pathSplines() const { return m_pathSplines; }
-    /// Whether any path of the document closes itself. One answer for all straight runs of the document.
+    /// Whether any path of the document closes itself. The answer holds for all straight runs of the
+    /// document.
     bool pathClosed() const { return m_pathClosed; }
 
 private:
-    /// The elements named `tag`, which must be the name of a shape, of "text" or of "path".
+    /// The elements named `tag`: the name of a shape, "text" or "path".
     const std::vector<QDomElement> &elements(const char *tag) const;
     template <class Record, class Fill>
     QList<Record> readAll(const char *tag, Fill fill) const;

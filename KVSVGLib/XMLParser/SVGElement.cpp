@@ -1,4 +1,4 @@
-// Reads numbers and transform texts off one element.
+// Reads numbers and transform texts of one element.
 
 #include "SVGElement.h"
 
@@ -6,9 +6,9 @@ namespace svgread {
 
 namespace {
 
-// Qt's conversion takes longer for a number than its parser takes for the same text. Coordinates are short,
-// so nearly all of them are a whole number below 2^53 divided by a power of ten, and that quotient of two
-// exact doubles is the nearest double already.
+// Qt converts a number more slowly than its XML parser reads it. Nearly all coordinates are short: a whole
+// number below 2^53 divided by a power of ten. Both are exact doubles, so their quotient is the nearest
+// double.
 constexpr double powersOfTen[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                   1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 constexpr int mostDigits = 15;

@@ -1,4 +1,4 @@
-// What the readers ask of one element: its numbers and the transform that counts for it.
+// The numbers and transforms of one element.
 
 #pragma once
 
@@ -7,18 +7,17 @@
 
 namespace svgread {
 
-/// The value that QString::toDouble gives, 0 when `text` is no number; faster for the plain decimal numbers
-/// of coordinate lists.
+/// The value of QString::toDouble, 0 when `text` is no number. The plain decimal numbers of coordinate lists
+/// are read faster.
 double plainNumber(const QStringRef &text);
 
-/// The attribute `name` as a number; 0 when it is absent or anything but a plain number (a unit, a
-/// percentage).
+/// The attribute `name` as a number; 0 when it is absent or no plain number, such as one with a unit.
 double attributeNumber(const QDomElement &element, const QString &name);
 
-/// The transform text of the direct parent, empty when it has none.
+/// The transform text of the direct parent; empty when it has none.
 QString parentTransform(const QDomElement &element);
 
-/// The element's own transform text.
+/// The element's own transform text; empty when it has none.
 QString ownTransform(const QDomElement &element);
 
 } // namespace svgread

@@ -31,9 +31,9 @@ Kind kindOf(QChar character)
     return character.unicode() < kinds.size() ? kinds[character.unicode()] : Kind::OfNumber;
 }
 
-/// Reads the numbers from `start` up to the next command letter, whose place it returns. Blanks and commas
-/// separate numbers and a minus sign starts a new one, so "1e-5" is read as "1e", which is no number and
-/// counts as 0, and "-5".
+/// Reads the numbers from `start` up to the next command letter and returns the position of the letter.
+/// Blanks and commas separate numbers, and a minus sign starts a new one: "1e-5" is "1e", no number and so 0,
+/// and then "-5".
 int readNumbers(const QString &data, int start, Numbers &numbers)
 {
     numbers.clear();
@@ -50,7 +50,7 @@ int readNumbers(const QString &data, int start, Numbers &numbers)
     }
 }
 
-/// The number at `index`; 0 where the command gives none, before the first as well as after the last.
+/// The number at `index`; 0 before the first number and after the last.
 double numberAt(const Numbers &numbers, int index)
 {
     const bool given = index >= 0 && index < static_cast<int>(numbers.size());
@@ -88,12 +88,12 @@ constexpr StraightCommand straightCommands[] = {
 };
 // clang-format on
 
-/// Where the two inner control points of a curve come from. `Given` reads both, and the end point after them.
-/// The other two read one and take the end point from the last two numbers, whatever stands between.
+/// The source of the two inner control points of a curve. `Given` reads both and then the end point. The
+/// other two read one point and take the end point from the last two numbers, whatever stands between.
 enum class Inner {
     Given,
-    Reflected, // the first one is the last control point, mirrored at the current point
-    Doubled,   // the one given serves twice
+    Reflected, // the first one mirrors the last control point at the current point
+    Doubled,   // the given one serves twice
 };
 
 struct CurveCommand {
@@ -129,7 +129,7 @@ const Command *find(const Command (&commands)[count], char letter)
     return nullptr;
 }
 
-/// How often `command` moves the pen when `count` numbers are given. H and h always move it once.
+/// The number of pen moves of `command` when `count` numbers are given. H and h always make one.
 int moveCount(const StraightCommand &command, int count)
 {
     if (command.firstOnly)
@@ -139,7 +139,7 @@ int moveCount(const StraightCommand &command, int count)
     return count < 2 ? 0 : (count - 2) / command.step + 1;
 }
 
-/// Where `command` moves the pen from `current`, by the number or the two numbers at `index`.
+/// The pen after `command` moves it from `current` by the one or two numbers at `index`.
 PathPoint movedPen(const StraightCommand &command, const Numbers &numbers, int index, PathPoint current)
 {
     const auto moved = [&](double from, int at) {
@@ -153,8 +153,8 @@ PathPoint movedPen(const StraightCommand &command, const Numbers &numbers, int i
     return current;
 }
 
-/// The two inner control points and the end of the segment of `command` whose numbers start at `index`, drawn
-/// from `current`.
+/// The two inner control points and the end of a segment of `command` from `current`. Its numbers start at
+/// `index`.
 std::array<PathPoint, 3> segmentAt(const CurveCommand &command, const Numbers &numbers, int index,
                                    PathPoint current, PathPoint lastControl)
 {
@@ -202,9 +202,9 @@ void SVGDocument::addPath(const QDomElement &path)
         return;
 
     const QString data = path.attribute(QStringLiteral("d"));
-    const QString transform = svgread::parentTransform(path); // a path's own transform is never asked for
+    const QString transform = svgread::parentTransform(path); // a path's own transform is never read
     for (int position = 0; position < data.size();) {
-        // Whatever stands before the first letter is a command that nobody knows.
+        // Any text before the first letter counts as an unknown command.
         const char letter = data.at(position).toLatin1();
         position = readNumbers(data, position + 1, m_pathNumbers);
         if (find(curveCommands, letter))
@@ -217,7 +217,7 @@ void SVGDocument::addPath(const QDomElement &path)
 void SVGDocument::addStraightCommand(const Numbers &numbers, char letter, const QString &transform)
 {
     if (letter == 'Z' || letter == 'z') {
-        // The record has no points, and the pen does not return to where the run began.
+        // The record has no points, and the pen does not return to the start of the run.
         m_pathClosed = true;
         m_pathPolylines.append(SVGPolylineRecord());
         m_pathPolylines.last().setTransform(transform);

@@ -1,5 +1,5 @@
-// What the reader hands over: one plain record per shape, with its coordinates as the file gives them and the
-// one transform text that applies to it. Records are values; nothing in them refers back to the document.
+// The results of the reader: one plain record per shape, with the coordinates of the file and the one
+// transform text that applies to them. Records are values and do not refer back to the document.
 
 #pragma once
 
@@ -12,14 +12,14 @@
 
 #include <utility>
 
-/// The part all records share: the transform text of the element, or of its parent. Empty means none.
+/// The common part of all records: the transform text of the element or of its parent, empty for none.
 class SVGRecord {
 public:
     kvString transform() const { return toKvString(m_transform); }
-    /// The same text as it was set.
+    /// The same text as a Qt string, with the characters it was set from.
     const QString &transformText() const { return m_transform; }
     void setTransform(const kvString &transform) { m_transform = toQString(transform); }
-    /// Shares the characters of `transform`, which all commands of a path and all children of a group have in
+    /// Shares the characters of `transform`. All commands of a path and all children of a group have them in
     /// common.
     void setTransform(const QString &transform) { m_transform = transform; }
 
@@ -67,12 +67,12 @@ private:
 /// cx, cy.
 class SVGEllipseRecord : public SVGValuesRecord {};
 
-/// A rectangle, polyline, polygon or a straight run of a path; `values()` are x, y pairs. Whether it is drawn
-/// closed depends on the list it came in.
+/// A rectangle, a polyline, a polygon or a straight run of a path; `values()` are x, y pairs. The list that
+/// holds the record tells whether it is drawn closed.
 class SVGPolylineRecord : public SVGValuesRecord {};
 
-/// A curve of a path, both arrays as x, y pairs: the fit points are its start and the end of each segment,
-/// the control points the two inner ones of each segment.
+/// A curve of a path, both arrays as x, y pairs. The fit points are its start and the end of each segment.
+/// The control points are the two inner ones of each segment.
 class SVGSplineRecord : public SVGRecord {
 public:
     kvDoubleArray fitPoints() const { return m_fitPoints; }
@@ -88,14 +88,14 @@ private:
     kvDoubleArray m_controlPoints;
 };
 
-/// A label; `values()` are x, y, and `texts()` holds the one line of text.
+/// A label; `values()` are x, y, and `texts()` holds its one line of text.
 class SVGTextRecord : public SVGValuesRecord {
 public:
     kvStringArray texts() const { return m_texts; }
     void setTexts(kvStringArray texts) { m_texts = std::move(texts); }
     void addText(const kvString &text) { m_texts.add(text); }
 
-    /// The font-size attribute as written; it is read as a number only when the label is drawn.
+    /// The font-size attribute as written. It becomes a number only when the label is drawn.
     kvString fontSize() const { return m_fontSize; }
     void setFontSize(const kvString &fontSize) { m_fontSize = fontSize; }
 

@@ -50,7 +50,7 @@ kvDoubleArray mapped(const SVGMatrix &matrix, kvDoubleArray values)
 
 const SVGTransforms::Transform &SVGTransforms::of(const QString &text)
 {
-    constexpr int shortText = 256; // takes no longer to read than to find
+    constexpr int shortText = 256; // reading it takes no longer than finding it
     Transform &known = text.size() > shortText ? m_long[text.constData()] : m_short;
     if (known.text != text) {
         const QString hostText = text.left(text.indexOf(QChar::Null));

@@ -1,5 +1,5 @@
-// The one transform the reader knows, matrix(a b c d e f), and the turn of the y axis that goes with it:
-// SVG's y axis points down, a drawing's points up.
+// The one transform that the reader knows, matrix(a b c d e f). It also turns the y axis over: SVG's y axis
+// points down, a drawing's points up.
 
 #pragma once
 
@@ -17,10 +17,9 @@ struct SVGMatrix {
 
 namespace svgread {
 
-/// The coefficients in `transform`, a text of the form matrix(...). It is cut by position, without a look at
-/// the word itself: seven characters in front and one at the end are dropped, whatever they are. A
-/// coefficient that is not given keeps its value of the identity, one that is not a number is 0. No value
-/// when nothing is left to read.
+/// The coefficients in `transform`, a text of the form matrix(...). The text is cut by position: seven
+/// characters at its front and one at its end are dropped, whatever they are. A missing coefficient keeps its
+/// value of the identity, and one that is no number is 0. No value when nothing is left to read.
 std::optional<SVGMatrix> matrixFromAttribute(const QString &transform);
 
 /// `values` (x, y pairs) with every y negated.
@@ -32,21 +31,21 @@ kvDoubleArray mapped(const SVGMatrix &matrix, kvDoubleArray values);
 
 } // namespace svgread
 
-/// Reads the transform texts of a document's records, each once: all children of a group and all commands of
-/// a path share the characters of one text.
+/// Reads each transform text of a document once: all children of a group and all commands of a path share the
+/// characters of one text.
 class SVGTransforms {
 public:
     struct Transform {
         QString text;
-        bool saysMatrix = false; ///< the word stands somewhere in the text
+        bool saysMatrix = false; ///< the text contains the word matrix
         std::optional<SVGMatrix> matrix;
     };
 
-    /// What `text` means up to its first zero character, where a host string ends. The answer is valid until
-    /// the next call.
+    /// The meaning of `text` up to its first zero character, where a host string ends. The answer is valid
+    /// until the next call.
     const Transform &of(const QString &text);
 
 private:
     Transform m_short;
-    QHash<const QChar *, Transform> m_long; // by the address of the characters, which the text keeps
+    QHash<const QChar *, Transform> m_long; // by the address of the characters; the text keeps them alive
 };

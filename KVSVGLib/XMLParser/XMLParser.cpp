@@ -28,7 +28,7 @@ CannotOpenMessage messageInUse = showMessageBox;
 
 QByteArray loadSvgText(const QString &path, QDomDocument *document)
 {
-    const XMLParser checkedOnly(path);
+    const XMLParser firstLoad(path); // reports a file that cannot be opened, as the reader does once more
     const XMLDocumentReader reader(path);
     if (document)
         *document = reader.document();

@@ -10,18 +10,18 @@
 #include <functional>
 #include <memory>
 
-/// One loaded file. The document is empty when the file cannot be opened, which is reported to the user, and
-/// when it is not well-formed, which is not.
+/// One loaded file. The document is empty when the file cannot be opened or is not well-formed; the user is
+/// told only that it cannot be opened.
 class XMLFile {
 public:
-    /// Reads the file; its tree is built when the document is asked for.
+    /// Reads the file. The first call of document() builds the tree.
     explicit XMLFile(const QString &path);
 
     QString fileName() const { return m_fileName; }
     QDomDocument document() const;
 
-    /// Replaces the document by the one that `text` holds. False, and the document stays, when it is not
-    /// well-formed.
+    /// Replaces the document by the one in `text`. False when `text` is not well-formed; the document then
+    /// stays.
     bool setDocumentText(const QString &text);
 
 private:
@@ -30,7 +30,7 @@ private:
     mutable QDomDocument m_document;
 };
 
-/// Loads the file at a path; no file and no message when the path is empty.
+/// Loads the file at a path. An empty path means no file and no message.
 class XMLParser {
 public:
     explicit XMLParser(const QString &path);
@@ -42,12 +42,12 @@ private:
     std::unique_ptr<XMLFile> m_file;
 };
 
-/// Loads the file at a path, as XMLParser does, and gives it back as text.
+/// Loads the file at a path like XMLParser and gives it back as text.
 class XMLDocumentReader {
 public:
     explicit XMLDocumentReader(const QString &path);
 
-    /// The document, shared with this reader; empty when the path was.
+    /// The document, shared with this reader; empty for an empty path.
     QDomDocument document() const { return m_document; }
 
     /// The document as text, indented by one blank for each level.
@@ -61,15 +61,15 @@ private:
     QDomDocument m_document;
 };
 
-/// The SVG file at `path` as UTF-8 text, written anew with an indentation of 1, for every import. Empty when
-/// the path is empty or the file is not well-formed, and when it cannot be opened, which the user is told
-/// twice. `document` receives the tree that the text is written from.
+/// Loads the SVG file at `path` for an import. The result is its UTF-8 text, written anew with an indentation
+/// of 1. It is empty for an empty path, for a file that is not well-formed, and for one that cannot be
+/// opened; the user is told the last twice. `document` receives the tree of the text.
 QByteArray loadSvgText(const QString &path, QDomDocument *document = nullptr);
 
 /// Tells the user that the file at `path` cannot be opened. A program without windows can report in its own
 /// way instead of waiting for a click.
 using CannotOpenMessage = std::function<void(const QString &path)>;
 
-/// Puts `message` in the place of the one in use, which is returned. An empty function brings the message box
-/// back, the one in use at the start.
+/// Uses `message` from now on and returns the one before. An empty function brings back the message box that
+/// is in use at the start.
 CannotOpenMessage setCannotOpenMessage(CannotOpenMessage message);

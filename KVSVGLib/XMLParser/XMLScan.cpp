@@ -1,5 +1,6 @@
-// Walks the text once, and the value of each entity once, where it is declared: a reference then costs a look
-// into a table. Markup is read exactly as Qt reads it, so that nothing can hide between the two.
+// Walks once along the text, and once along the value of each entity where it is declared. A reference then
+// costs one look into a table. Markup is read exactly as Qt reads it, so that nothing can hide between the
+// two.
 
 #include "XMLScan.h"
 
@@ -13,41 +14,42 @@
 
 namespace {
 
-// On the 1 MiB stack of a Windows user-interface thread Qt dies at 738 levels, and at some 10,000
-// parentheses.
+// Qt crashes at 738 levels and at some 10,000 parentheses on the 1 MiB stack of a Windows user-interface
+// thread.
 constexpr int deepestNesting = 256;
 constexpr int mostParentheses = 256;
 
-// Qt gives the i-th attribute, entity or notation only by counting from the first one. For all attributes of
-// a text together that may take as long as reading it: no element with a few hundred of them comes near.
+// Qt counts from the first attribute, entity or notation to find the i-th. The attributes of a text together
+// may take as long as the text itself; elements with a few hundred of them stay far below.
 constexpr int mostAttributes = 4096;
 constexpr int mostDeclarations = 1024;
 constexpr qint64 freeSteps = 64 * 1024 * 1024;
 constexpr qint64 stepsPerCharacter = 32;
 
-// Drawings whose styles are entities grow to twice their size at the most. The constant lets small ones grow
+// Drawings with their styles as entities grow to twice their size at most. The constant lets small ones grow
 // freely. An element takes the memory of some 64 characters, however short it is.
 constexpr qint64 freeGrowth = 4 * 1024 * 1024;
 constexpr qint64 growthPerCharacter = 4;
 constexpr qint64 growthPerElement = 64;
 
-// Qt looks for every entity in the value of every other, and moves the rest of the value for each it finds.
+// Qt searches the value of every entity for every other one, and moves the rest of the value for each it
+// finds.
 constexpr qint64 mostComparisons = 64 * 1024 * 1024;
 constexpr qint64 comparisonsPerEntity = 30;
 
-/// What a reference stands for.
+/// The meaning of a reference.
 struct Entity {
-    qint64 length = 0; // of the value, with all that it refers to
-    int depth = 0;     // of the elements in it, likewise
+    qint64 length = 0; // of the value, with all its references expanded
+    int depth = 0;     // of the elements in the value, likewise
 };
 
-/// The main text, or the value of an entity, as far as it is scanned.
+/// The main text or the value of an entity, with the state of its scan.
 struct Content {
     QString text;
     int position = 0;
     int depth = 0;
-    int deepest = 0;   // with the elements of entities
-    qint64 growth = 0; // by entities
+    int deepest = 0;   // with the elements of its entities
+    qint64 growth = 0; // characters that entities add
 
     bool startsWith(const char *start) const
     {
@@ -57,7 +59,7 @@ struct Content {
         return *start == '\0';
     }
 
-    /// Goes on behind the first `end` that begins `from` characters on or later. Without one the rest counts
+    /// Moves behind the first `end` that begins at least `from` characters later. Without one the rest counts
     /// as an element that is never closed.
     void skipPast(const QString &end, int from)
     {
@@ -66,7 +68,7 @@ struct Content {
         position = found < 0 ? text.size() : found + end.size();
     }
 
-    /// Skips a comment, CDATA or an instruction, if one stands there.
+    /// Skips a comment, a CDATA section or an instruction at the position, and tells whether there is one.
     bool skipSection()
     {
         const int start = position;
@@ -80,8 +82,7 @@ struct Content {
     }
 };
 
-/// Replaces the references to characters, as Qt does where an entity is declared; it takes their lower 16
-/// bits.
+/// Replaces references to characters like Qt in the declaration of an entity: only their lower 16 bits count.
 QString decoded(const QString &literal)
 {
     static const QRegularExpression reference(QStringLiteral("&#(x?)([0-9A-Fa-f]+);"));
@@ -108,8 +109,8 @@ public:
     }
 
 private:
-    // A step is false where the scan ends: with a reason where the text is refused, without one where it is
-    // not well-formed and Qt ends too.
+    // A step is false where the scan ends. It gives a reason when the text is refused, and none when the text
+    // is not well-formed: Qt ends there too.
 
     bool refuse(const QString &reason)
     {
@@ -167,7 +168,7 @@ private:
                              "attributes that take more than %1 steps to write");
     }
 
-    /// Goes on behind the first `end` or > outside of quotes. The number of quoted parts before it; -1
+    /// Moves behind the first `end` or > outside of quotes. Returns the number of quoted parts before it; -1
     /// without one.
     int skipTo(Content &content, QChar end)
     {
@@ -186,7 +187,7 @@ private:
         return -1;
     }
 
-    /// Counts what the references between the position and `end` expand to.
+    /// Adds up the growth by the references between the position and `end`.
     bool scanReferences(Content &content, int end)
     {
         if (m_entities.isEmpty() && !isValue(content))
@@ -217,7 +218,7 @@ private:
             if (m_main.startsWith("]"))
                 return skipTo(m_main, u'>') >= 0;
             if (m_main.startsWith("%"))
-                m_main.skipPast(QStringLiteral(";"), 0); // inserts no markup, see scanEntity()
+                m_main.skipPast(QStringLiteral(";"), 0); // it inserts no markup, see scanEntity()
             else if (m_main.position < m_main.text.size() && m_main.text.at(m_main.position).isSpace())
                 ++m_main.position;
             else if (!m_main.skipSection() && !scanDeclaration())
@@ -239,8 +240,8 @@ private:
                                          "a content model of more than %1 parentheses"));
     }
 
-    /// Scans the value of an entity, if it has one. That of a parameter entity must be a mere word: Qt puts
-    /// it among the declarations, where it would be scanned by nobody.
+    /// Scans the value of an entity, if it has one. The value of a parameter entity must be a mere word: Qt
+    /// puts it among the declarations, where this scan never sees it.
     bool scanEntity(const QString &declaration)
     {
         static const QRegularExpression pattern(QStringLiteral(
@@ -260,7 +261,7 @@ private:
 
     bool scanValue(const QString &name, const QString &value)
     {
-        // Qt knows these, and heeds no declaration of them.
+        // Qt knows these and ignores their declarations.
         if (QStringLiteral(" amp lt gt quot apos ").contains(u' ' + name + u' '))
             return true;
         Content content;

@@ -1,4 +1,4 @@
-// Decodes, parses and writes as QDomDocument does, with a look at the text before it is parsed.
+// Decodes, parses and writes like QDomDocument, but checks a text before it is parsed.
 
 #include "XMLTree.h"
 
@@ -12,10 +12,10 @@
 
 namespace {
 
-// Qt reads and decodes part by part, and looks for the encoding in the first.
+// Qt reads and decodes part by part and looks for the encoding in the first part.
 constexpr int partSize = 1024;
 
-/// The codec that the first bytes of a file tell, by a byte order mark or by the "<" of its first tag.
+/// The codec of a file by its first bytes: a byte order mark, or the "<" of its first tag.
 QTextCodec *codecOfBeginning(const QByteArray &bytes)
 {
     const char *const name = bytes.startsWith(QByteArray("<\0\0\0", 4)) ? "UTF-32LE"
@@ -38,9 +38,8 @@ QByteArray declaredEncoding(const QString &beginning)
     return quoted.section(QLatin1Char('"'), 1, 1).toLatin1();
 }
 
-// Elements, their attributes and texts are written here, all rarer nodes by Qt. For each character that is
-// escaped QDomDocument::toString moves the rest of its value, which takes 5 s for a 4 MB file with an
-// embedded picture.
+// Writes elements, attributes and texts itself and leaves all rarer nodes to Qt. QDomDocument::toString moves
+// the rest of a value for each escaped character: 5 s for a 4 MB file with an embedded picture.
 class Writer {
 public:
     explicit Writer(const QDomDocument &document)
@@ -52,7 +51,7 @@ public:
             declaration.appendChild(declaration.importNode(node, true));
             node = node.nextSibling();
         }
-        declaration.save(m_stream, 0); // gives the stream the codec that it names, or UTF-8
+        declaration.save(m_stream, 0); // sets the stream's codec to the declared one, or to UTF-8
         if (!node.isNull())
             document.doctype().save(m_stream, 0);
         for (; !node.isNull(); node = node.nextSibling())
@@ -69,10 +68,10 @@ private:
         else if (node.nodeType() == QDomNode::TextNode)
             writeEscaped(node.nodeValue(), false);
         else
-            node.save(m_stream, depth); // Qt takes it for one of level 1, and so the step for the indentation
+            node.save(m_stream, depth); // Qt saves it as a node of level 1, so the depth is its indentation
     }
 
-    // Text and CDATA keep their surroundings free of line breaks and indentation.
+    // Neither line breaks nor indentation stand next to text and CDATA.
     void writeElement(const QDomElement &element, int depth)
     {
         if (!element.previousSibling().isText())
@@ -119,7 +118,7 @@ private:
         m_text.append(value.constData() + written, value.size() - written);
     }
 
-    /// Whether `character` is written as it is wherever it stands.
+    /// Whether `character` is written unchanged wherever it stands.
     bool isPlain(QChar character)
     {
         char &kind = m_kinds.data()[character.unicode()];
@@ -145,7 +144,7 @@ private:
         return QStringLiteral("&#x%1;").arg(character.unicode(), 0, 16);
     }
 
-    QByteArray m_kinds = QByteArray(0x10000, '\0'); // of each UTF-16 unit, as far as asked
+    QByteArray m_kinds = QByteArray(0x10000, '\0'); // 'p'lain or 's'pecial for each UTF-16 unit met so far
     QString m_text;
     QTextStream m_stream; // appends to m_text
 };
@@ -156,7 +155,7 @@ QDomDocument documentFromText(const QString &text)
 {
     QDomDocument document;
     if (refusalOf(text) || !document.setContent(text))
-        return QDomDocument(); // without the part that was read
+        return QDomDocument(); // without the part that Qt has read
     return document;
 }
 

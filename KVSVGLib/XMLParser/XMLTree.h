@@ -1,4 +1,4 @@
-// From XML texts that nobody has checked to trees, and back.
+// Turns unchecked XML texts into trees, and trees back into texts.
 
 #pragma once
 
@@ -6,17 +6,17 @@
 #include <QIODevice>
 #include <QString>
 
-/// In bytes, or in characters of a text. What is larger counts as not well-formed.
+/// The largest file in bytes, and the largest text in characters. A larger one counts as not well-formed.
 constexpr qint64 largestXmlFile = 256 * 1024 * 1024;
 
-/// The tree of `text`. Whatever the text's encoding declaration says, it is Unicode already. A text that is
-/// not well-formed, or is refused (refusalOf()), gives an empty document.
+/// The tree of `text`, which is Unicode already, whatever its encoding declaration says. Empty when the text
+/// is not well-formed or is refused (refusalOf()).
 QDomDocument documentFromText(const QString &text);
 
-/// All that `device`, open for reading, still holds. A byte order mark or an encoding declaration says how it
-/// is decoded, as QDomDocument::setContent() does it.
+/// The rest of `device`, which is open for reading. A byte order mark or an encoding declaration decides how
+/// it is decoded, as in QDomDocument::setContent().
 QString textFromDevice(QIODevice &device);
 
-/// The text of `document`, character for character what QDomDocument::toString(1) gives: children stand one
+/// The text of `document`, character for character as QDomDocument::toString(1) gives it: children stand one
 /// blank further in than their parent.
 QString textOfDocument(const QDomDocument &document);
