@@ -6,17 +6,17 @@
 #include "kvEnumerations.h"
 #include "kvString.h"
 
-/// A command that can be typed on the command line. The host owns the handle.
+/// A command that the user can type on the command line. The host owns the handle.
 class KVINTERFACE_EXPORT kvCommand_c : public kvBaseObject_c {
 public:
-    /// Has the host call `callback(data)` for `event`; `callback` is a `bool (*)(void *)`. One callback per
-    /// event: a second one takes the first one's place.
+    /// Lets the host call `callback(data)` for `event`. `callback` is a `bool (*)(void *)`. An event has one
+    /// callback: a second one replaces the first.
     virtual kvResult RegisterEvent(kvCommandEvent_id_e event, void *data, void *callback) = 0;
 };
 
-/// What toolbar buttons, menu items and ribbon buttons refer to: command line, description and icons.
+/// The command line, description and icons that toolbar buttons, menu items and ribbon buttons refer to.
 class KVINTERFACE_EXPORT kvUserCommand_c : public kvBaseObject_c {
 public:
-    /// The id by which user interface items name this user command.
+    /// Gives the id by which user interface items name this user command. A failure leaves `id` untouched.
     virtual kvResult GetID(kvString *id) = 0;
 };

@@ -1,4 +1,4 @@
-// The host's command line, as far as an add-in asks questions there.
+// The host's command line, as far as an add-in asks the user there.
 
 #pragma once
 
@@ -6,11 +6,13 @@
 #include "kvEnumerations.h"
 #include "kvString.h"
 
+/// The command line of the host.
 class KVINTERFACE_EXPORT kvCommandMessage_c : public kvBaseObject_c {
 public:
-    /// Asks the user for those of position, scale and rotation (radians) whose flag is true, offering the
-    /// given values, and returns all seven. `result` is kvPromptResult_Completed when the user went through
-    /// with it; otherwise the seven values are left as they were.
+    /// Asks the user for those of position, scale and rotation (radians) whose flag is true, offers the given
+    /// values for them, and returns all seven values. Positions are in drawing units. `result` is
+    /// kvPromptResult_Completed when the user answers every question. Otherwise the seven values are
+    /// untouched.
     virtual kvResult PromptForBlockInsertion2(const kvString &blockName, bool positionOnScreen, double x,
                                               double y, double z, bool scaleOnScreen, double scaleX,
                                               double scaleY, double scaleZ, bool rotationOnScreen,

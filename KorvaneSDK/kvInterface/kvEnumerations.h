@@ -2,8 +2,8 @@
 
 #pragma once
 
-/// What every host call returns. A call that fails leaves its out-parameters untouched; only one that tells
-/// why it failed (an ..._e or a yes-or-no result) may fill that in.
+/// The result of every host call. A call that fails leaves its out-parameters untouched, apart from one that
+/// tells the reason (an ..._e or a yes-or-no result).
 enum kvResult : int {
     kvResult_Success = 0,
     kvResult_Failed = 1,   ///< refused: a bad argument, or nothing to act on
@@ -16,12 +16,12 @@ enum kvCreateCommandError_e : int {
     kvCreateCommand_CommandNameExisted = 1,
 };
 
-/// Which notification of a command a callback is registered for.
+/// The notification of a command that a callback is registered for.
 enum kvCommandEvent_id_e : int {
     kvCommandEvent_Execute = 1, ///< the user started the command
 };
 
-/// The state of the host's user interface that items belong to.
+/// The state of the host's user interface that shows an item.
 enum kvUIState_e : int {
     kvUIState_Document = 2, ///< with a drawing open
 };
@@ -66,7 +66,7 @@ enum kvLanguage_e : int {
     kvLanguage_Czech = 20,
 };
 
-/// The kinds of drawing objects that a block definition can be asked to gather.
+/// The kinds of drawing objects that a block definition can gather.
 enum kvObjectType_e : int {
     kvLineType = 21,
     kvCircleType = 22,
@@ -78,14 +78,14 @@ enum kvObjectType_e : int {
     kvSplineType = 66,
 };
 
-/// What becomes of the entities that a block definition is made of.
+/// The fate of the entities that a block definition is made of.
 enum kvBlockDefinitionEntities_e : int {
     kvBlockDefinitionEntities_Move = 3, ///< they leave model space and live on in the block
 };
 
 enum kvDocumentSaveAsOption_e : int {
     kvDocumentSaveAs_Drawing =
-        23, ///< a drawing file; the extension .dxf gives the text format, all others DWG
+        23, ///< a drawing file: the extension .dxf gives the text format, any other DWG
 };
 
 enum kvDocumentSaveError_e : int {
@@ -99,7 +99,7 @@ enum kvRunCommandError_e : int {
     kvRunCommand_Refused = 2, ///< another command is still running, or the command failed
 };
 
-/// How a prompt on the command line ended.
+/// The end of a prompt on the command line.
 enum kvPromptResultType_e : int {
     kvPromptResult_Cancelled = 0,
     kvPromptResult_Completed = 1,

@@ -1,12 +1,13 @@
-// The two event classes an add-in derives from. Unlike all other classes of the API they are no host objects:
-// no common base, no virtual destructor, and every operation has a body that returns true.
+// The two event classes that an add-in derives from. They are no host objects, unlike all other classes of
+// the API: they have no common base and no virtual destructor, and every operation has a body that returns
+// true.
 
 #pragma once
 
 #include "kvLibraryExport.h"
 
-/// What happens in the host application. The parameters are the host's own; a callback that has no use for
-/// them leaves them alone.
+/// Events of the host application. The parameters belong to the host; a callback that has no use for them
+/// ignores them.
 class KVINTERFACE_EXPORT kvApplicationEvents_c {
 public:
     virtual bool Notify0(void * /*object*/) { return true; }
@@ -35,10 +36,10 @@ protected:
     ~kvApplicationEvents_c() = default;
 };
 
-/// What happens to one command.
+/// Events of one command.
 class KVINTERFACE_EXPORT kvCommandEvents_c {
 public:
-    /// The user started the command; it runs until this returns.
+    /// The user started the command. It runs until this call returns.
     virtual bool ExecuteNotify() { return true; }
 
 protected:

@@ -1,4 +1,4 @@
-// The host's five array types, one template: plain growing arrays handed over by value or by pointer.
+// The host's five array types in one template: plain growing arrays, handed over by value or by pointer.
 
 #pragma once
 
@@ -16,19 +16,19 @@ public:
     /// Appends `value`.
     void add(const T &value)
     {
-        // Most arrays hold the few coordinates of one shape: one allocation serves them.
+        // Most arrays hold the few coordinates of one shape, and one allocation serves them.
         if (m_values.capacity() == 0)
             m_values.reserve(firstCapacity);
         m_values.push_back(value);
     }
 
-    /// How many values the array holds.
+    /// The number of values in the array.
     int getSize() const { return static_cast<int>(m_values.size()); }
 
-    /// Makes the array `size` values long; new places hold 0 (or an empty text, or a null pointer).
+    /// Makes the array `size` values long. New places hold 0, an empty text or a null pointer.
     void setSize(int size) { m_values.resize(size > 0 ? static_cast<std::size_t>(size) : 0); }
 
-    /// The value at `index`, which must be in 0 to getSize() - 1.
+    /// The value at `index`, from 0 to getSize() - 1.
     T &operator[](int index) { return m_values[static_cast<std::size_t>(index)]; }
     const T &operator[](int index) const { return m_values[static_cast<std::size_t>(index)]; }
 

@@ -4,7 +4,7 @@
 
 #include "kvLibraryExport.h"
 
-/// A host object, or rather a light handle of one: deleting the handle never deletes what it stands for.
+/// A light handle of a host object: deleting the handle never deletes the object itself.
 class KVLIBRARY_EXPORT kvBaseObject_c {
 public:
     kvBaseObject_c() = default;
@@ -13,8 +13,8 @@ public:
     kvBaseObject_c(const kvBaseObject_c &) = delete;
     kvBaseObject_c &operator=(const kvBaseObject_c &) = delete;
 
-    /// Whether the host itself owns this handle (the application given at connect, a command). Such a handle
-    /// must not be deleted by an add-in.
+    /// Whether the host itself owns this handle (the application given at connect, a command). An add-in must
+    /// not delete such a handle.
     virtual bool HasParent() const = 0;
 
     /// A fresh handle of the same object, without a parent; the caller owns it. Null when the host refuses.

@@ -9,9 +9,9 @@
 template <class T>
 class kvInterfaceOut;
 
-/// Owns one host object and deletes it when released, replaced or destroyed. An object that has a parent
-/// belongs to the host: the handle then holds a fresh copy of it and leaves the given one alone. A copied
-/// handle holds a fresh copy too.
+/// Owns one host object and deletes it when released, replaced or destroyed. An object with a parent belongs
+/// to the host: the handle then holds a fresh copy and leaves the given object alone. A copied handle holds a
+/// fresh copy too.
 template <class T>
 class kvInterfacePtr {
 public:
@@ -43,8 +43,8 @@ public:
     /// Deletes the held object; the handle is empty afterwards.
     void Release() { delete std::exchange(m_object, nullptr); }
 
-    /// The handle as an out-parameter of a host call: what it holds is replaced at the end of the call's full
-    /// expression, and only when the host handed an object back.
+    /// The handle as an out-parameter of a host call. The handle takes the object that the host hands back at
+    /// the end of the full expression, and keeps what it holds when there is none.
     kvInterfaceOut<T> out() { return kvInterfaceOut<T>(*this); }
 
 private:

@@ -1,5 +1,5 @@
-// Symbol export of the SDK: KVLIBRARY_EXPORT for what kvLibrary defines, KVINTERFACE_EXPORT for the abstract
-// host classes, whose type information must be one and the same in the host and in every add-in.
+// Exports the symbols of the SDK: KVLIBRARY_EXPORT those that kvLibrary defines, KVINTERFACE_EXPORT the
+// abstract host classes. Their type information must be the same in the host and in every add-in.
 
 #pragma once
 
