@@ -28,10 +28,8 @@ test("a request that makes no sense is answered and the next one is served", () 
 });
 
 test("readback fails on a file that is no drawing", () => {
-    for (const reader of ["libredwg", "libdxfrw"]) {
-        const { status, stdout } = spawnSync(process.execPath, [readback, "--reader", reader, readback]);
-        assert.deepEqual([status, stdout.toString()], [1, ""], reader);
-    }
+    for (const reader of ["libredwg", "libdxfrw"])
+        assert.equal(spawnSync(process.execPath, [readback, "--reader", reader, readback]).status, 1, reader);
 });
 
 /** A line of an answer; those of a drawing are no JSON. */
