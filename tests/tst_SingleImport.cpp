@@ -6,8 +6,6 @@
 #include <QListWidget>
 #include <QTextCodec>
 
-#include <optional>
-
 namespace {
 
 const QByteArray oneLine = R"(<svg><line x1="0" y1="0" x2="10" y2="5"/></svg>)";
@@ -95,16 +93,16 @@ void tst_SingleImport::insertion_data()
     for (int bits = 1; bits < 8; ++bits) {
         QStringList later;
         QString prompt = "PromptForBlockInsertion2 \"blockNameN\"";
-        for (const auto &[bit, box, offered] : {std::tuple(1, position, ",10,20,0"),
-                                                {2, "scale_specify_checkBox", ",2,2,2"},
-                                                {4, "rotation_specify_checkBox", ",1.5707963267948966"}}) {
-            if (bits & bit)
-                later.append(box);
-            prompt += (bits & bit ? ",true" : ",false") + QString(offered);
-        }
+        const auto ask = [&](bool asks, const QString &box, const QString &offered) {
+            later += asks ? QStringList{box} : QStringList();
+            prompt += (asks ? ",true" : ",false") + offered;
+        };
+        ask(bits & 1, position, ",10,20,0");
+        ask(bits & 2, "scale_specify_checkBox", ",2,2,2");
+        ask(bits & 4, "rotation_specify_checkBox", ",1.5707963267948966");
         row(qPrintable(later.join(" and ")), later, {}, {prompt, picks, explosion});
-        row(qPrintable(later.join(" and ") + ", cancelled: there is nothing to explode"), later,
-            "by the user", {prompt});
+        row(qPrintable(later.join(" and ") + " cancelled: nothing to explode"), later, "by the user",
+            {prompt});
     }
     row("no block", {}, "kvDocument_c::CreateBlockDefinition",
         {QString(typed).remove("blockNameN") + " -> 2"});
@@ -182,7 +180,6 @@ void tst_SingleImport::choosing()
         session.write(name, oneLine);
     session.write("other/three.svg", "<svg>" + QByteArray("<line/>").repeated(3) + "</svg>");
     session.write("broken.svg", "<svg><line/></sgv>");
-    QString actual;
     session.import([&] {
         for (const QString &name : chosen.split('|')) {
             name.isEmpty() ? session.answers.cancel() : session.answers.choose(session.path(name));
@@ -190,12 +187,11 @@ void tst_SingleImport::choosing()
                 session.answers.press(QMessageBox::Ok);
             session.click(browse);
         }
-        actual = shownFile(session) + (session.isEnabled("OK_pushButton") ? "|on" : "|off");
+        QCOMPARE(shownFile(session) + (session.isEnabled("OK_pushButton") ? "|on" : "|off"), shown);
         QCOMPARE(session.value("path_lineEdit", "cursorPosition"), 0); // a long path shows its beginning
         session.click(position);
         session.click("OK_pushButton");
     });
-    QCOMPARE(actual, shown);
     QCOMPARE(session.answers.messages.replaceInStrings(session.path(), "DIR"), messages);
     QCOMPARE(session.calls({"InsertLine"}).size(), linesDrawn);
 }

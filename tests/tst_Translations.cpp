@@ -3,16 +3,12 @@
 
 #include "TableOf.h"
 
+#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 
 namespace {
-
-const QString languages[] = {
-    "english", "german", "chinese-simplified",  "chinese", "french",  "italian", "japnese",
-    "korean",  "polish", "portugese-brazilian", "russian", "spanish", "turkish", "czech",
-};
 
 /// The translations of a Qt Linguist file by "context|text"; one that is unfinished, vanished or obsolete is
 /// empty.
@@ -77,26 +73,27 @@ void tst_Translations::initTestCase()
         {"-silent", QStringLiteral(ADDIN_SOURCES), QStringLiteral(READER_SOURCES), "-ts", collected});
     QVERIFY2(lupdate.waitForFinished() && lupdate.exitCode() == 0, lupdate.readAllStandardError());
     m_sourceTexts = readTranslations(collected).keys();
-    QVERIFY(m_sourceTexts.size() > 50);
+    QVERIFY(!m_sourceTexts.isEmpty());
 }
 
 void tst_Translations::texts_data()
 {
-    const auto row = tableOf<QString>("language");
-    for (const QString &language : languages)
-        row(qPrintable(language), language);
+    const auto row = tableOf<QString>("file");
+    const QStringList files = QDir(QStringLiteral(ADDIN_SOURCES "/translation")).entryList({"*.ts"});
+    QCOMPARE(files.size(), 14);
+    for (const QString &file : files)
+        row(qPrintable(file), file);
 }
 
 void tst_Translations::texts()
 {
-    QFETCH(QString, language);
-    const auto translations =
-        readTranslations(QStringLiteral(ADDIN_SOURCES "/translation/ImportSVG_%1.ts").arg(language));
+    QFETCH(QString, file);
+    const auto translations = readTranslations(QStringLiteral(ADDIN_SOURCES "/translation/") + file);
     QCOMPARE(translations.keys(), m_sourceTexts);
     for (auto entry = translations.cbegin(); entry != translations.cend(); ++entry) {
         const QString source = entry.key().section('|', 1);
         QVERIFY2(!entry->trimmed().isEmpty(), qPrintable("unfinished: " + source));
-        QVERIFY2(language != "english" || *entry == source, qPrintable(*entry));
+        QVERIFY2(!file.contains("english") || *entry == source, qPrintable(*entry));
         QVERIFY2(fixedParts(*entry) == fixedParts(source), qPrintable(source + " became " + *entry));
     }
 }

@@ -14,7 +14,7 @@ public:
         host.session.settings.language = language;
         if (!addin.connect(host.application()))
             qFatal("The add-in does not connect");
-        answers.boxSeen = [](const QMessageBox &box) { checkLook(box); };
+        answers.boxSeen = checkIcon;
     }
 
     /// Runs IMPORTSVG. `act` works in the dialog, which is closed afterwards if it did not do that itself.
@@ -37,14 +37,10 @@ public:
             .replaceInStrings(path().replace('/', "\\\\"), "DIR");
     }
 
-    /// What all boxes of the dialog have in common; the one for a file that cannot be read is the reader's.
-    static void checkLook(const QMessageBox &box)
+    static void checkIcon(const QMessageBox &box)
     {
-        if (box.windowTitle() == "Error")
-            return;
-        QCOMPARE(box.icon(), box.text().endsWith('?') ? QMessageBox::Question : QMessageBox::Warning);
-        QVERIFY(box.windowFlags() & Qt::MSWindowsFixedSizeDialogHint);
-        QVERIFY(!box.parentWidget() && !box.testAttribute(Qt::WA_QuitOnClose));
+        if (box.windowTitle() != "Error") // the reader's own
+            QCOMPARE(box.icon(), box.text().endsWith('?') ? QMessageBox::Question : QMessageBox::Warning);
     }
 
     RecordingHost host;

@@ -41,8 +41,6 @@ public:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         m_library.unload();
     }
-    LoadedAddin(const LoadedAddin &) = delete;
-    LoadedAddin &operator=(const LoadedAddin &) = delete;
 
     bool connect(kvApplication_c *app) { return m_connect(0, app); }
     bool disconnect() { return m_disconnect(); }

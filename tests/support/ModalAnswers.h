@@ -28,8 +28,6 @@ public:
         if (!m_answers.isEmpty())
             QTest::qFail("a dialog did not come up", __FILE__, __LINE__);
     }
-    ModalAnswers(const ModalAnswers &) = delete;
-    ModalAnswers &operator=(const ModalAnswers &) = delete;
 
     /// Chooses a file or a folder in a file dialog, as if its path were typed.
     void choose(const QString &path)

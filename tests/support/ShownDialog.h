@@ -33,8 +33,6 @@ public:
         g_addinApplication = nullptr;
         setHostApplication(nullptr);
     }
-    ShownDialog(const ShownDialog &) = delete;
-    ShownDialog &operator=(const ShownDialog &) = delete;
 
     RecordingHost host;
     std::unique_ptr<mainWindow> window;
