@@ -1,5 +1,5 @@
-// The rules of reader and builder as a list of examples: each file in data/cases is drawn, and the host is
-// asked for the calls written down beside it.
+// The rules of reader and builder as a list of examples: the test draws each file in data/cases and compares
+// the host calls with those written beside it.
 
 #include "SVGBlockBuilder.h"
 #include "XMLParser/SVGElement.h"

@@ -15,8 +15,8 @@ enum class Fault { Refused, RefusedFromThenOn, Throws };
 const std::pair<QByteArray, Fault> refusals[] = {{" refused", Fault::Refused},
                                                  {" refused from then on", Fault::RefusedFromThenOn}};
 
-/// Lets the call number `index` from now on, counted from 0, go wrong. The warning that the add-in writes
-/// about an exception is expected.
+/// Makes the call number `index` from now on, counted from 0, go wrong. A warning of the add-in about an
+/// exception is expected.
 void failCall(RecordingHost &host, int index, Fault fault)
 {
     host.calls.clear();
@@ -40,7 +40,7 @@ std::size_t entityCount(const refhost::Drawing &drawing)
     return count;
 }
 
-/// Imports again and again with the user's drawing open, in which there is a circle.
+/// Imports again and again while the user's drawing, with a circle in it, is open.
 class FaultySession : public ImportSession {
 public:
     FaultySession()
@@ -65,13 +65,13 @@ public:
         work();
         QCOMPARE(host.calls.size(), model.size());
     }
-    /// Runs IMPORTSVG with `act`. Afterwards no handle is left that was not there before, but what a call
-    /// made and did not hand over because it threw.
+    /// Runs IMPORTSVG with `act`. Afterwards every handle is released, apart from those that a throwing call
+    /// made and did not hand over.
     void importTidily(Fault fault, const std::function<void()> &act)
     {
         const std::size_t handles = host.session.handles().size();
         import(act);
-        import([]{}); // the dialog before goes, and what it holds
+        import([]{}); // deletes the earlier dialog and its handles
         QVERIFY(fault == Fault::Throws || host.session.handles().size() == handles);
     }
     /// Whether the user's drawing holds `others` entities beside its circle.
@@ -130,7 +130,7 @@ void tst_HostFaults::singleImport()
     std::size_t drawn = 0;
     session.importTidily(fault, [&] {
         session.choose("browse_pushButton", KORVANE_SAMPLES "/" + sample + ".svg");
-        // OK closes the dialog, which keeps the file: it can be pressed again.
+        // OK closes the dialog but keeps the file, so it can be pressed again.
         const auto pressOk = [&session, &drawn] {
             session.widget<QAbstractButton>("OK_pushButton")->click();
             drawn += session.drawn();
@@ -173,7 +173,7 @@ void tst_HostFaults::batch()
             session.click("start_pushButton");
         };
         session.failEachCall(fault, start, [&] {
-            // What the run has left open when its own closing call went wrong.
+            // The run leaves its drawing open when its own closing call goes wrong.
             while (session.host.session.activeDocument() != session.users)
                 session.host.session.close(session.host.session.activeDocument());
             return session.holds(0) && session.isEnabled("start_pushButton")

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// What is said of the files that are kept, by their folder.
+/// The message about the kept files of each folder.
 const QHash<QString, QString> keptFiles = {
     {"converted", ""},
     {"refused", "not converted: "},
@@ -100,7 +100,7 @@ void tst_HostileFiles::kept()
     convert(path, "--no-prepare", isCompressed ? "not converted: compressed" : keptFiles[folder]);
 }
 
-/// Converts the file at `path`, which must say `says`.
+/// Converts the file at `path`; the message must contain `says`.
 void tst_HostileFiles::convert(const QString &path, const QString &option, const QString &says) const
 {
     QProcess process;

@@ -1,5 +1,5 @@
-// Loading: files and texts, the one message, the limits against hostile texts, and the text a tree is written
-// as.
+// Loading: files and texts, the one message, the limits against hostile texts, and the rewritten text of a
+// tree.
 
 #include "XMLParser/SVGDocument.h"
 #include "XMLParser/XMLParser.h"
@@ -44,14 +44,14 @@ QString numbered(const QString &pattern, int count)
     return text;
 }
 
-/// The text as Qt parses and writes it, without any limit.
+/// The text that Qt makes of `text`, without any limit.
 QString writtenByQt(const QString &text)
 {
     QDomDocument tree;
     return tree.setContent(text) ? tree.toString(1) : QString();
 }
 
-/// Runs `work` on a stack of 1 MiB, which is what a Windows user-interface thread has.
+/// Runs `work` on a stack of 1 MiB, as large as that of a Windows user-interface thread.
 void runOnSmallStack(const std::function<void()> &work)
 {
     const std::unique_ptr<QThread> thread(QThread::create(work));
