@@ -4,8 +4,6 @@
 
 #include <QStringList>
 
-#include <cstddef>
-
 namespace svgprep {
 
 namespace {

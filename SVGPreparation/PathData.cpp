@@ -20,7 +20,7 @@ public:
 
     Outline outline()
     {
-        while (command()) {}
+        while (readCommand()) {}
         return std::move(m_outline);
     }
 
@@ -36,8 +36,8 @@ private:
 
     static const Command commands[];
 
-    bool command();
-    bool arguments(const Command &command, Arguments &values);
+    bool readCommand();
+    bool readArguments(const Command &command, Arguments &values);
 
     void moveTo(const Arguments &v) { beginAt(point(v[0], v[1])); }
     void lineTo(const Arguments &v) { subpath().lineTo(point(v[0], v[1])); }
@@ -116,7 +116,7 @@ const PathReader::Command PathReader::commands[] = {
 };
 
 /// Reads one command with all its repetitions. False at the end and at an error.
-bool PathReader::command()
+bool PathReader::readCommand()
 {
     m_scanner.skipBlanks();
     const QChar letter = m_scanner.next();
@@ -132,7 +132,7 @@ bool PathReader::command()
         m_scanner.skipBlanks();
         do {
             Arguments values = {};
-            if (!arguments(*repeated, values))
+            if (!readArguments(*repeated, values))
                 return false;
             (this->*repeated->draw)(values);
             if (repeated->arguments > 0)
@@ -147,7 +147,7 @@ bool PathReader::command()
     return false;
 }
 
-bool PathReader::arguments(const Command &command, Arguments &values)
+bool PathReader::readArguments(const Command &command, Arguments &values)
 {
     for (int i = 0; i < command.arguments; ++i) {
         if (i > 0)

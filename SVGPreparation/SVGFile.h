@@ -4,7 +4,6 @@
 
 #include "SVGPreparation/SVGPreparation.h"
 
-#include <QByteArray>
 #include <QDomDocument>
 #include <QString>
 #include <QStringList>

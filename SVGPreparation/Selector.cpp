@@ -30,7 +30,7 @@ bool isHexDigit(QChar character)
 
 /// CSS: a backslash and up to six hexadecimal digits stand for a character. A backslash before any other
 /// character stands for that character.
-QString escaped(Scanner &scanner)
+QString readEscape(Scanner &scanner)
 {
     QString digits;
     while (digits.size() < 6 && isHexDigit(scanner.next())) {
@@ -50,12 +50,12 @@ QString escaped(Scanner &scanner)
     return character;
 }
 
-QString name(Scanner &scanner)
+QString readName(Scanner &scanner)
 {
     QString text;
     while (!scanner.atEnd() && isNameCharacter(scanner.next())) {
         if (scanner.take('\\')) {
-            text += escaped(scanner);
+            text += readEscape(scanner);
         } else {
             text += scanner.next();
             scanner.advance();
@@ -75,21 +75,21 @@ constexpr TestOperator testOperators[] = {
     {'*', AttributeTest::Kind::Part},
 };
 
-QString quotedOrName(Scanner &scanner)
+QString readQuotedOrName(Scanner &scanner)
 {
     for (const char quote : {'"', '\''}) {
         if (scanner.take(quote))
             return scanner.until(quote).toString();
     }
-    return name(scanner);
+    return readName(scanner);
 }
 
 /// Reads the test after "[".
-std::optional<AttributeTest> attributeTest(Scanner &scanner)
+std::optional<AttributeTest> readAttributeTest(Scanner &scanner)
 {
     AttributeTest test;
     scanner.skipBlanks();
-    test.name = name(scanner);
+    test.name = readName(scanner);
     if (test.name.isEmpty())
         return {};
     scanner.skipBlanks();
@@ -103,7 +103,7 @@ std::optional<AttributeTest> attributeTest(Scanner &scanner)
     if (!scanner.take('='))
         return {};
     scanner.skipBlanks();
-    test.value = quotedOrName(scanner);
+    test.value = readQuotedOrName(scanner);
     scanner.skipBlanks();
     if (scanner.take('i') || scanner.take('I'))
         test.sensitivity = Qt::CaseInsensitive;
@@ -213,7 +213,7 @@ bool isPseudo(const QString &name)
 Reading skipPseudo(Scanner &scanner)
 {
     scanner.take(':');
-    if (!isPseudo(name(scanner).toLower()))
+    if (!isPseudo(readName(scanner).toLower()))
         return Reading::Bad;
     if (scanner.take('(')) {
         int depth = 1;
@@ -232,15 +232,15 @@ Reading skipPseudo(Scanner &scanner)
 Reading readPart(Scanner &scanner, CompoundSelector &compound)
 {
     if (scanner.take('#')) {
-        compound.id = name(scanner);
+        compound.id = readName(scanner);
         return compound.id.isEmpty() ? Reading::Bad : Reading::Good;
     }
     if (scanner.take('.')) {
-        compound.classes.push_back(name(scanner));
+        compound.classes.push_back(readName(scanner));
         return compound.classes.back().isEmpty() ? Reading::Bad : Reading::Good;
     }
     if (scanner.take('[')) {
-        const std::optional<AttributeTest> test = attributeTest(scanner);
+        const std::optional<AttributeTest> test = readAttributeTest(scanner);
         if (!test)
             return Reading::Bad;
         compound.attributes.push_back(*test);
@@ -262,11 +262,11 @@ Reading readCompound(Scanner &scanner, CompoundSelector &compound)
     if (scanner.take('*')) {
         isEmpty = false;
     } else if (isNameCharacter(scanner.next())) {
-        compound.tag = name(scanner);
+        compound.tag = readName(scanner);
         isEmpty = false;
     }
     if (scanner.take('|')) // the prefix of a namespace; only elements of SVG are ever asked about
-        compound.tag = scanner.take('*') ? QString() : name(scanner);
+        compound.tag = scanner.take('*') ? QString() : readName(scanner);
     while (beginsPart(scanner.next())) {
         isEmpty = false;
         const Reading part = readPart(scanner, compound);

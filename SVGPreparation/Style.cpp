@@ -6,8 +6,6 @@
 #include "SVGPreparation/StyleSheet.h"
 #include "SVGPreparation/TransformList.h"
 
-#include <algorithm>
-
 namespace svgprep {
 
 namespace {

@@ -9,8 +9,6 @@
 
 #include <QHash>
 
-#include <algorithm>
-
 namespace svgprep {
 
 namespace {

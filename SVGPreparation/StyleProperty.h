@@ -4,9 +4,9 @@
 #pragma once
 
 #include <QString>
-#include <QStringView>
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 

@@ -58,7 +58,7 @@ public:
 
     /// Reads up to the first of `ends` outside of strings, parentheses and brackets, and stops at that
     /// character. An escaped character ends nothing.
-    QStringView before(const char *ends)
+    QStringView readBefore(const char *ends)
     {
         const QLatin1String stops(ends);
         const qsizetype begin = m_at;
@@ -81,13 +81,13 @@ public:
     }
 
     /// Reads the content of the braces that begin here and skips their end.
-    QStringView block()
+    QStringView readBlock()
     {
         advance();
         const qsizetype begin = m_at;
         int depth = 1;
         while (!atEnd()) {
-            before("{}");
+            readBefore("{}");
             depth += next() == QLatin1Char('{') ? 1 : -1;
             if (depth == 0 || atEnd())
                 break;
@@ -248,15 +248,15 @@ void StyleSheet::add(const QString &css)
             reader.advance();
             continue;
         }
-        const QStringView prelude = reader.before("{;}");
+        const QStringView prelude = reader.readBefore("{;}");
         if (reader.next() != QLatin1Char('{'))
             continue;
         if (!prelude.startsWith(QLatin1Char('@')))
-            addRule(prelude.toString(), declarationsFrom(reader.block(), Units::Needed));
+            addRule(prelude.toString(), declarationsFrom(reader.readBlock(), Units::Needed));
         else if (holdsRules(prelude))
             reader.advance();
         else
-            reader.block();
+            reader.readBlock();
     }
 }
 
@@ -267,7 +267,7 @@ void StyleSheet::addRule(const QString &selectors, const std::vector<Declaration
     std::vector<Rule *> rules;
     CssReader reader(selectors);
     for (;;) {
-        QString selector = reader.before(",").toString().simplified();
+        QString selector = reader.readBefore(",").toString().simplified();
         // Older files wrap their sheets in an XML comment.
         for (const char *bracket : {"<!--", "-->"}) {
             if (selector.startsWith(QLatin1String(bracket)))
@@ -357,14 +357,14 @@ std::vector<Declaration> declarationsFrom(QStringView text, Units units)
     CssReader reader(cleaned);
     Declarations declarations(units);
     while (!reader.atEnd()) {
-        const QStringView name = withoutBlanks(reader.before(":;{"));
+        const QStringView name = withoutBlanks(reader.readBefore(":;{"));
         if (reader.next() == QLatin1Char('{')) { // a rule within a rule
-            reader.block();
+            reader.readBlock();
             continue;
         }
         if (reader.next() == QLatin1Char(':')) {
             reader.advance();
-            const QStringView value = withoutBlanks(reader.before(";"));
+            const QStringView value = withoutBlanks(reader.readBefore(";"));
             declarations.add(name.toString().toLower(), value.toString());
         }
         reader.advance();

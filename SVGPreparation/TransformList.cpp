@@ -124,7 +124,7 @@ constexpr AngleUnit angleUnits[] = {
 };
 
 /// Reads an angle of a property, in degrees.
-std::optional<double> angle(Scanner &scanner)
+std::optional<double> readAngle(Scanner &scanner)
 {
     const std::optional<double> value = scanner.number();
     const QStringView name = scanner.word();
@@ -135,19 +135,19 @@ std::optional<double> angle(Scanner &scanner)
     return value && name.isEmpty() && *value == 0.0 ? value : std::nullopt;
 }
 
-std::optional<double> propertyArgument(Scanner &scanner, Argument kind, const LengthBase &base)
+std::optional<double> readPropertyArgument(Scanner &scanner, Argument kind, const LengthBase &base)
 {
     if (kind == Argument::Number)
         return scanner.number();
     if (kind == Argument::Angle)
-        return angle(scanner);
+        return readAngle(scanner);
     const std::optional<Length> length = lengthFrom(scanner);
     if (!length || (length->unit == LengthUnit::None && length->value != 0.0))
         return {};
     return userUnits(*length, base, kind == Argument::LengthX ? Along::Width : Along::Height);
 }
 
-std::optional<QTransform> function(Scanner &scanner, TransformSyntax syntax, const LengthBase &base)
+std::optional<QTransform> readFunction(Scanner &scanner, TransformSyntax syntax, const LengthBase &base)
 {
     const Function *function = functionNamed(scanner.word(), syntax);
     scanner.skipBlanks();
@@ -159,8 +159,9 @@ std::optional<QTransform> function(Scanner &scanner, TransformSyntax syntax, con
     scanner.skipBlanks();
     while (count < function->most && scanner.next() != QLatin1Char(')')) {
         const Argument kind = function->arguments[static_cast<std::size_t>(count)];
-        const std::optional<double> value =
-            syntax == TransformSyntax::Property ? propertyArgument(scanner, kind, base) : scanner.number();
+        const std::optional<double> value = syntax == TransformSyntax::Property
+            ? readPropertyArgument(scanner, kind, base)
+            : scanner.number();
         if (!value)
             return {};
         values[static_cast<std::size_t>(count)] = *value;
@@ -196,7 +197,7 @@ std::optional<QTransform> transformFrom(QStringView text, TransformSyntax syntax
         return product;
     Scanner scanner(text);
     while (!scanner.atEnd()) {
-        const std::optional<QTransform> transform = function(scanner, syntax, base);
+        const std::optional<QTransform> transform = readFunction(scanner, syntax, base);
         if (!transform)
             return {};
         product = combined(*transform, product);

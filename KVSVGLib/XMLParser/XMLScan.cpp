@@ -10,8 +10,6 @@
 #include <QRegularExpression>
 #include <QSet>
 
-#include <utility>
-
 namespace {
 
 // Qt crashes at 738 levels and at some 10,000 parentheses on the 1 MiB stack of a Windows user-interface
