@@ -289,7 +289,7 @@ void tst_HostApi::objectsAreNumberedByTypeSinceTheJournalBegan()
 
 void tst_HostApi::pointersThatAreNoHostObjectAreNull()
 {
-    class Foreign final : public kvBaseObject_c {
+    struct Foreign final : kvBaseObject_c {
         bool HasParent() const override { return false; }
         kvBaseObject_c *Clone() const override { return nullptr; }
     };
@@ -632,9 +632,7 @@ void tst_HostApi::unknownQuestions()
     QVERIFY(theme == 77 && found == kvGetApplicationOption_Unknown);
     kvInterfacePtr<kvWorkspace_c> workspace;
     QCOMPARE(application->GetWorkspace(L"drafting and annotation", workspace.out()), kvResult_NotFound);
-    kvObjectPtrArray items;
-    application->GetMenuItems(kvUIState_e(1), &items);
-    QVERIFY(!workspace && items.getSize() == 0);
+    QVERIFY(!workspace);
     bool opened = true;
     QCOMPARE(application->OpenWebHelp(L"a", &opened), kvResult_Failed); // there is nobody to show it
     QVERIFY(!opened);

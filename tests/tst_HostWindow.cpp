@@ -69,9 +69,7 @@ class tst_HostWindow : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void init();
-    void cleanup();
 
     void everyShownItemNamesACommand();
     void addinThatMisbehaves_data();
@@ -99,7 +97,6 @@ private:
     void type(const QString &line) { ::type(*m_window, line); }
     bool hasSaid(const QString &text) { return ::hasSaid(*m_window, text); }
     void click(const QString &text) { ::click(*actionOf(*m_window, text)); }
-    void show(Drawing drawing);
     QPoint pixelOf(const QPoint &point) const
     {
         return m_window->canvas().view().toPixels({1.0 * point.x(), 1.0 * point.y(), 0.0}).toPoint();
@@ -116,30 +113,13 @@ private:
     std::unique_ptr<HostWindow> m_window;
 };
 
-void tst_HostWindow::initTestCase()
-{
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
-}
-
 void tst_HostWindow::init()
 {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+    m_window.reset();
     m_window = std::make_unique<HostWindow>(loadHostSettings());
     m_window->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-}
-
-void tst_HostWindow::cleanup()
-{
-    m_window.reset();
-}
-
-/// Shows all of `drawing` in the drawing in front.
-void tst_HostWindow::show(Drawing drawing)
-{
-    document().drawing = std::move(drawing);
-    m_window->session().notifyDocumentsChanged();
-    QCoreApplication::processEvents();
-    type("_ZOOMEXTENTS");
 }
 
 void tst_HostWindow::everyShownItemNamesACommand()
@@ -364,7 +344,10 @@ void tst_HostWindow::selection()
     drawing.add(Circle{{70, 75, 0}, 20});
     drawing.add(Note{{100, 0, 0}, 10, 0, "MMMM"});
     drawing.add(BlockInstance{"SQUARE", {{170, 50, 0}, {2.8, 2.8, 1}, M_PI_4}});
-    show(std::move(drawing));
+    document().drawing = std::move(drawing);
+    m_window->session().notifyDocumentsChanged();
+    QCoreApplication::processEvents();
+    type("_ZOOMEXTENTS");
     const auto ids = [this] {
         return QVector<int>(document().selection.begin(), document().selection.end());
     };
@@ -567,12 +550,14 @@ void tst_HostWindow::openedByDropping()
             .replace(' ', '\n'));
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(m_folder.path("no.dwg")), QUrl::fromLocalFile(file)});
-    for (int again = 0; again < 2; ++again) {
+    const auto drop = [&] {
         QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(m_window.get(), &enter);
-        QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(m_window.get(), &drop);
-    }
+        QDropEvent dropEvent({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_window.get(), &dropEvent);
+    };
+    drop();
+    drop();
     QCOMPARE(openDrawings(), std::size_t(1));
     QCOMPARE(document().shownName(), QString("dropped.dxf"));
     QCOMPARE(document().drawing.modelSpace().size(), std::size_t(1));
@@ -591,6 +576,12 @@ void tst_HostWindow::openedByDropping()
     type("_SAVE"); // nothing is left to be asked about
     QTRY_VERIFY(!document().isLocked);
     QCOMPARE(answers.messages.size(), 2);
+
+    type("_CLOSE");
+    type("_SMARTNEW");
+    document().drawing.add(Line{{0, 0, 0}, {10, 5, 0}});
+    drop(); // what the user has begun stays open
+    QCOMPARE(openDrawings(), std::size_t(2));
 }
 
 void tst_HostWindow::savedBesideTheWindow()

@@ -34,21 +34,12 @@ class tst_WindowImport : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void insertion();
     void explodedFromTheRibbon();
     void outOfViewOrEmpty();
     void savedByTheFileMenu();
     void batch();
-
-private:
-    TemporaryFolder m_settings;
 };
-
-void tst_WindowImport::initTestCase()
-{
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
-}
 
 /// One point is picked, one number typed and one taken as the dialog said; the next time Esc is pressed
 /// instead.
@@ -246,6 +237,8 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Korvane"));
     QApplication::setApplicationName(QStringLiteral("ReferenceHost"));
+    const TemporaryFolder settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     tst_WindowImport test;
     return QTest::qExec(&test, argc, argv);
 }
