@@ -60,7 +60,7 @@ private slots:
     void exploded();
     void explodingReplacesTheInstance();
     void refusedExplosions();
-    void lengthsWhoseQuotientIsNoNumber();
+    void encoderGetsWhatItTakes();
     void interpolation_data();
     void interpolation();
 };
@@ -162,9 +162,15 @@ void tst_Drawing::refusedExplosions()
     QCOMPARE(modelSpace(drawing), before);
 }
 
-void tst_Drawing::lengthsWhoseQuotientIsNoNumber()
+void tst_Drawing::encoderGetsWhatItTakes()
 {
-    QCOMPARE(normalised(Ellipse{{}, {1e-300, 0, 0}, 1e300}).axis.y, 1e300);
+    Drawing drawing;
+    drawing.add(Ellipse{{1, 2, 3}, {3, 4, 0}, 10});  // the other axis is the longer one
+    drawing.add(Ellipse{{}, {1e-290, 0, 0}, 1e290}); // a quotient beyond all numbers
+    drawing.add(Note{{}, 0, 0, "A"});                // without a height
+    QCOMPARE(modelSpace(drawing),
+             QString("ellipse c 1 2 3 major -8 6 0 ratio 0.5, ellipse c 0 0 0 major 0 1e+290 0 ratio 0, "
+                     "note p 0 0 0 height 2.5 angle 0 text A"));
 }
 
 void tst_Drawing::interpolation_data()
