@@ -14,8 +14,8 @@ namespace refhost {
 namespace {
 
 template <class Handle>
-kvResult giveItems(HostSession &session, const UserInterfaceNode &parent, kvUIState_e uiState,
-                   kvObjectPtrArray *out)
+kvResult outputItems(HostSession &session, const UserInterfaceNode &parent, kvUIState_e uiState,
+                     kvObjectPtrArray *out)
 {
     // The host shows its whole user interface with a drawing open, and has no other state.
     if (uiState != kvUIState_Document)
@@ -83,7 +83,7 @@ kvResult ApplicationHandle::GetCommandMessage(kvCommandMessage_c **commandMessag
 kvResult ApplicationHandle::GetToolbars(kvUIState_e uiState, kvObjectPtrArray *toolbars)
 {
     const auto body = [&] {
-        return giveItems<ToolbarHandle>(session(), session().userInterface.toolbars, uiState, toolbars);
+        return outputItems<ToolbarHandle>(session(), session().userInterface.toolbars, uiState, toolbars);
     };
     return call("kvApplication_c::GetToolbars", body, static_cast<int>(uiState));
 }
@@ -91,7 +91,7 @@ kvResult ApplicationHandle::GetToolbars(kvUIState_e uiState, kvObjectPtrArray *t
 kvResult ApplicationHandle::GetMenuItems(kvUIState_e uiState, kvObjectPtrArray *items)
 {
     const auto body = [&] {
-        return giveItems<MenuItemHandle>(session(), session().userInterface.menuBar, uiState, items);
+        return outputItems<MenuItemHandle>(session(), session().userInterface.menuBar, uiState, items);
     };
     return call("kvApplication_c::GetMenuItems", body, static_cast<int>(uiState));
 }

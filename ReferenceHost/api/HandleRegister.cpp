@@ -16,9 +16,9 @@ int doubleDeletionCount = 0;
 
 /// What stands in the memory of a deleted handle. A second deletion arrives here, since every handle begins
 /// with the virtual table of kvBaseObject_c.
-class Tombstone final : public kvBaseObject_c {
+class DeletedHandle final : public kvBaseObject_c {
 public:
-    ~Tombstone() override
+    ~DeletedHandle() override
     {
         ++doubleDeletionCount;
         qWarning("A host object was deleted twice.");
@@ -27,31 +27,31 @@ public:
     bool HasParent() const override { return false; }
     kvBaseObject_c *Clone() const override { return nullptr; }
 
-    static void operator delete(void *memory) { new (memory) Tombstone; }
+    static void operator delete(void *memory) { new (memory) DeletedHandle; }
 };
 
 /// The memory of the handles deleted last; the oldest is given back when a new one comes in.
-class Graveyard {
+class DeletedMemory {
 public:
-    Graveyard() = default;
-    ~Graveyard()
+    DeletedMemory() = default;
+    ~DeletedMemory()
     {
-        for (void *memory : m_graves)
+        for (void *memory : m_blocks)
             ::operator delete(memory);
     }
-    Graveyard(const Graveyard &) = delete;
-    Graveyard &operator=(const Graveyard &) = delete;
+    DeletedMemory(const DeletedMemory &) = delete;
+    DeletedMemory &operator=(const DeletedMemory &) = delete;
 
-    void bury(void *memory)
+    void keepDeleted(void *memory)
     {
-        ::operator delete(m_graves[m_next]);
-        m_graves[m_next] = memory;
-        m_next = (m_next + 1) % m_graves.size();
-        new (memory) Tombstone;
+        ::operator delete(m_blocks[m_next]);
+        m_blocks[m_next] = memory;
+        m_next = (m_next + 1) % m_blocks.size();
+        new (memory) DeletedHandle;
     }
 
 private:
-    std::array<void *, 4096> m_graves = {};
+    std::array<void *, 4096> m_blocks = {};
     std::size_t m_next = 0;
 };
 
@@ -83,10 +83,10 @@ HandleBase *HandleRegister::find(const kvBaseObject_c *object) const
     return found == m_handles.end() ? nullptr : found->second;
 }
 
-void HandleRegister::bury(void *memory) noexcept
+void HandleRegister::keepDeleted(void *memory) noexcept
 {
-    static Graveyard graveyard;
-    graveyard.bury(memory);
+    static DeletedMemory deletedMemory;
+    deletedMemory.keepDeleted(memory);
 }
 
 int HandleRegister::doubleDeletions()

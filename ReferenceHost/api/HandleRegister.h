@@ -54,7 +54,7 @@ public:
 
     /// Takes the memory of a destroyed handle out of use. It is kept for a while, so that deleting the same
     /// handle once more is noticed, reported as a warning and does no harm.
-    static void bury(void *memory) noexcept;
+    static void keepDeleted(void *memory) noexcept;
 
     /// How many handles were deleted a second time since the program started.
     static int doubleDeletions();

@@ -40,7 +40,7 @@ public:
     HostHandle &operator=(const HostHandle &) = delete;
 
     static void *operator new(std::size_t size) { return ::operator new(size); }
-    static void operator delete(void *memory) { HandleRegister::bury(memory); }
+    static void operator delete(void *memory) { HandleRegister::keepDeleted(memory); }
 
     bool HasParent() const override { return m_parent == Parent::Host; }
     kvBaseObject_c *Clone() const override { return new Derived(m_session, m_state); }

@@ -8,14 +8,14 @@ namespace refhost {
 
 namespace {
 
-kvResult giveText(const QString &text, kvString *out)
+kvResult outputText(const QString &text, kvString *out)
 {
     *out = toKvString(text);
     return kvResult_Success;
 }
 
 template <class Handle>
-kvResult giveChildren(HostSession &session, const UserInterfaceNode &node, kvObjectPtrArray *out)
+kvResult outputChildren(HostSession &session, const UserInterfaceNode &node, kvObjectPtrArray *out)
 {
     for (const UserInterfaceNodePtr &child : node.children)
         out->add(new Handle(session, child));
@@ -45,18 +45,18 @@ kvResult removeFromRow(HostSession &session, const RibbonItemRef &ref)
 
 kvResult ToolbarItemHandle::GetID(kvString *id)
 {
-    return call("kvToolbarItem_c::GetID", [&] { return giveText(state()->id, id); });
+    return call("kvToolbarItem_c::GetID", [&] { return outputText(state()->id, id); });
 }
 
 kvResult ToolbarHandle::get_Name(kvString *name)
 {
-    return call("kvToolbar_c::get_Name", [&] { return giveText(state()->name, name); });
+    return call("kvToolbar_c::get_Name", [&] { return outputText(state()->name, name); });
 }
 
 kvResult ToolbarHandle::GetToolbarItems(kvObjectPtrArray *items)
 {
     return call("kvToolbar_c::GetToolbarItems",
-                [&] { return giveChildren<ToolbarItemHandle>(session(), *state(), items); });
+                [&] { return outputChildren<ToolbarItemHandle>(session(), *state(), items); });
 }
 
 kvResult ToolbarHandle::InsertToolbarItem(const kvString &appId, kvToolbarItemType_e itemType, long position,
@@ -75,7 +75,7 @@ kvResult ToolbarHandle::InsertToolbarItem(const kvString &appId, kvToolbarItemTy
 
 kvResult MenuItemHandle::GetID(kvString *id)
 {
-    return call("kvMenuItem_c::GetID", [&] { return giveText(state()->id, id); });
+    return call("kvMenuItem_c::GetID", [&] { return outputText(state()->id, id); });
 }
 
 kvResult MenuItemHandle::InsertMenuItem(const kvString &appId, kvMenuItemType_e itemType, long position,
@@ -93,7 +93,7 @@ kvResult MenuItemHandle::InsertMenuItem(const kvString &appId, kvMenuItemType_e 
 
 kvResult RibbonRowItemHandle::GetApiID(kvString *id)
 {
-    return call("kvRibbonRowItem_c::GetApiID", [&] { return giveText(state().item->id, id); });
+    return call("kvRibbonRowItem_c::GetApiID", [&] { return outputText(state().item->id, id); });
 }
 
 kvResult RibbonRowItemHandle::Remove()
@@ -103,7 +103,7 @@ kvResult RibbonRowItemHandle::Remove()
 
 kvResult RibbonCommandButtonHandle::GetApiID(kvString *id)
 {
-    return call("kvRibbonCommandButton_c::GetApiID", [&] { return giveText(state().item->id, id); });
+    return call("kvRibbonCommandButton_c::GetApiID", [&] { return outputText(state().item->id, id); });
 }
 
 kvResult RibbonCommandButtonHandle::Remove()
@@ -113,7 +113,7 @@ kvResult RibbonCommandButtonHandle::Remove()
 
 kvResult RibbonRowHandle::GetApiID(kvString *id)
 {
-    return call("kvRibbonRow_c::GetApiID", [&] { return giveText(state()->id, id); });
+    return call("kvRibbonRow_c::GetApiID", [&] { return outputText(state()->id, id); });
 }
 
 kvResult RibbonRowHandle::GetRibbonRowItems(kvObjectPtrArray *items)
@@ -141,7 +141,7 @@ kvResult RibbonRowHandle::InsertRibbonCommandButton(const kvString &appId, kvRib
 
 kvResult RibbonPanelHandle::GetApiID(kvString *id)
 {
-    return call("kvRibbonPanel_c::GetApiID", [&] { return giveText(state()->id, id); });
+    return call("kvRibbonPanel_c::GetApiID", [&] { return outputText(state()->id, id); });
 }
 
 kvResult RibbonPanelHandle::GetRibbonRow(kvRibbonRow_c **row)
@@ -154,24 +154,24 @@ kvResult RibbonPanelHandle::GetRibbonRow(kvRibbonRow_c **row)
 
 kvResult RibbonTabHandle::get_Name(kvString *name)
 {
-    return call("kvRibbonTab_c::get_Name", [&] { return giveText(state()->name, name); });
+    return call("kvRibbonTab_c::get_Name", [&] { return outputText(state()->name, name); });
 }
 
 kvResult RibbonTabHandle::GetApiID(kvString *id)
 {
-    return call("kvRibbonTab_c::GetApiID", [&] { return giveText(state()->id, id); });
+    return call("kvRibbonTab_c::GetApiID", [&] { return outputText(state()->id, id); });
 }
 
 kvResult RibbonTabHandle::GetRibbonPanels(kvObjectPtrArray *panels)
 {
     return call("kvRibbonTab_c::GetRibbonPanels",
-                [&] { return giveChildren<RibbonPanelHandle>(session(), *state(), panels); });
+                [&] { return outputChildren<RibbonPanelHandle>(session(), *state(), panels); });
 }
 
 kvResult WorkspaceHandle::GetRibbonTabs(kvObjectPtrArray *tabs)
 {
     return call("kvWorkspace_c::GetRibbonTabs",
-                [&] { return giveChildren<RibbonTabHandle>(session(), *state(), tabs); });
+                [&] { return outputChildren<RibbonTabHandle>(session(), *state(), tabs); });
 }
 
 } // namespace refhost

@@ -30,7 +30,7 @@ QString suffixOf(const QString &filter)
     return filter.mid(filter.indexOf(QLatin1String("*.")) + 2).remove(QLatin1Char(')'));
 }
 
-bool asks(HostWindow &window, const QString &question, QMessageBox::StandardButton yes)
+bool confirm(HostWindow &window, const QString &question, QMessageBox::StandardButton yes)
 {
     return QMessageBox::question(&window, QStringLiteral("Reference Host"), question,
                                  yes | QMessageBox::Cancel, yes)
@@ -49,7 +49,7 @@ QString chosenName(HostWindow &window, QFileDialog &dialog, const QStringList &s
         QString whole = file + QLatin1Char('.') + dialog.defaultSuffix();
         const QString question = QStringLiteral("%1 already exists.\nDo you want to replace it?");
         if (!QFileInfo::exists(whole)
-            || asks(window, question.arg(QFileInfo(whole).fileName()), QMessageBox::Yes))
+            || confirm(window, question.arg(QFileInfo(whole).fileName()), QMessageBox::Yes))
             return whole;
     }
     return {};
@@ -80,19 +80,19 @@ QString askFileName(HostWindow &window, const QString &title, const HostDocument
 }
 
 /// Whether `document` may be written over `file`: the user is asked when that loses what it lacks of it.
-bool mayWriteOver(HostWindow &window, const HostDocumentPtr &document, const QString &file)
+bool confirmWritingOver(HostWindow &window, const HostDocumentPtr &document, const QString &file)
 {
     return document->leftOut.isEmpty() || !isSameFileName(document->fileName, file)
-        || asks(window,
-                QStringLiteral("%1 holds more than this drawing shows: %2.\nSaving over it loses them.")
-                    .arg(document->shownName(), document->leftOut.join(QStringLiteral(", "))),
-                QMessageBox::Save);
+        || confirm(window,
+                   QStringLiteral("%1 holds more than this drawing shows: %2.\nSaving over it loses them.")
+                       .arg(document->shownName(), document->leftOut.join(QStringLiteral(", "))),
+                   QMessageBox::Save);
 }
 
 /// Starts to save under the name `file` and says so in the end; the session reports a failure.
 bool saveTo(HostWindow &window, const HostDocumentPtr &document, const QString &file)
 {
-    if (!mayWriteOver(window, document, file))
+    if (!confirmWritingOver(window, document, file))
         return false;
     const std::uint64_t revision = document->drawing.revision();
     // All blocks are kept: the user may still mean to insert those that nothing shows yet.
@@ -102,16 +102,16 @@ bool saveTo(HostWindow &window, const HostDocumentPtr &document, const QString &
             return;
         document->leftOut.clear();
         keepDrawingFolder(QFileInfo(file).path());
-        window.say(QStringLiteral("Saved %1").arg(QDir::toNativeSeparators(file)));
+        window.showMessage(QStringLiteral("Saved %1").arg(QDir::toNativeSeparators(file)));
     });
     return true;
 }
 
 /// Says how writing `file` went.
-bool sayWritten(HostWindow &window, const QString &file, const QString &error)
+bool reportWritten(HostWindow &window, const QString &file, const QString &error)
 {
-    window.say(error.isEmpty() ? QStringLiteral("Wrote %1").arg(QDir::toNativeSeparators(file))
-                               : QStringLiteral("%1: not written: %2").arg(file, error));
+    window.showMessage(error.isEmpty() ? QStringLiteral("Wrote %1").arg(QDir::toNativeSeparators(file))
+                                       : QStringLiteral("%1: not written: %2").arg(file, error));
     return error.isEmpty();
 }
 
@@ -135,7 +135,7 @@ bool openDrawingFile(HostWindow &window, const QString &fileName)
     OpenedDrawing opened = openDrawing(window.encoder(), fileName);
     const QString shownName = QDir::toNativeSeparators(fileName);
     if (!opened.error.isEmpty()) {
-        window.say(QStringLiteral("%1: not opened: %2").arg(shownName, opened.error));
+        window.showMessage(QStringLiteral("%1: not opened: %2").arg(shownName, opened.error));
         return false;
     }
     const HostDocumentPtr empty = session.activeDocument();
@@ -147,9 +147,9 @@ bool openDrawingFile(HostWindow &window, const QString &fileName)
     if (session.documents().size() == 2 && empty->isUntouched()) // the one that the window began with
         session.close(empty);
     keepDrawingFolder(QFileInfo(fileName).path());
-    window.say(QStringLiteral("Opened %1").arg(shownName));
+    window.showMessage(QStringLiteral("Opened %1").arg(shownName));
     if (!document->leftOut.isEmpty())
-        window.say(QStringLiteral("Not shown: %1").arg(document->leftOut.join(QStringLiteral(", "))));
+        window.showMessage(QStringLiteral("Not shown: %1").arg(document->leftOut.join(QStringLiteral(", "))));
     return true;
 }
 
@@ -165,7 +165,7 @@ bool saveAs(HostWindow &window, const HostDocumentPtr &document)
     return !file.isEmpty() && saveTo(window, document, file);
 }
 
-bool mayClose(HostWindow &window, const HostDocumentPtr &document)
+bool confirmClosing(HostWindow &window, const HostDocumentPtr &document)
 {
     window.savingBar().waitFor(*document);
     if (!document->isModified())
@@ -185,10 +185,10 @@ bool mayClose(HostWindow &window, const HostDocumentPtr &document)
 bool exportDrawing(HostWindow &window, const HostDocumentPtr &document)
 {
     const QString file = askFileName(window, QStringLiteral("Export drawing"), document, drawingFilters());
-    if (file.isEmpty() || !mayWriteOver(window, document, file))
+    if (file.isEmpty() || !confirmWritingOver(window, document, file))
         return false;
     window.savingBar().save(document, file,
-                            [&window, file](const QString &error) { sayWritten(window, file, error); });
+                            [&window, file](const QString &error) { reportWritten(window, file, error); });
     return true;
 }
 
@@ -199,7 +199,7 @@ bool exportPicture(HostWindow &window, const HostDocumentPtr &document)
     if (file.isEmpty())
         return false;
     const WaitCursor waitCursor;
-    return sayWritten(window, file, writeWholeFile(file, pngPicture(document->drawing)));
+    return reportWritten(window, file, writeWholeFile(file, pngPicture(document->drawing)));
 }
 
 } // namespace refhost

@@ -31,6 +31,6 @@ bool exportPicture(HostWindow &window, const HostDocumentPtr &document);
 
 /// Asks whether to save `document` when it has been changed since it was saved, and waits until that is done;
 /// false when it is to stay open.
-bool mayClose(HostWindow &window, const HostDocumentPtr &document);
+bool confirmClosing(HostWindow &window, const HostDocumentPtr &document);
 
 } // namespace refhost

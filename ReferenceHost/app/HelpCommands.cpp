@@ -62,7 +62,7 @@ bool listCommands(HostWindow &window, const HostDocumentPtr & /*document*/)
             lines << QStringLiteral("  %1 %2").arg(name, -16).arg(description);
     }
     std::sort(lines.begin(), lines.end());
-    window.say(lines.join(QLatin1Char('\n')));
+    window.showMessage(lines.join(QLatin1Char('\n')));
     return true;
 }
 

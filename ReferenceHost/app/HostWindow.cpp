@@ -135,7 +135,7 @@ HostWindow::HostWindow(const HostSettings &settings, QWidget *parent)
     addWindowCommands(*this);
     build();
     provideServices();
-    say(QStringLiteral("Type a command, or click one. Esc cancels."));
+    showMessage(QStringLiteral("Type a command, or click one. Esc cancels."));
     m_session.newDocument();
     showUserInterface();
     showDocuments();
@@ -206,8 +206,9 @@ void HostWindow::build()
     });
     connect(m_tabs, &DocumentTabs::activationRequested, this, &HostWindow::activateDocument);
     connect(m_tabs, &DocumentTabs::closeRequested, this, &HostWindow::closeDocument);
-    connect(m_savingBar, &SavingBar::cancelled, this,
-            [this](const QString &file) { say(QStringLiteral("%1: not saved: cancelled").arg(file)); });
+    connect(m_savingBar, &SavingBar::cancelled, this, [this](const QString &file) {
+        showMessage(QStringLiteral("%1: not saved: cancelled").arg(file));
+    });
     connect(m_zoomOffer, &QToolButton::clicked, this, [this] { runCommand(QStringLiteral("_ZOOMEXTENTS")); });
 }
 
@@ -240,7 +241,7 @@ void HostWindow::provideServices()
     services.promptForInsertion = [this](const InsertionPrompt &prompt) -> std::optional<Placement> {
         if (m_session.activeDocument())
             return m_prompter->ask(prompt);
-        say(QStringLiteral("No drawing is open."));
+        showMessage(QStringLiteral("No drawing is open."));
         return {};
     };
     services.saveDrawing = [this](const Drawing &drawing, const QString &fileName, bool usedBlocksOnly) {
@@ -255,16 +256,16 @@ void HostWindow::provideServices()
     services.openHelpFile = [this](long /*topicId*/, const QString &path) {
         if (QFileInfo(path).isFile())
             return openHelp(QUrl::fromLocalFile(path));
-        say(QStringLiteral("The help file is missing: %1").arg(path));
+        showMessage(QStringLiteral("The help file is missing: %1").arg(path));
         return false;
     };
-    services.report = [this](const QString &message) { say(message); };
+    services.report = [this](const QString &message) { showMessage(message); };
     services.documentsChanged = [this] { showDocumentsSoon(); };
     services.userInterfaceChanged = [this] { showUserInterfaceSoon(); };
     services.commandEnded = [this](const CommandRecord &record) { summarise(record); };
 }
 
-void HostWindow::say(const QString &message)
+void HostWindow::showMessage(const QString &message)
 {
     m_commandLine->append(message);
 }
@@ -272,7 +273,7 @@ void HostWindow::say(const QString &message)
 void HostWindow::offerSamples(const QString &folder)
 {
     keepImportFolder(folder);
-    say(QStringLiteral("Samples to import are in %1").arg(QDir::toNativeSeparators(folder)));
+    showMessage(QStringLiteral("Samples to import are in %1").arg(QDir::toNativeSeparators(folder)));
 }
 
 void HostWindow::enter(const QString &line)
@@ -294,7 +295,7 @@ void HostWindow::runCommand(const QString &commandLine)
 
     const QString name = knownName(m_session.commands, typed);
     const QString running = m_session.commands.running();
-    if (running.isEmpty() && isLockedFor(name))
+    if (running.isEmpty() && refuseWhileSaving(name))
         return;
     if (running.isEmpty())
         runAndReport(name);
@@ -303,18 +304,18 @@ void HostWindow::runCommand(const QString &commandLine)
     else if (wasWaiting && isTransparent(name))
         m_session.commands.runForAddin(name);
     else
-        say(QStringLiteral("%1: not run: %2 still runs").arg(name, running));
+        showMessage(QStringLiteral("%1: not run: %2 still runs").arg(name, running));
 }
 
 /// Add-ins may change the drawing in front, so that none of their commands runs while that is being saved.
 /// The host's commands look for themselves.
-bool HostWindow::isLockedFor(const QString &command)
+bool HostWindow::refuseWhileSaving(const QString &command)
 {
     const HostDocumentPtr document = m_session.activeDocument();
     const CommandPtr found = m_session.commands.find(command);
     const bool isLocked = document && document->isLocked && found && !found->appId.isEmpty();
     if (isLocked)
-        say(QStringLiteral("%1: not run: %2 is being saved").arg(command, document->shownName()));
+        showMessage(QStringLiteral("%1: not run: %2 is being saved").arg(command, document->shownName()));
     return isLocked;
 }
 
@@ -323,7 +324,7 @@ void HostWindow::summarise(const CommandRecord &record)
     if (record.appId.isEmpty())
         return;
     for (const QString &line : summaryOf(record))
-        say(line);
+        showMessage(line);
     showDocuments(); // a drawing that was empty is shown as a whole then
     const bool isOutOfView = std::any_of(record.insertions.begin(), record.insertions.end(),
                                          [this](const CommandRecord::Insertion &insertion) {
@@ -332,7 +333,7 @@ void HostWindow::summarise(const CommandRecord &record)
                                          });
     m_zoomOffer->setVisible(isOutOfView);
     if (isOutOfView)
-        say(QStringLiteral("It is out of view. Zoom to Extents (Ctrl+0) shows it."));
+        showMessage(QStringLiteral("It is out of view. Zoom to Extents (Ctrl+0) shows it."));
 }
 
 void HostWindow::runAndReport(const QString &name)
@@ -341,11 +342,11 @@ void HostWindow::runAndReport(const QString &name)
     kvRunCommandError_e result = kvRunCommand_Succeeded;
     const QString thrown = guarded([&] { result = m_session.commands.runForUser(name); });
     if (!thrown.isEmpty())
-        say(QStringLiteral("%1: failed: %2").arg(name, thrown));
+        showMessage(QStringLiteral("%1: failed: %2").arg(name, thrown));
     else if (result == kvRunCommand_UnknownCommand)
-        say(QStringLiteral("%1: no such command").arg(name));
+        showMessage(QStringLiteral("%1: no such command").arg(name));
     else if (result == kvRunCommand_Refused)
-        say(QStringLiteral("%1: not completed").arg(name));
+        showMessage(QStringLiteral("%1: not completed").arg(name));
     if (!m_nextCommand.isEmpty())
         runAndReport(std::exchange(m_nextCommand, QString()));
 }
@@ -367,21 +368,21 @@ void HostWindow::cancel()
 
 void HostWindow::connectAddin(const QString &path)
 {
-    if (!isBetweenCommands())
+    if (!ensureNoCommandRuns())
         return;
     const QString error = m_addin.connect(path, m_session.application());
     if (!error.isEmpty()) {
-        say(error);
+        showMessage(error);
         return;
     }
     const QString name = QFileInfo(m_addin.path()).completeBaseName();
     m_addinNote->setText(QStringLiteral("Add-in: %1").arg(name));
-    say(QStringLiteral("Connected %1.").arg(name));
+    showMessage(QStringLiteral("Connected %1.").arg(name));
 }
 
 void HostWindow::chooseAddin()
 {
-    if (!isBetweenCommands())
+    if (!ensureNoCommandRuns())
         return;
     const QString file =
         QFileDialog::getOpenFileName(this, QStringLiteral("Connect add-in"), standardAddinPath(),
@@ -392,10 +393,10 @@ void HostWindow::chooseAddin()
 
 void HostWindow::disconnectAddin()
 {
-    if (!isBetweenCommands())
+    if (!ensureNoCommandRuns())
         return;
     const QString error = m_addin.disconnect();
-    say(error.isEmpty() ? QStringLiteral("Disconnected the add-in.") : error);
+    showMessage(error.isEmpty() ? QStringLiteral("Disconnected the add-in.") : error);
     m_addinNote->setText(QStringLiteral("No add-in"));
     showUserInterface(); // before the add-in's icons go
 
@@ -404,17 +405,17 @@ void HostWindow::disconnectAddin()
         return !command->appId.isEmpty();
     });
     if (hasLeftCommands)
-        say(QStringLiteral("The add-in has left commands behind. Its library stays loaded."));
+        showMessage(QStringLiteral("The add-in has left commands behind. Its library stays loaded."));
     else
         m_addin.unload();
 }
 
 /// Says so when not.
-bool HostWindow::isBetweenCommands()
+bool HostWindow::ensureNoCommandRuns()
 {
     const QString running = m_session.commands.running();
     if (!running.isEmpty())
-        say(QStringLiteral("Not possible while %1 runs.").arg(running));
+        showMessage(QStringLiteral("Not possible while %1 runs.").arg(running));
     return running.isEmpty();
 }
 
@@ -422,23 +423,24 @@ void HostWindow::closeEvent(QCloseEvent *event)
 {
     const QString running = m_session.commands.running();
     if (!running.isEmpty()) {
-        say(QStringLiteral("Cannot close while %1 runs.").arg(running));
+        showMessage(QStringLiteral("Cannot close while %1 runs.").arg(running));
         event->ignore();
         return;
     }
     const std::vector<HostDocumentPtr> documents = m_session.documents();
-    event->setAccepted(std::all_of(documents.begin(), documents.end(),
-                                   [this](const HostDocumentPtr &document) { return mayClose(document); }));
+    event->setAccepted(
+        std::all_of(documents.begin(), documents.end(),
+                    [this](const HostDocumentPtr &document) { return confirmClosing(document); }));
 }
 
 /// Shows the drawing that the user is asked about.
-bool HostWindow::mayClose(const HostDocumentPtr &document)
+bool HostWindow::confirmClosing(const HostDocumentPtr &document)
 {
     if (document->isModified()) {
         m_session.activate(document);
         showDocuments();
     }
-    return refhost::mayClose(*this, document);
+    return refhost::confirmClosing(*this, document);
 }
 
 void HostWindow::dragEnterEvent(QDragEnterEvent *event)
@@ -452,7 +454,7 @@ void HostWindow::dropEvent(QDropEvent *event)
     const QStringList files = filesOf(event->mimeData());
     event->acceptProposedAction();
     for (const QString &file : files) {
-        if (isBetweenCommands())
+        if (ensureNoCommandRuns())
             openDrawingFile(*this, file);
     }
 }
@@ -466,7 +468,7 @@ void HostWindow::keyPressEvent(QKeyEvent *event)
 void HostWindow::restart()
 {
     if (!close())
-        say(QStringLiteral("Not started again. The options take effect at the next start."));
+        showMessage(QStringLiteral("Not started again. The options take effect at the next start."));
     else
         QProcess::startDetached(QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1),
                                 m_startFolder);
@@ -476,7 +478,7 @@ bool HostWindow::openHelp(const QUrl &address)
 {
     const bool isOpen = QDesktopServices::openUrl(address);
     if (!isOpen)
-        say(QStringLiteral("No browser could be started. Help is at %1").arg(address.toString()));
+        showMessage(QStringLiteral("No browser could be started. Help is at %1").arg(address.toString()));
     return isOpen;
 }
 
@@ -494,7 +496,7 @@ void HostWindow::showUserInterface()
 {
     m_userInterfaceIsDue = false;
     const CommandActions actions(m_session.commands, m_theme, [this](const QString &commandLine) {
-        say(QStringLiteral("Command: %1").arg(commandName(commandLine)));
+        showMessage(QStringLiteral("Command: %1").arg(commandName(commandLine)));
         runCommand(commandLine);
     });
     const auto &workspaces = m_session.userInterface.workspaces.children;
@@ -579,7 +581,7 @@ void HostWindow::showHistory(const HostDocument *document)
 /// A running command draws into the drawing in front, so that one stays there.
 void HostWindow::activateDocument(const HostDocumentPtr &document)
 {
-    if (!isBetweenCommands()) {
+    if (!ensureNoCommandRuns()) {
         showDocuments();
         return;
     }
@@ -588,7 +590,7 @@ void HostWindow::activateDocument(const HostDocumentPtr &document)
 
 void HostWindow::closeDocument(const HostDocumentPtr &document)
 {
-    if (isBetweenCommands() && mayClose(document))
+    if (ensureNoCommandRuns() && confirmClosing(document))
         m_session.close(document);
 }
 

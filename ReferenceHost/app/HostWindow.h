@@ -48,7 +48,7 @@ public:
     void enter(const QString &line);
 
     /// Shows a line in the message area.
-    void say(const QString &message);
+    void showMessage(const QString &message);
 
     /// Closes the window and starts the program again.
     void restart();
@@ -73,8 +73,8 @@ private:
     void provideServices();
     void runCommand(const QString &commandLine);
     void runAndReport(const QString &name);
-    bool isBetweenCommands();
-    bool isLockedFor(const QString &command);
+    bool ensureNoCommandRuns();
+    bool refuseWhileSaving(const QString &command);
     void summarise(const CommandRecord &record);
 
     // What changed in the session is shown when the host has time for it: one command changes a lot.
@@ -90,7 +90,7 @@ private:
     void closeDocument(const HostDocumentPtr &document);
     void select(const std::vector<EntityId> &ids, bool removes);
     void cancel();
-    bool mayClose(const HostDocumentPtr &document);
+    bool confirmClosing(const HostDocumentPtr &document);
     bool openHelp(const QUrl &address);
 
     const Theme m_theme;

@@ -75,7 +75,7 @@ public:
     }
 
     /// Lets the user see that so many files are `done`; false when he has cancelled.
-    bool mayGoOn(int done)
+    bool show(int done)
     {
         if (m_dialog)
             m_dialog->setValue(done); // handles events, too
@@ -109,10 +109,11 @@ std::vector<Copy> plannedCopies(HostWindow &window, const QStringList &inputs, c
     for (const QString &input : inputs) {
         const QString output = QDir::toNativeSeparators(QDir(folder).filePath(svgprep::plainFileName(input)));
         if (const QString original = chosen.of(output); !original.isEmpty()) {
-            window.say(QStringLiteral("%1: not prepared: its copy would overwrite the chosen file %2")
-                           .arg(input, original));
+            window.showMessage(QStringLiteral("%1: not prepared: its copy would overwrite the chosen file %2")
+                                   .arg(input, original));
         } else if (const QString earlier = made.of(output); !earlier.isEmpty()) {
-            window.say(QStringLiteral("%1: not prepared: %2 is the copy of %3").arg(input, output, earlier));
+            window.showMessage(
+                QStringLiteral("%1: not prepared: %2 is the copy of %3").arg(input, output, earlier));
         } else {
             made.add(output, input);
             copies.push_back({input, output});
@@ -129,7 +130,7 @@ bool isTaken(const QString &output)
 }
 
 /// Whether copies may take the place of files that exist; nothing when the user cancels.
-std::optional<bool> mayOverwrite(HostWindow &window, const std::vector<Copy> &copies, const QString &folder)
+std::optional<bool> askToOverwrite(HostWindow &window, const std::vector<Copy> &copies, const QString &folder)
 {
     const auto taken =
         std::count_if(copies.begin(), copies.end(), [](const Copy &copy) { return isTaken(copy.output); });
@@ -165,14 +166,14 @@ QString written(HostWindow &window, const Copy &copy)
     if (!error.isEmpty())
         return QStringLiteral("%1: not written: %2").arg(copy.output, error);
     for (const QString &note : prepared.notes())
-        window.say(QStringLiteral("%1: %2").arg(copy.input, note));
+        window.showMessage(QStringLiteral("%1: %2").arg(copy.input, note));
     return {};
 }
 
 void write(HostWindow &window, const Copy &copy, bool overwrites, Tally &tally)
 {
     if (!overwrites && isTaken(copy.output)) {
-        window.say(QStringLiteral("%1: exists already and was kept").arg(copy.output));
+        window.showMessage(QStringLiteral("%1: exists already and was kept").arg(copy.output));
         ++tally.kept;
         return;
     }
@@ -182,7 +183,7 @@ void write(HostWindow &window, const Copy &copy, bool overwrites, Tally &tally)
     if (error.isEmpty()) {
         ++tally.written;
     } else {
-        window.say(error);
+        window.showMessage(error);
         ++tally.failed;
     }
 }
@@ -204,7 +205,7 @@ bool prepareSvgFiles(HostWindow &window)
     savePreparationFolders({inputFolder, folder});
 
     const std::vector<Copy> copies = plannedCopies(window, inputs, folder);
-    const std::optional<bool> overwrites = mayOverwrite(window, copies, folder);
+    const std::optional<bool> overwrites = askToOverwrite(window, copies, folder);
     if (!overwrites)
         return false;
 
@@ -214,12 +215,12 @@ bool prepareSvgFiles(HostWindow &window)
     tally.notBegun = count;
     Progress progress(window, count);
     for (const Copy &copy : copies) {
-        if (!progress.mayGoOn(count - tally.notBegun))
+        if (!progress.show(count - tally.notBegun))
             break;
         --tally.notBegun;
         write(window, copy, *overwrites, tally);
     }
-    window.say(QStringLiteral("Plain copies in %1: %2").arg(folder, tally.text()));
+    window.showMessage(QStringLiteral("Plain copies in %1: %2").arg(folder, tally.text()));
     return tally.notBegun == 0;
 }
 

@@ -31,7 +31,7 @@ bool insertBlock(HostWindow &window, const HostDocumentPtr &document)
     for (const BlockDefinitionPtr &block : document->drawing.blocks())
         names << block->name;
     if (names.isEmpty()) {
-        window.say(QStringLiteral("This drawing has no blocks. Import one first."));
+        window.showMessage(QStringLiteral("This drawing has no blocks. Import one first."));
         return true;
     }
     bool ok = false;
@@ -53,7 +53,7 @@ bool explodeSelection(HostWindow &window, const HostDocumentPtr &document)
     const auto exploded = std::count_if(document->selection.begin(), document->selection.end(),
                                         [&](EntityId id) { return explode(document->drawing, id); });
     if (exploded == 0)
-        window.say(QStringLiteral("No block is selected."));
+        window.showMessage(QStringLiteral("No block is selected."));
     document->selection.clear();
     window.session().notifyDocumentsChanged();
     return exploded > 0;
@@ -61,7 +61,7 @@ bool explodeSelection(HostWindow &window, const HostDocumentPtr &document)
 
 bool closeDocument(HostWindow &window, const HostDocumentPtr &document)
 {
-    if (!mayClose(window, document))
+    if (!confirmClosing(window, document))
         return false;
     window.session().close(document);
     return true;
@@ -93,7 +93,7 @@ bool changeOptions(HostWindow &window, const HostDocumentPtr & /*document*/)
     if (dialog.wantsRestart())
         QTimer::singleShot(0, &window, &HostWindow::restart); // when this command has ended
     else if (!isSame(dialog.settings(), window.session().settings))
-        window.say(QStringLiteral("Stored. Takes effect at the next start."));
+        window.showMessage(QStringLiteral("Stored. Takes effect at the next start."));
     return true;
 }
 
@@ -149,14 +149,14 @@ const WindowCommand windowCommands[] = {
     {"_QUIT", Needs::Nothing, quit, "Closes the window"},
 };
 
-enum class Place { BehindTheOthers, AlwaysLast };
+enum class Position { BehindTheOthers, AlwaysLast };
 
 struct Entry {
     const char *parentId;
     const char *id;
     const char *name;
     const char *command;
-    Place place = Place::BehindTheOthers;
+    Position position = Position::BehindTheOthers;
 };
 
 const Entry entries[] = {
@@ -173,8 +173,8 @@ const Entry entries[] = {
     {"ID_Help", "ID_HELP", "&Commands", "_HELP"},
     {"ID_Help", "ID_ABOUT", "&About...", "_ABOUT"},
     // Add-ins count what stands before their own buttons.
-    {"ID_ToolbarInsert", "ID_PREPARESVG", "Prepare SVG Files", "PREPARESVG", Place::AlwaysLast},
-    {"ID_ImportPANELROW", "ID_PREPARESVG", "Prepare SVG", "PREPARESVG", Place::AlwaysLast},
+    {"ID_ToolbarInsert", "ID_PREPARESVG", "Prepare SVG Files", "PREPARESVG", Position::AlwaysLast},
+    {"ID_ImportPANELROW", "ID_PREPARESVG", "Prepare SVG", "PREPARESVG", Position::AlwaysLast},
 };
 
 UserInterfaceNodePtr makeNode(const Entry &entry)
@@ -183,7 +183,7 @@ UserInterfaceNodePtr makeNode(const Entry &entry)
     node->id = QLatin1String(entry.id);
     node->name = QLatin1String(entry.name);
     node->commandId = QLatin1String(entry.command);
-    node->staysLast = entry.place == Place::AlwaysLast;
+    node->staysLast = entry.position == Position::AlwaysLast;
     return node;
 }
 
@@ -206,11 +206,11 @@ void addWindowCommands(HostWindow &window)
         const auto body = [&window, &session, command] {
             const HostDocumentPtr document = session.activeDocument();
             if (command.needs != Needs::Nothing && !document) {
-                window.say(QStringLiteral("No drawing is open."));
+                window.showMessage(QStringLiteral("No drawing is open."));
                 return false;
             }
             if (command.needs == Needs::FreeDocument && document->isLocked) {
-                window.say(QStringLiteral("%1 is being saved.").arg(document->shownName()));
+                window.showMessage(QStringLiteral("%1 is being saved.").arg(document->shownName()));
                 return false;
             }
             return command.body(window, document);

@@ -19,7 +19,7 @@ EntityId Drawing::add(Entity entity)
 {
     if (m_chunks.isEmpty() || m_chunks.constLast().size() == chunkSize)
         m_chunks.append(Chunk());
-    m_chunks.last().append({std::make_shared<Entity>(std::move(entity)), Place::ModelSpace});
+    m_chunks.last().append({std::make_shared<Entity>(std::move(entity)), Owner::ModelSpace});
     const int count = (m_chunks.size() - 1) * chunkSize + m_chunks.constLast().size();
     const auto id = static_cast<EntityId>(count);
     m_modelSpace.append(id);
@@ -36,13 +36,13 @@ const Entity *Drawing::find(EntityId id) const
 bool Drawing::isInModelSpace(EntityId id) const
 {
     const StoredEntity *found = stored(id);
-    return found && found->entity && found->place == Place::ModelSpace;
+    return found && found->entity && found->owner == Owner::ModelSpace;
 }
 
 std::vector<EntityId> Drawing::modelSpace() const
 {
     std::vector<EntityId> ids;
-    ids.reserve(static_cast<std::size_t>(m_modelSpace.size() - m_left));
+    ids.reserve(static_cast<std::size_t>(m_modelSpace.size() - m_gaps));
     std::copy_if(m_modelSpace.begin(), m_modelSpace.end(), std::back_inserter(ids),
                  [this](EntityId id) { return isInModelSpace(id); });
     return ids;
@@ -68,7 +68,7 @@ bool Drawing::createBlock(const QString &name, const Point &base, const std::vec
     for (const EntityId id : entities) {
         if (!isInModelSpace(id))
             continue;
-        ownStored(id).place = Place::Block;
+        ownStored(id).owner = Owner::Block;
         definition->entities.push_back(id);
         removeFromModelSpace();
     }
@@ -157,13 +157,13 @@ Entity &Drawing::ownEntity(EntityId id)
 void Drawing::removeFromModelSpace()
 {
     // Closing the gap at once would cost the whole list for every entity: wait until half of it is gaps.
-    ++m_left;
-    if (m_left * 2 < m_modelSpace.size())
+    ++m_gaps;
+    if (m_gaps * 2 < m_modelSpace.size())
         return;
     m_modelSpace.erase(std::remove_if(m_modelSpace.begin(), m_modelSpace.end(),
                                       [this](EntityId id) { return !isInModelSpace(id); }),
                        m_modelSpace.end());
-    m_left = 0;
+    m_gaps = 0;
 }
 
 } // namespace refhost

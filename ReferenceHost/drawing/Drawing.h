@@ -82,11 +82,11 @@ public:
     void goTo(const Drawing &state);
 
 private:
-    enum class Place { ModelSpace, Block };
+    enum class Owner { ModelSpace, Block };
 
     struct StoredEntity {
         std::shared_ptr<Entity> entity; // null when it was erased
-        Place place = Place::ModelSpace;
+        Owner owner = Owner::ModelSpace;
     };
     using Chunk = QVector<StoredEntity>;
 
@@ -101,7 +101,7 @@ private:
     // changed.
     QVector<Chunk> m_chunks;
     QVector<EntityId> m_modelSpace; // may name entities that have left; they are skipped
-    int m_left = 0;
+    int m_gaps = 0;
     std::uint64_t m_revision = 0;
     std::uint64_t m_lastRevision = 0;
     std::vector<BlockDefinitionPtr> m_blocks;

@@ -45,7 +45,7 @@ QString couldNotStart(const QString &reason)
 }
 
 /// What node's report says of what happened; most of it is a stack trace.
-QString essence(const QByteArray &messages)
+QString reasonIn(const QByteArray &messages)
 {
     for (const char *const phrase : {"out of memory", "OOM", "bad_alloc"}) {
         if (messages.contains(phrase))
@@ -263,7 +263,7 @@ void EncoderProcess::failAll(const QString &error)
 
 QString EncoderProcess::unexpectedStop() const
 {
-    const QString reason = essence(m_messages);
+    const QString reason = reasonIn(m_messages);
     const QString stopped = QStringLiteral("the DWG encoder (node) stopped unexpectedly");
     return reason.isEmpty() ? stopped : QStringLiteral("%1: %2").arg(stopped, reason);
 }

@@ -107,7 +107,7 @@ export function withDocument({ blocks, entities }, write) {
         for (const block of list(blocks, "blocks"))
             known.set(block.name, defineBlock(document, block, known));
         const extents = fill(document.modelSpace, entities, known, "model space");
-        lookAt(document, extents);
+        setInitialView(document, extents);
         return write(document);
     } finally {
         blank.clear();
@@ -215,7 +215,7 @@ function made(entity, known) {
 }
 
 /** Makes viewers open the drawing where its entities are. An empty drawing keeps the package's default view. */
-function lookAt(document, { isEmpty, minX, minY, maxX, maxY }) {
+function setInitialView(document, { isEmpty, minX, minY, maxX, maxY }) {
     if (isEmpty)
         return;
     document.header.modelSpaceExtMin = new XYZ(minX, minY, 0);

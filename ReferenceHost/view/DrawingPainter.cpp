@@ -4,7 +4,7 @@
 #include "view/DrawingPainter.h"
 
 #include "drawing/Explode.h"
-#include "view/Shapes.h"
+#include "view/ShapeGeometry.h"
 #include "view/VisiblePath.h"
 
 #include <QPainter>
@@ -19,22 +19,22 @@ namespace {
 constexpr int elementsOfLine = 16; // those that a path may have to cost as much as a line, next to its entity
 
 /// Where the entities of model space or of one placed block are shown.
-struct Place {
+struct Mapping {
     Affine toDrawing;
     Affine toPixels;
     int depth = 0;
     bool keepsAngles = true; // boxes hold here
 };
 
-QPointF pixelOf(const Point &point, const Place &place)
+QPointF pixelOf(const Point &point, const Mapping &mapping)
 {
-    const Point pixel = place.toPixels.mapPoint(point);
+    const Point pixel = mapping.toPixels.mapPoint(point);
     return {pixel.x, pixel.y};
 }
 
-QPointF pixelVector(const Point &vector, const Place &place)
+QPointF pixelVector(const Point &vector, const Mapping &mapping)
 {
-    const Point pixels = place.toPixels.mapVector(vector);
+    const Point pixels = mapping.toPixels.mapVector(vector);
     return {pixels.x, pixels.y};
 }
 
@@ -58,17 +58,17 @@ bool meets(const QPolygonF &line, const QRectF &rect)
 }
 
 /// One pass over a drawing; without a painter it looks for lines in the view until it has found one.
-class Pass {
+class EntityPass {
 public:
-    Pass(const Drawing &drawing, QPainter *painter, const ViewTransform &view, Lettering &lettering,
-         double lineWidth, const EntityBoxes *boxes, const std::function<bool(int)> &mayGoOn)
+    EntityPass(const Drawing &drawing, QPainter *painter, const ViewTransform &view, Lettering &lettering,
+               double lineWidth, const EntityBoxes *boxes, const std::function<bool(int)> &spend)
         : m_drawing(drawing)
         , m_painter(painter)
         , m_view(view)
         , m_lettering(lettering)
         , m_lineWidth(lineWidth)
         , m_boxes(boxes)
-        , m_mayGoOn(mayGoOn)
+        , m_spend(spend)
     {
         const double margin = painter ? lineWidth + 1.0 : 0.0;
         m_visible = viewRect().adjusted(-margin, -margin, margin, margin);
@@ -86,64 +86,64 @@ public:
         m_colour = colour;
     }
 
-    void paint(EntityId id, const Place &place)
+    void paint(EntityId id, const Mapping &mapping)
     {
         const Entity *entity = m_drawing.find(id);
-        if (entity && mayGoOn(1) && !isOutside(id, place))
-            std::visit([&](const auto &shape) { show(shape, place); }, *entity);
+        if (entity && spend(1) && !isOutside(id, mapping))
+            std::visit([&](const auto &shape) { show(shape, mapping); }, *entity);
     }
 
-    void paint(const BlockDefinition &block, const Placement &placement, const Place &outer)
+    void paint(const BlockDefinition &block, const Placement &placement, const Mapping &outer)
     {
         if (outer.depth >= deepestNesting)
             return;
-        Place place;
-        place.toDrawing = combined(Affine::fromPlacement(placement, block.base), outer.toDrawing);
-        place.toPixels = combined(place.toDrawing, m_view.toPixels());
-        place.depth = outer.depth + 1;
-        place.keepsAngles = keepsAngles(place.toDrawing);
+        Mapping mapping;
+        mapping.toDrawing = combined(Affine::fromPlacement(placement, block.base), outer.toDrawing);
+        mapping.toPixels = combined(mapping.toDrawing, m_view.toPixels());
+        mapping.depth = outer.depth + 1;
+        mapping.keepsAngles = keepsAngles(mapping.toDrawing);
         for (const EntityId id : block.entities) {
-            if (m_hasEnded || (place.depth > 1 && !mayStillPaintNested()))
+            if (m_hasEnded || (mapping.depth > 1 && !countNested()))
                 return;
-            paint(id, place);
+            paint(id, mapping);
         }
     }
 
 private:
-    void show(const Line &line, const Place &place)
+    void show(const Line &line, const Mapping &mapping)
     {
         VisiblePath path(m_visible);
-        path.addLine(pixelOf(line.start, place), pixelOf(line.end, place));
+        path.addLine(pixelOf(line.start, mapping), pixelOf(line.end, mapping));
         stroke(path);
     }
 
-    void show(const Circle &circle, const Place &place) { show(asEllipse(circle), place); }
+    void show(const Circle &circle, const Mapping &mapping) { show(asEllipse(circle), mapping); }
 
-    void show(const Ellipse &ellipse, const Place &place)
+    void show(const Ellipse &ellipse, const Mapping &mapping)
     {
         VisiblePath path(m_visible);
-        const QPointF center = pixelOf(ellipse.center, place);
-        path.addEllipse(center, pixelVector(ellipse.axis, place), pixelVector(otherAxis(ellipse), place));
+        const QPointF center = pixelOf(ellipse.center, mapping);
+        path.addEllipse(center, pixelVector(ellipse.axis, mapping), pixelVector(otherAxis(ellipse), mapping));
         stroke(path);
     }
 
-    void show(const Polyline &polyline, const Place &place);
-    void show(const Spline &spline, const Place &place);
-    void show(const Note &note, const Place &place);
+    void show(const Polyline &polyline, const Mapping &mapping);
+    void show(const Spline &spline, const Mapping &mapping);
+    void show(const Note &note, const Mapping &mapping);
 
-    void show(const BlockInstance &instance, const Place &place)
+    void show(const BlockInstance &instance, const Mapping &mapping)
     {
         if (const BlockDefinition *block = m_drawing.block(instance.blockName))
-            paint(*block, instance.placement, place);
+            paint(*block, instance.placement, mapping);
     }
 
     void stroke(const VisiblePath &path);
     void strokeIfLong(VisiblePath &path);
-    void look(const QPainterPath &path, bool isFilled);
+    void search(const QPainterPath &path, bool isFilled);
     QRectF viewRect() const { return {QPointF(), m_view.size}; }
-    bool isOutside(EntityId id, const Place &place) const;
-    bool mayGoOn(int effort);
-    bool mayStillPaintNested();
+    bool isOutside(EntityId id, const Mapping &mapping) const;
+    bool spend(int effort);
+    bool countNested();
 
     const Drawing &m_drawing;
     QPainter *m_painter;
@@ -151,7 +151,7 @@ private:
     Lettering &m_lettering;
     const double m_lineWidth;
     const EntityBoxes *m_boxes;
-    const std::function<bool(int)> m_mayGoOn;
+    const std::function<bool(int)> m_spend;
     bool m_hasEnded = false;
     bool m_hasFound = false;
     QRectF m_visible;
@@ -159,16 +159,16 @@ private:
     int m_nestedLeft = 2000000;
 };
 
-void Pass::show(const Polyline &polyline, const Place &place)
+void EntityPass::show(const Polyline &polyline, const Mapping &mapping)
 {
     const std::vector<double> &points = polyline.points;
     if (points.size() < 2)
         return;
     VisiblePath path(m_visible);
-    const QPointF first = pixelOf({points[0], points[1], 0.0}, place);
+    const QPointF first = pixelOf({points[0], points[1], 0.0}, mapping);
     QPointF from = first;
     for (std::size_t i = 2; i + 1 < points.size() && !m_hasEnded; i += 2) {
-        const QPointF to = pixelOf({points[i], points[i + 1], 0.0}, place);
+        const QPointF to = pixelOf({points[i], points[i + 1], 0.0}, mapping);
         path.addLine(from, to);
         from = to;
         strokeIfLong(path);
@@ -178,23 +178,23 @@ void Pass::show(const Polyline &polyline, const Place &place)
     stroke(path);
 }
 
-void Pass::show(const Spline &spline, const Place &place)
+void EntityPass::show(const Spline &spline, const Mapping &mapping)
 {
     const std::vector<Point> &control = spline.controlPoints;
     VisiblePath path(m_visible);
     for (std::size_t i = 0; i + 3 < control.size() && !m_hasEnded; i += 3) {
-        path.addCubic(pixelOf(control[i], place), pixelOf(control[i + 1], place),
-                      pixelOf(control[i + 2], place), pixelOf(control[i + 3], place));
+        path.addCubic(pixelOf(control[i], mapping), pixelOf(control[i + 1], mapping),
+                      pixelOf(control[i + 2], mapping), pixelOf(control[i + 3], mapping));
         strokeIfLong(path);
     }
     stroke(path);
 }
 
-void Pass::show(const Note &note, const Place &place)
+void EntityPass::show(const Note &note, const Mapping &mapping)
 {
     constexpr double smallestLegible = 2.0; // pixels
     constexpr double widestLetter = 20.0;   // letter heights; some scripts have whole words in one letter
-    const Note shown = std::get<Note>(transformed(note, place.toDrawing));
+    const Note shown = std::get<Note>(transformed(note, mapping.toDrawing));
     const QPointF start = m_view.toPixels(shown.position);
     const double height = shown.height * m_view.pixelsPerUnit;
     VisiblePath path(m_visible);
@@ -207,9 +207,9 @@ void Pass::show(const Note &note, const Place &place)
     const double sine = scale * std::sin(shown.rotation);
     const QTransform toPixels(cosine, -sine, sine, cosine, start.x(), start.y());
     path.addLetters(toPixels.map(isLegible ? m_lettering.outline(shown.text) : m_lettering.bar(shown.text)));
-    mayGoOn(path.path().elementCount() / elementsOfLine);
+    spend(path.path().elementCount() / elementsOfLine);
     if (!m_painter) {
-        look(path.path(), true);
+        search(path.path(), true);
         return;
     }
 
@@ -220,16 +220,16 @@ void Pass::show(const Note &note, const Place &place)
 }
 
 /// A shape too small for a line leaves a dot.
-void Pass::stroke(const VisiblePath &path)
+void EntityPass::stroke(const VisiblePath &path)
 {
     constexpr double dot = 0.1; // pixels
     if (path.path().elementCount() == 0)
         return;
-    mayGoOn(path.path().elementCount() / elementsOfLine);
+    spend(path.path().elementCount() / elementsOfLine);
     const QRectF box = path.path().controlPointRect();
     const bool isDot = box.width() < dot && box.height() < dot;
     if (!m_painter)
-        look(path.path(), false);
+        search(path.path(), false);
     else if (isDot)
         m_painter->drawPoint(box.center());
     else
@@ -238,7 +238,7 @@ void Pass::stroke(const VisiblePath &path)
 
 /// Strokes what `path` has gathered when it is much. QPainter finds the outline of a path as a whole: a
 /// spiral of 100,000 points takes 3 s at once. Round line ends hide where the parts meet.
-void Pass::strokeIfLong(VisiblePath &path)
+void EntityPass::strokeIfLong(VisiblePath &path)
 {
     constexpr int manyPoints = 128;
     if (path.path().elementCount() < manyPoints)
@@ -248,7 +248,7 @@ void Pass::strokeIfLong(VisiblePath &path)
 }
 
 /// A path of no length has no polygons.
-void Pass::look(const QPainterPath &path, bool isFilled)
+void EntityPass::search(const QPainterPath &path, bool isFilled)
 {
     const QRectF rect = viewRect();
     const QList<QPolygonF> lines = path.toSubpathPolygons();
@@ -262,26 +262,26 @@ void Pass::look(const QPainterPath &path, bool isFilled)
 }
 
 /// By the boxes, rounding and the width of lines allowed for.
-bool Pass::isOutside(EntityId id, const Place &place) const
+bool EntityPass::isOutside(EntityId id, const Mapping &mapping) const
 {
-    if (!m_boxes || !place.keepsAngles)
+    if (!m_boxes || !mapping.keepsAngles)
         return false;
-    const Affine &map = place.toPixels;
+    const Affine &map = mapping.toPixels;
     const Extents box = m_boxes->of(id).mapped(map);
     const double rounding = 1e-14 * (std::abs(map.e) + std::abs(map.f));
     return box.maxX < m_visible.left() - rounding || box.minX > m_visible.right() + rounding
         || box.maxY < m_visible.top() - rounding || box.minY > m_visible.bottom() + rounding;
 }
 
-bool Pass::mayGoOn(int effort)
+bool EntityPass::spend(int effort)
 {
-    if (!m_hasEnded && m_mayGoOn && !m_mayGoOn(effort))
+    if (!m_hasEnded && m_spend && !m_spend(effort))
         m_hasEnded = true;
     return !m_hasEnded;
 }
 
 /// Blocks that hold one another twice on every level would otherwise be painted for ever.
-bool Pass::mayStillPaintNested()
+bool EntityPass::countNested()
 {
     return m_nestedLeft > 0 && m_nestedLeft-- > 0;
 }
@@ -307,37 +307,37 @@ bool DrawingPainter::paint(const Drawing &drawing, QPainter &painter, const View
                            const std::unordered_set<EntityId> &selection)
 {
     painter.save();
-    Pass pass(drawing, &painter, view, m_lettering, m_lineWidth, m_boxes, m_mayGoOn);
-    const Place place{{}, view.toPixels()};
+    EntityPass entityPass(drawing, &painter, view, m_lettering, m_lineWidth, m_boxes, m_spend);
+    const Mapping mapping{{}, view.toPixels()};
     bool wasSelected = false;
-    pass.setColour(m_colours.ink);
+    entityPass.setColour(m_colours.ink);
     for (const EntityId id : drawing.modelSpace()) {
         const bool isSelected = selection.count(id) > 0;
         if (isSelected != wasSelected)
-            pass.setColour(isSelected ? m_colours.selected : m_colours.ink);
+            entityPass.setColour(isSelected ? m_colours.selected : m_colours.ink);
         wasSelected = isSelected;
-        pass.paint(id, place);
+        entityPass.paint(id, mapping);
     }
     painter.restore();
-    return pass.isComplete();
+    return entityPass.isComplete();
 }
 
 bool DrawingPainter::paintBlock(const Drawing &drawing, const BlockDefinition &block,
                                 const Placement &placement, QPainter &painter, const ViewTransform &view)
 {
     painter.save();
-    Pass pass(drawing, &painter, view, m_lettering, m_lineWidth, m_boxes, m_mayGoOn);
-    pass.setColour(m_colours.selected);
-    pass.paint(block, placement, Place{{}, view.toPixels()});
+    EntityPass entityPass(drawing, &painter, view, m_lettering, m_lineWidth, m_boxes, m_spend);
+    entityPass.setColour(m_colours.selected);
+    entityPass.paint(block, placement, Mapping{{}, view.toPixels()});
     painter.restore();
-    return pass.isComplete();
+    return entityPass.isComplete();
 }
 
 bool DrawingPainter::isInView(const Drawing &drawing, EntityId id, const ViewTransform &view)
 {
-    Pass pass(drawing, nullptr, view, m_lettering, m_lineWidth, m_boxes, {});
-    pass.paint(id, Place{{}, view.toPixels()});
-    return pass.hasFound();
+    EntityPass entityPass(drawing, nullptr, view, m_lettering, m_lineWidth, m_boxes, {});
+    entityPass.paint(id, Mapping{{}, view.toPixels()});
+    return entityPass.hasFound();
 }
 
 } // namespace refhost

@@ -37,9 +37,9 @@ public:
     void setLineWidth(double width) { m_lineWidth = width; }
     /// What lies outside the view by `boxes`, those of the drawing to be painted, costs next to nothing.
     void setBoxes(const EntityBoxes *boxes) { m_boxes = boxes; }
-    /// Painting ends early when `mayGoOn` says so. It is asked at each entity and stroke; 1 is the effort of
+    /// Painting ends early when `spend` says so. It is asked at each entity and stroke; 1 is the effort of
     /// a line.
-    void setLimit(std::function<bool(int effort)> mayGoOn) { m_mayGoOn = std::move(mayGoOn); }
+    void setLimit(std::function<bool(int effort)> spend) { m_spend = std::move(spend); }
 
     /// Paints model space in drawing order, the entities in `selection` with all they hold in the colour for
     /// selected ones. The paper is the caller's to fill. False when it has ended early.
@@ -59,7 +59,7 @@ private:
     DrawingColours m_colours;
     double m_lineWidth = 1.0;
     const EntityBoxes *m_boxes = nullptr;
-    std::function<bool(int)> m_mayGoOn;
+    std::function<bool(int)> m_spend;
     Lettering m_lettering;
 };
 

@@ -4,7 +4,7 @@
 
 #include "drawing/Explode.h"
 #include "view/Lettering.h"
-#include "view/Shapes.h"
+#include "view/ShapeGeometry.h"
 
 #include <algorithm>
 #include <cmath>
