@@ -2,6 +2,12 @@
 
 #include "kvAddinLanguages.h"
 
+#include "kvAddinConnection.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QTranslator>
+
 #include <algorithm>
 #include <iterator>
 
@@ -38,4 +44,28 @@ const AddinLanguage *languageOf(kvApplication_c *host)
     const auto *row = std::find_if(std::begin(languages), std::end(languages),
                                    [asked](const AddinLanguage &language) { return language.host == asked; });
     return row == std::end(languages) ? nullptr : row;
+}
+
+void KVImportSVGAddinApplication::LoadTranslator()
+{
+    QString path;
+    m_translator = new QTranslator;
+
+    if (const AddinLanguage *language = languageOf(getKvApp())) {
+        QLocale::setDefault(QLocale(language->locale, QLocale::AnyCountry));
+        path = QLatin1String(language->translation);
+    }
+
+    // Without a translation the translator stays empty, and the source texts are shown.
+    const bool loaded = m_translator->load(QDir::toNativeSeparators(path), QString(), QString(), QString());
+    Q_UNUSED(loaded)
+    QCoreApplication::installTranslator(m_translator);
+}
+
+void KVImportSVGAddinApplication::unLoadTranslator()
+{
+    if (!m_translator)
+        return;
+    QCoreApplication::removeTranslator(m_translator);
+    delete m_translator; // the object goes next, and nothing asks for the translator until then
 }
