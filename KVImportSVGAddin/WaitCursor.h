@@ -3,12 +3,11 @@
 #pragma once
 
 #include <QGuiApplication>
+#include <QScopeGuard>
 
-/// Shows the wait cursor while it lives.
-class WaitCursor {
-public:
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor &) = delete;
-    WaitCursor &operator=(const WaitCursor &) = delete;
-};
+/// Shows the wait cursor until the guard that it returns is gone.
+[[nodiscard]] inline auto showWaitCursor()
+{
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    return qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+}

@@ -78,9 +78,9 @@ private:
     kvInterfacePtr<kvApplication_c> m_app;
     kvCommand_c *m_command = nullptr; // the host's, never deleted here
     mainWindow *m_dialog = nullptr;   // ours
-    bool m_isShowing = false;         // true until the dialog's event loop and all its slots have ended
     kvInterfacePtr<kvUserCommand_c> m_userCommand;
     QTranslator *m_translator = nullptr; // ours, deleted by unLoadTranslator
+    bool m_isShowing = false;            // true until the dialog's event loop and all its slots have ended
 };
 
 /// The one add-in object; not null exactly while connected.

@@ -16,8 +16,7 @@
 #include <QDebug>
 #include <QDir>
 #include <QFileInfo>
-
-#include <utility>
+#include <QScopedValueRollback>
 
 namespace {
 
@@ -102,12 +101,10 @@ void mainWindow::runBatch(const QStringList &names)
     const kvInterfacePtr<kvDocument_c> newDrawing = openNewDrawing();
     m_continueBatch = true;
     // Clicks on files enable Start in a run as well: a run inside this one gives the drawing back.
-    kvDocument_c *const outerDrawing = std::exchange(m_batchDocument, newDrawing.get());
+    const QScopedValueRollback<kvDocument_c *> ownDrawing(m_batchDocument, newDrawing.get());
 
     QString lastOutput;
     runForHost("converting a file", [&] { convertFiles(names, lastOutput); });
-    m_batchDocument = outerDrawing;
-
     closeDrawing(lastOutput);
     if (startingDrawing)
         startingDrawing->Activate();
@@ -130,7 +127,7 @@ void mainWindow::convertFiles(const QStringList &names, QString &lastOutput)
 
 void mainWindow::convertFile(const QString &name, QString &lastOutput)
 {
-    const WaitCursor waitCursor;
+    const auto waitCursor = showWaitCursor();
     m_batchSvgData.clear();
     const QString source = ui->source_path_lineEdit->text() + QLatin1Char('/') + name;
     // Cut at the first dot of all, be it one in a folder's name.

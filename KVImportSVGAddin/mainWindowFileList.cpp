@@ -13,8 +13,6 @@
 #include <QHeaderView>
 #include <QTableWidget>
 
-#include <optional>
-
 namespace {
 
 /// The table under a listed file, for information only.
@@ -47,6 +45,14 @@ QWidget *makeFileTable()
     return widget;
 }
 
+/// The names of the SVG files in `folder`. A file named by a single blank is removed from it.
+QStringList svgFilesIn(QDir folder)
+{
+    const auto waitCursor = showWaitCursor();
+    folder.remove(QStringLiteral(" "));
+    return folder.entryList({QStringLiteral("*.svg")}, QDir::Files | QDir::NoDotAndDotDot | QDir::NoSymLinks);
+}
+
 } // namespace
 
 void mainWindow::On_source_path_browse_pushButton()
@@ -58,16 +64,10 @@ void mainWindow::On_source_path_browse_pushButton()
         if (path.isNull())
             return;
 
-        QDir folder(path);
-        folder.remove(QStringLiteral(" "));
-        std::optional<WaitCursor> waitCursor(std::in_place);
-        const QStringList names = folder.entryList({QStringLiteral("*.svg")},
-                                                   QDir::Files | QDir::NoDotAndDotDot | QDir::NoSymLinks);
-        waitCursor.reset(); // there may be something to say
-        listFiles(names);
+        listFiles(svgFilesIn(path));
         if (m_treeItemArray.isEmpty())
             return;
-        ui->source_path_lineEdit->setText(folder.absolutePath());
+        ui->source_path_lineEdit->setText(QDir(path).absolutePath());
         ui->source_path_lineEdit->setCursorPosition(0);
         ui->checkBox_2->setEnabled(true);
     });
@@ -90,7 +90,7 @@ void mainWindow::listFiles(const QStringList &names)
                     DialogText::tr("No SVG file Found in the specified path."), QMessageBox::Ok);
         return;
     }
-    const WaitCursor waitCursor;
+    const auto waitCursor = showWaitCursor();
     ui->treeWidget->clear();
     // A table is made when its row is opened: thousands of them in advance take many seconds.
     disconnect(ui->treeWidget, &QTreeWidget::itemExpanded, this, nullptr);

@@ -16,8 +16,6 @@
 #include <QFileInfo>
 #include <QSettings>
 
-#include <optional>
-
 namespace {
 
 constexpr double radiansPerDegree = 0.017453292519943295;
@@ -46,16 +44,21 @@ bool askForTheRest(kvCommandMessage_c *commandMessage, const kvString &blockName
     return result == kvPromptResult_Completed;
 }
 
-/// Draws `svgText` into the active drawing as a block and inserts that. `instance` keeps what it holds when
+/// Draws `svgText` into the active drawing as a block and gives the block's name.
+kvString drawBlock(const QByteArray &svgText)
+{
+    const auto waitCursor = showWaitCursor();
+    SVGBlockBuilder builder(hostApplication(), svgText);
+    return createBlock(builder);
+}
+
+/// Draws `svgText` as a block and inserts that into the active drawing. `instance` keeps what it holds when
 /// nothing is inserted.
 void insertBlock(const QByteArray &svgText, Insertion at, kvInterfacePtr<kvBlockInstance_c> &instance)
 {
-    std::optional<WaitCursor> waitCursor(std::in_place);
     kvInterfacePtr<kvDocument_c> document;
     hostApplication()->GetActiveDocument(document.out());
-    SVGBlockBuilder builder(hostApplication(), svgText);
-    const kvString name = createBlock(builder);
-    waitCursor.reset(); // the user may be asked now
+    const kvString name = drawBlock(svgText);
     const kvInterfacePtr<kvSketchManager_c> sketchManager = modelSketchManager(document.get());
     kvInterfacePtr<kvCommandMessage_c> commandMessage;
     hostApplication()->GetCommandMessage(commandMessage.out());
@@ -135,7 +138,7 @@ void mainWindow::openSvgFile(QString &path)
         path.clear();
         return;
     }
-    const WaitCursor waitCursor;
+    const auto waitCursor = showWaitCursor();
     m_svgData = loadSvgText(chosen);
     path = chosen;
 }
