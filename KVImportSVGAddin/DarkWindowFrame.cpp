@@ -12,7 +12,7 @@
 
 namespace {
 
-// DWMWA_USE_IMMERSIVE_DARK_MODE: 20 since Windows 10 version 2004, 19 in the versions before it.
+// DWMWA_USE_IMMERSIVE_DARK_MODE: 20 since Windows 10 version 2004, 19 in earlier versions.
 constexpr unsigned darkModeAttribute = 20;
 constexpr unsigned darkModeAttributeBefore2004 = 19;
 

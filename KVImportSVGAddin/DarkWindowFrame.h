@@ -1,4 +1,4 @@
-// Gives a window a dark frame where the platform draws one: on Windows. This is the only file that knows it.
+// Gives a window a dark frame on Windows. No other file depends on the platform.
 
 #pragma once
 
@@ -6,13 +6,13 @@
 
 class QWidget;
 
-/// Sets the window attribute `attribute` to on; 0 is success, as Windows' result codes have it.
+/// Turns the window attribute `attribute` on. 0 means success, as in Windows' result codes.
 using SetWindowAttribute = std::function<long(unsigned attribute)>;
 
-/// Asks the platform for a dark frame around the native window of `owner`. Nothing happens where the frame is
-/// not the program's to colour.
+/// Gives the native window of `owner` a dark frame. Does nothing on platforms where a program cannot colour
+/// it.
 void setDarkWindowFrame(QWidget *owner);
 
-/// Tries the attribute's number first as Windows documents it, then, when that is refused, as the first
-/// versions that had dark frames knew it.
+/// Tries the documented number of the attribute. When Windows refuses it, tries the number of the first
+/// versions with dark frames.
 void setDarkFrameAttribute(const SetWindowAttribute &set);

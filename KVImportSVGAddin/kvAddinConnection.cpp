@@ -1,4 +1,4 @@
-// Connects the add-in to the host and disconnects it, and runs the import dialog when the user asks for it.
+// Connects the add-in to the host and disconnects it, and shows the import dialog when the user asks for it.
 
 #include "kvAddinConnection.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 kvApplication_c *currentHostApplication = nullptr;
 
-/// The host's theme option; 0, which is light, when it cannot be read.
+/// The host's theme option; 0 (light) when it cannot be read.
 std::int32_t readThemeOption()
 {
     long value = 0;
@@ -42,7 +42,7 @@ bool connectToKorvane(std::int32_t /*reserved*/, kvApplication_c *app)
     const bool connected = runForHost("connecting", [app] {
         setHostApplication(app);
         g_addinApplication = new KVImportSVGAddinApplication(app);
-        // First of all, so that every text that follows is translated.
+        // The translation comes first: every text after it is translated.
         g_addinApplication->LoadTranslator();
         g_addinApplication->CreateUserInterfaceAndCommands();
     });
@@ -56,7 +56,8 @@ bool disconnectFromKorvane()
     if (!g_addinApplication)
         return true;
 
-    // Each step by itself: one that fails must not leave the host with callbacks into an unloaded library.
+    // Each step runs by itself: a failing one must not leave the host with callbacks into an unloaded
+    // library.
     KVImportSVGAddinApplication &addin = *g_addinApplication;
     runForHost("removing the ribbon button", [&addin] { addin.RemoveRibbonRowItem(L"ImportSVG"); });
     runForHost("removing the translation", [&addin] { addin.unLoadTranslator(); });
@@ -125,7 +126,7 @@ bool KVImportSVGAddinApplication::ExecuteNotifyHook(void *data)
 void KVImportSVGAddinApplication::showDialog()
 {
     const bool isClosed = !m_dialog || !m_dialog->m_dialogActive;
-    // A closed dialog whose import waits for an answer, or whose run goes on, must live until that has ended.
+    // A closed dialog must live until its import or its run has ended.
     if (m_isShowing && isClosed)
         return;
     if (isClosed) {

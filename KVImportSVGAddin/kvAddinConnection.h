@@ -1,5 +1,5 @@
-// The add-in as the host sees it: the two functions by which it connects, and the object behind the command
-// IMPORTSVG.
+// The add-in as the host sees it: two functions that connect and disconnect it, and the object behind the
+// command IMPORTSVG.
 
 #pragma once
 
@@ -15,13 +15,13 @@
 class QTranslator;
 class mainWindow;
 
-/// Called by the host after it has loaded the library: registers IMPORTSVG and places its entries in the user
-/// interface of `app`. False when the add-in is connected already (nothing happens then) or could not
-/// connect.
+/// Registers IMPORTSVG and places its entries in the user interface of `app`. The host calls it once the
+/// library is loaded. False when connecting fails, and when the add-in is connected already; then nothing
+/// happens.
 extern "C" KVADDIN_EXPORT bool connectToKorvane(std::int32_t reserved, kvApplication_c *app);
 
-/// Called by the host before it unloads the library: takes everything of the add-in out of the host again.
-/// Always true, also when the add-in is not connected.
+/// Takes everything of the add-in out of the host. The host calls it before it unloads the library. Always
+/// true, also when the add-in is not connected.
 extern "C" KVADDIN_EXPORT bool disconnectFromKorvane();
 
 /// The host application given at the last connect; null before the first.
@@ -46,7 +46,7 @@ public:
     /// Whether the host has a dark theme. Its option is read once and kept until the library is unloaded.
     bool isDarkMode() const;
 
-    /// Installs the translation that matches the host's language and makes that language Qt's default locale.
+    /// Installs the translation for the host's language and makes that language Qt's default locale.
     void LoadTranslator();
     /// Removes and deletes the translation.
     void unLoadTranslator();
@@ -60,9 +60,9 @@ public:
     /// Takes the add-in's buttons off the host's import row, whatever `itemName` says.
     void RemoveRibbonRowItem(const kvString &itemName);
 
-    /// The user started IMPORTSVG: shows the dialog and returns when it has closed. A dialog that the user
-    /// closed is replaced by a fresh one, unless its import or run has not ended yet: then nothing happens.
-    /// One that was only hidden comes back as it was. False when the dialog could not be shown.
+    /// Shows the dialog when the user starts IMPORTSVG, and returns when it is closed or hidden. A hidden
+    /// dialog comes back as it was; a closed one is replaced by a fresh one. Nothing happens while the import
+    /// or the run of a closed dialog goes on. False when the dialog cannot be shown.
     bool ExecuteNotify() override;
     /// The callback that the host calls for the command; `data` is the add-in object.
     static bool ExecuteNotifyHook(void *data);
@@ -80,7 +80,7 @@ private:
     mainWindow *m_dialog = nullptr;   // ours
     kvInterfacePtr<kvUserCommand_c> m_userCommand;
     QTranslator *m_translator = nullptr; // ours, deleted by unLoadTranslator
-    bool m_isShowing = false;            // true until the dialog's event loop and all its slots have ended
+    bool m_isShowing = false;            // true until the dialog's event loop and its slots have ended
 };
 
 /// The one add-in object; not null exactly while connected.

@@ -6,7 +6,7 @@
 
 #include <exception>
 
-/// Runs `body`; false when it threw, which is written to the debug output under the name `step`.
+/// Runs `body`. False when it throws; the debug output then names `step` and the reason.
 template <class Body>
 bool runForHost(const char *step, const Body &body) noexcept
 {

@@ -1,4 +1,4 @@
-// One row for each language, with all that depends on it.
+// One row for each language with all that depends on it, and the translation of the add-in's texts.
 
 #include "kvAddinLanguages.h"
 
@@ -13,8 +13,8 @@
 
 namespace {
 
-// The names are meant as they stand: "japnese" is what the file is called, and the Italian and Brazilian ones
-// name no file, so that these two get their locale and the source texts.
+// The names stay as they are. The Japanese file is called "japnese". The Italian and the Brazilian row name
+// no file: these users get their locale and the source texts.
 // clang-format off
 constexpr AddinLanguage languages[] = {
     {kvLanguage_English, QLocale::English, ":/translation/ImportSVG_english.qm", "English"},
@@ -38,7 +38,7 @@ constexpr AddinLanguage languages[] = {
 
 const AddinLanguage *languageOf(kvApplication_c *host)
 {
-    kvLanguage_e asked{}; // none of the table, should the host not answer
+    kvLanguage_e asked{}; // in no row, for a host that does not answer
     if (host)
         host->GetLanguage(&asked);
     const auto *row = std::find_if(std::begin(languages), std::end(languages),
@@ -67,5 +67,5 @@ void KVImportSVGAddinApplication::unLoadTranslator()
     if (!m_translator)
         return;
     QCoreApplication::removeTranslator(m_translator);
-    delete m_translator; // the object goes next, and nothing asks for the translator until then
+    delete m_translator; // nothing asks for it again: the add-in object goes next
 }

@@ -1,4 +1,4 @@
-// The languages that the host's user interface comes in.
+// The languages of the host's user interface.
 
 #pragma once
 
@@ -13,5 +13,5 @@ struct AddinLanguage {
     const char *webHelp;     ///< what the web help calls the language
 };
 
-/// The language of `host`; null when there is no host, or none of the add-in's languages is set.
+/// The language of `host`; null without a host, and when the add-in does not know the language.
 const AddinLanguage *languageOf(kvApplication_c *host);

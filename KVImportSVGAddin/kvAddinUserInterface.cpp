@@ -1,5 +1,5 @@
 // Puts IMPORTSVG into the host's user interface: the command itself, a toolbar button, a menu item and a
-// ribbon button. The add-in makes no toolbar, menu or ribbon row of its own: it looks for the host's.
+// ribbon button. The add-in makes no toolbar, menu or ribbon row of its own; it adds to the host's.
 
 #include "kvAddinConnection.h"
 
@@ -50,15 +50,14 @@ bool hasApiId(T &object, const kvString &id)
     return actual.Compare(id) == 0;
 }
 
-/// What the command shows and sends wherever the user finds it, in the user's language. Its name is a text
-/// like the others.
+/// The texts of the command in the user's language. The command's name is a text like the others.
 struct CommandTexts {
     kvString name = toKvString(QObject::tr("IMPORTSVG"));
     kvString commandLine = toKvString(QObject::tr("^C^CIMPORTSVG"));
     kvString description = toKvString(QObject::tr("Inserts SVG file as block : IMPORTSVG"));
 };
 
-/// The icon of the command, the same file for small and large.
+/// The command's icon; one file serves as the small and the large one.
 kvString commandIcon(bool dark)
 {
     return dark ? L":/KVImportSVGAddin/Resource/DarkMode/ImportSVG-32.svg"
@@ -73,7 +72,8 @@ bool isNamed(kvToolbar_c &toolbar, const wchar_t *wanted)
     return name.Compare(wanted) == 0;
 }
 
-/// Puts a button after each drawing-export button of `toolbar`. `itemsSeen` counts the items up to it.
+/// Puts a button after each drawing-export button of `toolbar`. `itemsSeen` counts the items, those of
+/// earlier toolbars included.
 void addButtons(kvToolbar_c &toolbar, const kvString &commandId, std::int32_t &itemsSeen)
 {
     kvObjectPtrArray list;
@@ -82,7 +82,7 @@ void addButtons(kvToolbar_c &toolbar, const kvString &commandId, std::int32_t &i
         ++itemsSeen;
         if (!hasId(*item.get(), L"ID_EXPORTDRAWING"))
             continue;
-        kvToolbarItem_c *added = nullptr; // left to the host, which frees it when it closes
+        kvToolbarItem_c *added = nullptr; // the host frees it when it closes
         toolbar.InsertToolbarItem(KVImportSVGAddinApplication::appID, kvToolbarItem_Button, itemsSeen + 1,
                                   toKvString(QObject::tr("ImportSVG")), commandId, &added);
     }
@@ -92,7 +92,7 @@ void addToolbarButtons(kvApplication_c &app, const kvString &commandId)
 {
     kvObjectPtrArray list;
     app.GetToolbars(kvUIState_Document, &list);
-    // One count for all: on a second "Insert" toolbar positions go on from the first one's.
+    // One count serves all toolbars: on a second "Insert" toolbar the positions go on from the first.
     std::int32_t itemsSeen = 0;
     for (const auto &toolbar : handlesOf<kvToolbar_c>(list)) {
         if (isNamed(*toolbar.get(), L"Insert"))
@@ -128,7 +128,7 @@ Handles<kvRibbonTab_c> ribbonTabs(kvApplication_c &app)
     return handlesOf<kvRibbonTab_c>(list);
 }
 
-/// Calls `visit` with every import panel of `tab`, if that is an import tab.
+/// Calls `visit` with every import panel of an import tab, and does nothing for other tabs.
 template <class Visit>
 void visitImportPanels(kvRibbonTab_c &tab, const Visit &visit)
 {
@@ -149,7 +149,7 @@ bool isImportRow(kvRibbonRow_c *row)
 
 void addRibbonButton(kvRibbonPanel_c &panel, const kvString &commandId)
 {
-    // Row and button are left to the host, which frees them when it closes.
+    // The host frees row and button when it closes.
     kvRibbonRow_c *row = nullptr;
     panel.GetRibbonRow(&row);
     if (!isImportRow(row))
@@ -184,7 +184,7 @@ void KVImportSVGAddinApplication::CreateUserInterfaceAndCommands()
     if (!getKvApp())
         return;
 
-    kvCreateCommandError_e error = kvCreateCommand_CommandNameExisted; // unless the host says otherwise
+    kvCreateCommandError_e error = kvCreateCommand_CommandNameExisted; // a host that says nothing has refused
     getKvApp()->CreateCommand(appID, texts.name, &error, &m_command);
     kvString commandId;
     if (error == kvCreateCommand_Succeeded) {
@@ -207,7 +207,7 @@ void KVImportSVGAddinApplication::AddRibbonItem(const kvString & /*rowName*/, co
     if (!getKvApp())
         return;
     for (const auto &tab : ribbonTabs(*getKvApp())) {
-        kvString name; // asked for and not needed, like the id below
+        kvString name; // read, but not needed
         tab->get_Name(&name);
         visitImportPanels(*tab.get(),
                           [&commandId](kvRibbonPanel_c &panel) { addRibbonButton(panel, commandId); });
@@ -219,7 +219,7 @@ void KVImportSVGAddinApplication::RemoveRibbonRowItem(const kvString & /*itemNam
     if (!getKvApp())
         return;
     const auto tabs = ribbonTabs(*getKvApp());
-    kvString commandId;
+    kvString commandId; // read, but not needed
     if (m_userCommand)
         m_userCommand->GetID(&commandId);
     for (const auto &tab : tabs)

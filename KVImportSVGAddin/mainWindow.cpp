@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The unit that is chosen at the start, whatever it is called in the user's language.
+/// The unit at the start, whatever the user's language calls it.
 constexpr int inchesIndex = 1;
 
 } // namespace
@@ -20,7 +20,7 @@ mainWindow::mainWindow(QWidget *parent)
 {
     ui->setupUi(this);
 
-    // The host must not end because this was its last open window.
+    // The host must not end when this is its last open window.
     setAttribute(Qt::WA_QuitOnClose, false);
     ui->insert_block->show();
     ui->batch_processing->hide();
@@ -36,13 +36,13 @@ mainWindow::mainWindow(QWidget *parent)
 
 mainWindow::~mainWindow()
 {
-    ui.reset(); // before the members that hold what belongs to the host
+    ui.reset(); // the form goes before the members that hold host objects
 }
 
 void mainWindow::initializeControls()
 {
     ui->main_window_gridLayout->addWidget(ui->widget, 0, 0);
-    // Two panels in one cell, of which one is visible.
+    // The two panels share a cell; one of them is visible.
     ui->main_window_gridLayout->addWidget(ui->insert_block, 1, 0);
     ui->main_window_gridLayout->addWidget(ui->batch_processing, 1, 0);
     ui->main_window_gridLayout->setRowStretch(1, 1);
@@ -129,7 +129,7 @@ void mainWindow::closeEvent(QCloseEvent *event)
     ui->listWidget->clear();
     ui->treeWidget->clear();
 
-    // A copied key: Qt's settings cache keeps it, and a literal's characters go when the host unloads the
+    // The key is a copy: Qt's settings cache keeps it, and a literal is gone once the host unloads the
     // add-in.
     QSettings().setValue(QString::fromLatin1("mainWindowGeometry"), saveGeometry());
     m_dialogActive = false;

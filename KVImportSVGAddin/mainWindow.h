@@ -1,4 +1,4 @@
-// The dialog that IMPORTSVG opens: one SVG file as a block, or a folder of them as drawings.
+// The dialog of IMPORTSVG: inserts one SVG file as a block, or converts a folder of them to drawings.
 
 #pragma once
 
@@ -22,8 +22,7 @@ namespace Ui {
 class MainWindow;
 }
 
-/// The import dialog. It serves one run of the command: when it has been closed, the next run makes a new
-/// one.
+/// The import dialog. It serves one run of the command: after it is closed, the next run makes a new one.
 class mainWindow : public QDialog {
     Q_OBJECT
 
@@ -40,12 +39,12 @@ private:
     QByteArray m_batchSvgData;                // UTF-8 text of the file being converted
     QList<QTreeWidgetItem *> m_treeItemArray; // the tree's; read through listedFiles()
     int m_treeItemCount = 0;
-    QTreeWidgetItem *m_treeItem = nullptr;             // the file listed last
+    QTreeWidgetItem *m_treeItem = nullptr;             // of the last file listed
     QTreeWidgetItem *m_treeChildItem = nullptr;        // its row with the table
     QFileDialog m_fileDialog;                          // never shown
-    kvDocument_c *m_batchDocument = nullptr;           // set while a batch run has a drawing of its own
-    kvInterfacePtr<kvBlockInstance_c> m_blockInstance; // inserted last
-    bool m_continueBatch = true;                       // false once the user confirmed Abort
+    kvDocument_c *m_batchDocument = nullptr;           // a run's own drawing; null outside runs
+    kvInterfacePtr<kvBlockInstance_c> m_blockInstance; // of the last insertion
+    bool m_continueBatch = true;                       // false after the user confirms Abort
     QProcess m_process;                                // not used
 
 public slots:

@@ -24,8 +24,8 @@ constexpr int progressAtStart = 10;
 constexpr int progressPerFile = 40;
 constexpr int progressAtEnd = 100;
 
-/// Runs a host command; false when the host reports an error, by its result or by the error value, which it
-/// may leave alone.
+/// Runs a host command. False when the result or the error value reports an error; the host may leave the
+/// error value as it is.
 bool runCommand(const wchar_t *command)
 {
     kvRunCommandError_e error = kvRunCommand_Succeeded;
@@ -33,7 +33,7 @@ bool runCommand(const wchar_t *command)
     return result == kvResult_Success && error == kvRunCommand_Succeeded;
 }
 
-/// The name that is used instead when `output` exists already.
+/// The name to use when `output` exists already: with `suffix`, and in the folder that links lead to.
 QString nameBesideExisting(const QString &output, const QString &suffix)
 {
     const QFileInfo existing(output);
@@ -48,17 +48,17 @@ void saveDrawing(kvDocument_c &drawing, const QString &fileName)
     drawing.SaveAs2(toKvString(fileName), kvDocumentSaveAs_Drawing, true, &error);
 }
 
-/// The new drawing that a run works in; empty when the host did not open one.
+/// Opens the drawing of a run; empty when the host refuses.
 kvInterfacePtr<kvDocument_c> openNewDrawing()
 {
     kvInterfacePtr<kvDocument_c> drawing;
-    // Without a new drawing the active one is the user's, which a run would empty.
+    // Without a new drawing the active one is the user's, and a run empties its drawing.
     if (runCommand(L"_SMARTNEW"))
         hostApplication()->GetActiveDocument(drawing.out());
     return drawing;
 }
 
-/// Closes the drawing of a run, which the host knows by the name it was last saved under.
+/// Closes the drawing of a run. The host knows the drawing by the name of its last save.
 void closeDrawing(QString fileName)
 {
     fileName.replace(QLatin1Char('/'), QLatin1Char('\\'));
@@ -90,7 +90,7 @@ void mainWindow::On_start_pushButton_clicked()
     ui->start_pushButton->setEnabled(true);
 }
 
-/// Converts the files `names` in a new drawing and comes back to the drawing that was active.
+/// Converts the files `names` in a new drawing, then activates the user's drawing again.
 void mainWindow::runBatch(const QStringList &names)
 {
     if (!hostApplication())
@@ -100,7 +100,8 @@ void mainWindow::runBatch(const QStringList &names)
     hostApplication()->GetActiveDocument(startingDrawing.out());
     const kvInterfacePtr<kvDocument_c> newDrawing = openNewDrawing();
     m_continueBatch = true;
-    // Clicks on files enable Start in a run as well: a run inside this one gives the drawing back.
+    // The user can start a run inside this one, because clicks on files enable Start. That run gives the
+    // drawing back when it ends.
     const QScopedValueRollback<kvDocument_c *> ownDrawing(m_batchDocument, newDrawing.get());
 
     QString lastOutput;
@@ -114,7 +115,7 @@ void mainWindow::convertFiles(const QStringList &names, QString &lastOutput)
 {
     int progress = progressAtStart;
     for (const QString &name : names) {
-        // Abort is pressed, and its question answered, in here.
+        // The user presses Abort and answers its question in here.
         QCoreApplication::processEvents();
         if (!m_continueBatch)
             return;
@@ -130,27 +131,27 @@ void mainWindow::convertFile(const QString &name, QString &lastOutput)
     const auto waitCursor = showWaitCursor();
     m_batchSvgData.clear();
     const QString source = ui->source_path_lineEdit->text() + QLatin1Char('/') + name;
-    // Cut at the first dot of all, be it one in a folder's name.
+    // The first dot ends the name, even a dot in a folder's name.
     const QString output =
         (ui->dest_path_lineEdit->text() + QLatin1Char('/') + name).section(QLatin1Char('.'), 0, 0);
     m_batchSvgData = loadSvgText(source);
     qDebug() << "dirPath" << source;
     qDebug() << "m_treeItemArray" << name;
 
-    // A builder without a new drawing would draw into the user's.
+    // Without a drawing of its own the run would draw into the user's.
     if (!m_batchDocument)
         return;
     SVGBlockBuilder builder(hostApplication(), m_batchSvgData);
     insertBlockAtOrigin(m_batchDocument, createBlock(builder), m_blockInstance);
     On_explode_checkBox_checked(ui->explode_checkBox->isChecked());
     saveBatchDrawing(output + QStringLiteral(".dwg"), lastOutput);
-    // Empty again for the next file.
+    // The next file needs an empty drawing.
     runCommand(L"_SELECTALL");
     runCommand(L"_DELETE");
 }
 
-/// Saves the drawing of the run as `output` or, when there is such a file, under a name that tells the
-/// chosen unit. `lastOutput` becomes the name used.
+/// Saves the drawing of the run as `output`. When that file exists already, the name also tells the chosen
+/// unit. `lastOutput` becomes the name used.
 void mainWindow::saveBatchDrawing(const QString &output, QString &lastOutput)
 {
     QString fileName = output;

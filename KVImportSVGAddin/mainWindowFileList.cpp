@@ -1,5 +1,4 @@
-// The list of batch processing: the SVG files of a source folder, ticked by the user, and when Start can be
-// pressed.
+// The list of batch processing: the user ticks SVG files of a source folder, and Start follows the ticks.
 
 #include "mainWindow.h"
 
@@ -73,14 +72,14 @@ void mainWindow::On_source_path_browse_pushButton()
     });
 }
 
-/// `path` is null when the user cancelled.
+/// Asks the user for a folder; `path` is null when the user cancels.
 void mainWindow::getFolderPath(QString &path)
 {
     path = QFileDialog::getExistingDirectory(this, DialogText::tr("Specify Folder"), QString(),
                                              QFileDialog::ShowDirsOnly);
 }
 
-/// Fills the tree with the files `names`. Without any the user is told, and the tree keeps what it shows.
+/// Fills the tree with the files `names`. Without names it tells the user, and the tree keeps what it shows.
 void mainWindow::listFiles(const QStringList &names)
 {
     m_treeItemCount = 0;
@@ -92,7 +91,7 @@ void mainWindow::listFiles(const QStringList &names)
     }
     const auto waitCursor = showWaitCursor();
     ui->treeWidget->clear();
-    // A table is made when its row is opened: thousands of them in advance take many seconds.
+    // A table is made when its row is opened: thousands made in advance take many seconds.
     disconnect(ui->treeWidget, &QTreeWidget::itemExpanded, this, nullptr);
     connect(ui->treeWidget, &QTreeWidget::itemExpanded, this, [this](const QTreeWidgetItem *file) {
         if (!ui->treeWidget->itemWidget(file->child(0), 0))
@@ -109,13 +108,13 @@ void mainWindow::addListedFile(const QString &name)
     m_treeItem->setCheckState(0, Qt::Unchecked);
     m_treeItem->setText(0, name);
     m_treeChildItem = new QTreeWidgetItem(m_treeItem);
-    // Last: a tree that shows an item hears of each change to it.
+    // The item comes last: a tree follows every change of an item that it shows.
     ui->treeWidget->addTopLevelItem(m_treeItem);
     m_treeItemArray.append(m_treeItem);
     ++m_treeItemCount;
 }
 
-/// The items of the files listed last; none once the tree has deleted them, which closing the dialog does.
+/// The items of the files listed last; none after the dialog is closed, because the tree then deletes them.
 QList<QTreeWidgetItem *> mainWindow::listedFiles() const
 {
     return ui->treeWidget->topLevelItemCount() > 0 ? m_treeItemArray.mid(0, m_treeItemCount)

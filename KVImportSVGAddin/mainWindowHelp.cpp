@@ -1,4 +1,4 @@
-// Opens the host's help on the add-in's topic: on the web in the user's language, or the help file.
+// Opens the host's help on the add-in's topic: on the web in the user's language, or in the help file.
 
 #include "mainWindow.h"
 
@@ -24,7 +24,7 @@ void openWebHelp(kvApplication_c &host)
     host.OpenWebHelp(toKvString(address), &opened);
 }
 
-/// The add-in's help file lies beside the host's; empty when the host names none.
+/// The path of the add-in's help file beside the host's; empty when the host names none.
 QString helpFilePath(kvApplication_c &host)
 {
     kvInterfacePtr<kvSystemFiles_c> files;

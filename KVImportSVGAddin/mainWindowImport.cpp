@@ -20,7 +20,7 @@ namespace {
 
 constexpr double radiansPerDegree = 0.017453292519943295;
 
-/// Where a block goes, and which of it the user is asked for on the command line.
+/// Where a block goes, and what of that the user gives on the command line.
 struct Insertion {
     double x, y, z;
     double scaleX, scaleY, scaleZ;
@@ -28,7 +28,7 @@ struct Insertion {
     bool positionLater, scaleLater, rotationLater;
 };
 
-/// Asks the user for what is to be specified later; false when he cancelled.
+/// Asks the user for what is specified later. False when the user cancels, and when the host cannot ask.
 bool askForTheRest(kvCommandMessage_c *commandMessage, const kvString &blockName, Insertion &at)
 {
     if (!at.positionLater && !at.scaleLater && !at.rotationLater)
@@ -109,13 +109,13 @@ void mainWindow::Browse()
     runForHost("loading the file", [this] {
         QString path;
         openSvgFile(path);
-        // Blanks are left out of what is shown, wherever they are.
+        // The path is shown without its blanks.
         path.remove(QLatin1Char(' '));
 
         const QByteArray bytes = path.toUtf8();
         const QString name = QString::fromLocal8Bit(bytes.mid(bytes.lastIndexOf('/') + 1));
         QString folder = path;
-        folder.remove(name); // every occurrence, in the folder's own name too
+        folder.remove(name); // every occurrence, also in the folder's own name
         folder.chop(1);
         qDebug() << "filename" << name;
         qDebug() << "pathName" << folder;
@@ -123,14 +123,14 @@ void mainWindow::Browse()
     });
 }
 
-/// Asks for an SVG file and loads it. `path` stays empty when the user cancels, which also forgets the file
-/// before, and when it is no SVG file, which he is told and which keeps the file before.
+/// Asks the user for an SVG file, loads it and sets `path` to it. Cancel forgets the earlier file. A file
+/// that is no SVG is refused with a message, and the earlier one stays. `path` is empty in both cases.
 void mainWindow::openSvgFile(QString &path)
 {
     const QString startFolder = QSettings().value(QStringLiteral("default_dir2")).toString();
     const QString chosen = QFileDialog::getOpenFileName(this, DialogText::tr("Open File"), startFolder,
                                                         DialogText::tr("Scalable Vector Graphics (*.svg)"));
-    // Case counts: the dialog lists .SVG files, but they are refused.
+    // Case counts: the file dialog lists .SVG files, but they are refused.
     if (!chosen.isEmpty() && QFileInfo(chosen).suffix() != DialogText::tr("svg")) {
         showMessage(QMessageBox::Warning, DialogText::tr("Korvane"),
                     DialogText::tr("This Drawing cannot be loaded because it is not a SVG file."),

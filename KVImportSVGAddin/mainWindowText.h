@@ -4,8 +4,8 @@
 
 #include <QCoreApplication>
 
-/// Translates in the context of the form, "MainWindow", in which all texts of the dialog are kept. The
-/// dialog's own tr() would look in "mainWindow", the name of its class, where there are none.
+/// Translates in the form's context "MainWindow", which holds all texts of the dialog. The dialog's own tr()
+/// would look in "mainWindow", the name of its class, and find none.
 class DialogText {
     Q_DECLARE_TR_FUNCTIONS(MainWindow)
 };

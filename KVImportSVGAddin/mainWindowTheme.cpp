@@ -11,7 +11,8 @@
 
 namespace {
 
-/// Asked at each use: the host's option may become known only later. Light when the host cannot tell.
+/// Whether the host is dark. The host is asked at each use, because it may know only later. A host that
+/// cannot tell counts as light.
 bool isDark()
 {
     bool dark = false;
@@ -20,8 +21,8 @@ bool isDark()
     return dark;
 }
 
-/// What Qt's own styles leave to be wished for: the read-only fields are transparent and would have no
-/// border, and disabled text could hardly be read on the blue of what is specified later.
+/// Two things that Qt's own styles lack: a border around the read-only fields, which are transparent, and
+/// disabled text that can be read on the blue of what is specified later.
 const char lightPanelStyle[] =
     "QLineEdit[readOnly=\"true\"] { border: 1px solid palette(mid); border-radius: 2px; padding: 2px; }"
     "QLineEdit[readOnly=\"true\"]:focus { border-color: palette(highlight); }"
@@ -72,8 +73,8 @@ void mainWindow::applyDarkStyle(QWidget *owner, QWidget *target)
     setDarkWindowFrame(owner);
 }
 
-/// Shows by colour, under a light host, whether `fields` are disabled; the dark style sheet has its own
-/// colours for that.
+/// Colours `fields` under a light host by whether they are disabled. The dark style sheet has its own colours
+/// for that.
 void mainWindow::colorFields(const QList<QLineEdit *> &fields, bool disabled)
 {
     if (isDark())
@@ -83,7 +84,7 @@ void mainWindow::colorFields(const QList<QLineEdit *> &fields, bool disabled)
                                       : QStringLiteral("background-color : rgb(255, 255, 255)"));
 }
 
-/// Shows a message box and answers with the button that was pressed.
+/// Shows a message box and gives the button that the user pressed.
 int mainWindow::showMessage(QMessageBox::Icon icon, const QString &title, const QString &text,
                             QMessageBox::StandardButtons buttons)
 {

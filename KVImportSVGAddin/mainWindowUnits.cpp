@@ -1,4 +1,4 @@
-// Shows the factor between the unit of the SVG file and the unit that the drawing is to have. It is for
+// Shows the factor between the unit of the SVG file and the unit chosen for the drawing. It is for
 // information only: nothing is drawn with it.
 
 #include "mainWindow.h"
@@ -14,8 +14,8 @@ struct UnitFactor {
     const char *factor;
 };
 
-// The texts are meant as they are, "Milimeters" and the uneven precision included. The names are compared
-// with what the combo box shows: where the user's language has other names, the factor stays as it was.
+// The texts stay as they are, "Milimeters" and the uneven precision included. Names are compared with the
+// text of the combo box: where the user's language has another name, the factor does not change.
 
 /// For an SVG file in feet.
 constexpr UnitFactor masterFactorTable[] = {
@@ -76,7 +76,7 @@ void showFactor(const UnitFactor (&table)[size], const QComboBox &units, QLineEd
 
 } // namespace
 
-// Both slots run whenever the target unit changes; the one whose radio button is checked acts.
+// Both slots run when the target unit changes. The slot of the checked radio button acts.
 
 void mainWindow::On_master_unit_radioButton_clicked()
 {
