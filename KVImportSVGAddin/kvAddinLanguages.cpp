@@ -38,11 +38,11 @@ constexpr AddinLanguage languages[] = {
 
 const AddinLanguage *languageOf(kvApplication_c *host)
 {
-    kvLanguage_e asked{}; // in no row, for a host that does not answer
+    kvLanguage_e value{}; // in no row, for a host that does not answer
     if (host)
-        host->GetLanguage(&asked);
+        host->GetLanguage(&value);
     const auto *row = std::find_if(std::begin(languages), std::end(languages),
-                                   [asked](const AddinLanguage &language) { return language.host == asked; });
+                                   [value](const AddinLanguage &language) { return language.host == value; });
     return row == std::end(languages) ? nullptr : row;
 }
 

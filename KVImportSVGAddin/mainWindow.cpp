@@ -50,12 +50,12 @@ void mainWindow::initializeControls()
     ui->file_unit_line->setGeometry(1, 17, 152, 3);
     ui->file_unit_line->setFixedHeight(3);
 
-    for (QLineEdit *shownOnly : {ui->name_lineEdit, ui->path_lineEdit, ui->source_path_lineEdit,
-                                 ui->dest_path_lineEdit, ui->master_unit_lineEdit, ui->sub_unit_lineEdit})
-        shownOnly->setStyleSheet(QStringLiteral("background-color : transparent"));
+    for (QLineEdit *readOnlyField : {ui->name_lineEdit, ui->path_lineEdit, ui->source_path_lineEdit,
+                                     ui->dest_path_lineEdit, ui->master_unit_lineEdit, ui->sub_unit_lineEdit})
+        readOnlyField->setStyleSheet(QStringLiteral("background-color : transparent"));
 
-    for (QPushButton *notYet : {ui->OK_pushButton, ui->start_pushButton, ui->abort_button})
-        notYet->setEnabled(false);
+    for (QPushButton *offAtStart : {ui->OK_pushButton, ui->start_pushButton, ui->abort_button})
+        offAtStart->setEnabled(false);
 
     ui->units_comboBox->setCurrentIndex(inchesIndex);
     ui->progressBar->hide();

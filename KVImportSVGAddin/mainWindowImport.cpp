@@ -29,7 +29,7 @@ struct Insertion {
 };
 
 /// Asks the user for what is specified later. False when the user cancels, and when the host cannot ask.
-bool askForTheRest(kvCommandMessage_c *commandMessage, const kvString &blockName, Insertion &at)
+bool askForLaterValues(kvCommandMessage_c *commandMessage, const kvString &blockName, Insertion &at)
 {
     if (!at.positionLater && !at.scaleLater && !at.rotationLater)
         return true;
@@ -62,7 +62,7 @@ void insertBlock(const QByteArray &svgText, Insertion at, kvInterfacePtr<kvBlock
     const kvInterfacePtr<kvSketchManager_c> sketchManager = modelSketchManager(document.get());
     kvInterfacePtr<kvCommandMessage_c> commandMessage;
     hostApplication()->GetCommandMessage(commandMessage.out());
-    if (!askForTheRest(commandMessage.get(), name, at) || !sketchManager)
+    if (!askForLaterValues(commandMessage.get(), name, at) || !sketchManager)
         return;
     sketchManager->InsertBlock2(name, at.x, at.y, at.z, at.scaleX, at.scaleY, at.scaleZ, at.rotationRadians,
                                 instance.out());
