@@ -25,7 +25,6 @@ QWidget *makeFileTable()
     table->setMaximumSize(400, 63);
     table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    table->horizontalHeader()->setDefaultSectionSize(125); // texts in three columns, the fourth stays empty
     table->horizontalHeader()->hide();
     table->verticalHeader()->hide();
     for (int row = 0; row < 2; ++row) {
@@ -35,6 +34,7 @@ QWidget *makeFileTable()
             table->setItem(row, column, cell);
         }
     }
+    table->resizeColumnsToContents(); // the fourth column stays empty
 
     auto *widget = new QWidget;
     widget->setMaximumSize(400, 80);

@@ -273,7 +273,7 @@
     </message>
     <message>
         <source>Do you want to stop Batch Processing?</source>
-        <translation>是否要停止批次處理？</translation>
+        <translation>是否要中止批次處理？</translation>
     </message>
     <message>
         <source>Batch Processing finished.</source>

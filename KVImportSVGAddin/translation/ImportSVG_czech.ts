@@ -225,7 +225,7 @@
     </message>
     <message>
         <source>&amp;Use global settings</source>
-        <translation>&amp;Globální nastavení</translation>
+        <translation>Použít &amp;globální nastavení</translation>
     </message>
     <message>
         <source>Abort</source>
@@ -273,7 +273,7 @@
     </message>
     <message>
         <source>Do you want to stop Batch Processing?</source>
-        <translation>Chcete zastavit dávkové zpracování?</translation>
+        <translation>Chcete přerušit dávkové zpracování?</translation>
     </message>
     <message>
         <source>Batch Processing finished.</source>
@@ -285,11 +285,11 @@
     </message>
     <message>
         <source>Conversion units</source>
-        <translation>Převod jednotek</translation>
+        <translation>Jednotky převodu</translation>
     </message>
     <message>
         <source>Unit Value</source>
-        <translation>Hodnota</translation>
+        <translation>Hodnota jednotky</translation>
     </message>
     <message>
         <source>Default</source>
@@ -297,7 +297,7 @@
     </message>
     <message>
         <source>Master units</source>
-        <translation>Hlavní jedn.</translation>
+        <translation>Hlavní jednotky</translation>
     </message>
 </context>
 <context>

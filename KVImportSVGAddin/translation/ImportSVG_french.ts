@@ -41,7 +41,7 @@
     </message>
     <message>
         <source>Select a design model</source>
-        <translation>Modèle de conception</translation>
+        <translation>Choisir un modèle de conception</translation>
     </message>
     <message>
         <source>Position</source>
@@ -225,7 +225,7 @@
     </message>
     <message>
         <source>&amp;Use global settings</source>
-        <translation>Paramètres &amp;globaux</translation>
+        <translation>Utiliser les paramètres &amp;globaux</translation>
     </message>
     <message>
         <source>Abort</source>
@@ -249,7 +249,7 @@
     </message>
     <message>
         <source>Scalable Vector Graphics (*.svg)</source>
-        <translation>Graphiques vectoriels SVG (*.svg)</translation>
+        <translation>Graphiques vectoriels adaptables (*.svg)</translation>
     </message>
     <message>
         <source>svg</source>
@@ -273,7 +273,7 @@
     </message>
     <message>
         <source>Do you want to stop Batch Processing?</source>
-        <translation>Voulez-vous arrêter le traitement par lots&#xa0;?</translation>
+        <translation>Voulez-vous interrompre le traitement par lots ?</translation>
     </message>
     <message>
         <source>Batch Processing finished.</source>
@@ -281,15 +281,15 @@
     </message>
     <message>
         <source>Design Model</source>
-        <translation>Modèle</translation>
+        <translation>Modèle de conception</translation>
     </message>
     <message>
         <source>Conversion units</source>
-        <translation>Conversion</translation>
+        <translation>Unités de conversion</translation>
     </message>
     <message>
         <source>Unit Value</source>
-        <translation>Valeur d’unité</translation>
+        <translation>Valeur de l’unité</translation>
     </message>
     <message>
         <source>Default</source>
@@ -297,7 +297,7 @@
     </message>
     <message>
         <source>Master units</source>
-        <translation>Unités princ.</translation>
+        <translation>Unités principales</translation>
     </message>
 </context>
 <context>

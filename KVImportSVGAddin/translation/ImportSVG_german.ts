@@ -41,7 +41,7 @@
     </message>
     <message>
         <source>Select a design model</source>
-        <translation>Konstruktionsmodell</translation>
+        <translation>Konstruktionsmodell wählen</translation>
     </message>
     <message>
         <source>Position</source>
@@ -89,7 +89,7 @@
     </message>
     <message>
         <source>SVG file units</source>
-        <translation>SVG-Dateieinheiten</translation>
+        <translation>Einheiten der SVG-Datei</translation>
     </message>
     <message>
         <source>&amp;Master units</source>
@@ -225,7 +225,7 @@
     </message>
     <message>
         <source>&amp;Use global settings</source>
-        <translation>&amp;Globale Einstellungen</translation>
+        <translation>&amp;Globale Einstellungen verwenden</translation>
     </message>
     <message>
         <source>Abort</source>
@@ -281,11 +281,11 @@
     </message>
     <message>
         <source>Design Model</source>
-        <translation>Konstr.-Modell</translation>
+        <translation>Konstruktionsmodell</translation>
     </message>
     <message>
         <source>Conversion units</source>
-        <translation>Umrechnung</translation>
+        <translation>Umrechnungseinheiten</translation>
     </message>
     <message>
         <source>Unit Value</source>
@@ -312,7 +312,7 @@
     </message>
     <message>
         <source>Inserts SVG file as block : IMPORTSVG</source>
-        <translation>SVG-Datei als Block einfügen: IMPORTSVG</translation>
+        <translation>Fügt eine SVG-Datei als Block ein: IMPORTSVG</translation>
     </message>
     <message>
         <source>Import SVG</source>

@@ -41,7 +41,7 @@
     </message>
     <message>
         <source>Select a design model</source>
-        <translation>Modello di progetto</translation>
+        <translation>Seleziona un modello di progetto</translation>
     </message>
     <message>
         <source>Position</source>
@@ -205,11 +205,11 @@
     </message>
     <message>
         <source>Source Path :</source>
-        <translation>Origine:</translation>
+        <translation>Percorso di origine:</translation>
     </message>
     <message>
         <source>Destination Path :</source>
-        <translation>Destinazione:</translation>
+        <translation>Percorso di destinazione:</translation>
     </message>
     <message>
         <source>Brow&amp;se...</source>
@@ -281,15 +281,15 @@
     </message>
     <message>
         <source>Design Model</source>
-        <translation>Modello</translation>
+        <translation>Modello di progetto</translation>
     </message>
     <message>
         <source>Conversion units</source>
-        <translation>Conversione</translation>
+        <translation>Unità di conversione</translation>
     </message>
     <message>
         <source>Unit Value</source>
-        <translation>Valore unità</translation>
+        <translation>Valore dell’unità</translation>
     </message>
     <message>
         <source>Default</source>
@@ -297,7 +297,7 @@
     </message>
     <message>
         <source>Master units</source>
-        <translation>Unità princ.</translation>
+        <translation>Unità principali</translation>
     </message>
 </context>
 <context>

@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>Explode te&amp;xt node to text element </source>
-        <translation>テキスト ノードを文字要素に分解(&amp;T) </translation>
+        <translation>テキスト ノードをテキスト要素に分解(&amp;T) </translation>
     </message>
     <message>
         <source>&amp;Batch Processing</source>
@@ -101,7 +101,7 @@
     </message>
     <message>
         <source>Convert drawing to</source>
-        <translation>図面の変換先</translation>
+        <translation>図面の変換後の単位</translation>
     </message>
     <message>
         <source>Uni&amp;ts :</source>

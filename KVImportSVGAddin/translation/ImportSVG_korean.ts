@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>Explode te&amp;xt node to text element </source>
-        <translation>텍스트 노드를 문자 요소로 분해(&amp;T) </translation>
+        <translation>텍스트 노드를 텍스트 요소로 분해(&amp;T) </translation>
     </message>
     <message>
         <source>&amp;Batch Processing</source>
@@ -273,7 +273,7 @@
     </message>
     <message>
         <source>Do you want to stop Batch Processing?</source>
-        <translation>일괄 처리를 중지하시겠습니까?</translation>
+        <translation>일괄 처리를 중단하시겠습니까?</translation>
     </message>
     <message>
         <source>Batch Processing finished.</source>

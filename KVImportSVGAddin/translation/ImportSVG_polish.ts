@@ -41,7 +41,7 @@
     </message>
     <message>
         <source>Select a design model</source>
-        <translation>Model projektowy</translation>
+        <translation>Wybierz model projektowy</translation>
     </message>
     <message>
         <source>Position</source>
@@ -69,7 +69,7 @@
     </message>
     <message>
         <source>&amp;Factor :</source>
-        <translation>&amp;Mnożnik:</translation>
+        <translation>Współ&amp;czynnik:</translation>
     </message>
     <message>
         <source>Specify &amp;later</source>
@@ -185,7 +185,7 @@
     </message>
     <message>
         <source>Factor :</source>
-        <translation>Mnożnik:</translation>
+        <translation>Współczynnik:</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -225,7 +225,7 @@
     </message>
     <message>
         <source>&amp;Use global settings</source>
-        <translation>&amp;Ustawienia globalne</translation>
+        <translation>&amp;Użyj ustawień globalnych</translation>
     </message>
     <message>
         <source>Abort</source>
@@ -273,7 +273,7 @@
     </message>
     <message>
         <source>Do you want to stop Batch Processing?</source>
-        <translation>Czy zatrzymać przetwarzanie wsadowe?</translation>
+        <translation>Czy przerwać przetwarzanie wsadowe?</translation>
     </message>
     <message>
         <source>Batch Processing finished.</source>
@@ -281,15 +281,15 @@
     </message>
     <message>
         <source>Design Model</source>
-        <translation>Model proj.</translation>
+        <translation>Model projektowy</translation>
     </message>
     <message>
         <source>Conversion units</source>
-        <translation>Konwersja</translation>
+        <translation>Jednostki konwersji</translation>
     </message>
     <message>
         <source>Unit Value</source>
-        <translation>Wartość jedn.</translation>
+        <translation>Wartość jednostki</translation>
     </message>
     <message>
         <source>Default</source>
@@ -297,7 +297,7 @@
     </message>
     <message>
         <source>Master units</source>
-        <translation>Jedn. główne</translation>
+        <translation>Jednostki główne</translation>
     </message>
 </context>
 <context>

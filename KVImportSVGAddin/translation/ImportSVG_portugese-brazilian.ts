@@ -41,7 +41,7 @@
     </message>
     <message>
         <source>Select a design model</source>
-        <translation>Modelo de projeto</translation>
+        <translation>Selecionar um modelo de projeto</translation>
     </message>
     <message>
         <source>Position</source>
@@ -89,7 +89,7 @@
     </message>
     <message>
         <source>SVG file units</source>
-        <translation>Unidades do SVG</translation>
+        <translation>Unidades do arquivo SVG</translation>
     </message>
     <message>
         <source>&amp;Master units</source>
@@ -205,11 +205,11 @@
     </message>
     <message>
         <source>Source Path :</source>
-        <translation>Origem:</translation>
+        <translation>Caminho de origem:</translation>
     </message>
     <message>
         <source>Destination Path :</source>
-        <translation>Destino:</translation>
+        <translation>Caminho de destino:</translation>
     </message>
     <message>
         <source>Brow&amp;se...</source>
@@ -225,7 +225,7 @@
     </message>
     <message>
         <source>&amp;Use global settings</source>
-        <translation>Configurações &amp;globais</translation>
+        <translation>Usar configurações &amp;globais</translation>
     </message>
     <message>
         <source>Abort</source>
@@ -241,7 +241,7 @@
     </message>
     <message>
         <source>Specify Folder</source>
-        <translation>Especificar pasta</translation>
+        <translation>Definir pasta</translation>
     </message>
     <message>
         <source>Open File</source>
@@ -269,7 +269,7 @@
     </message>
     <message>
         <source>No SVG file Found in the specified path.</source>
-        <translation>Nenhum arquivo SVG encontrado no caminho especificado.</translation>
+        <translation>Nenhum arquivo SVG encontrado no caminho definido.</translation>
     </message>
     <message>
         <source>Do you want to stop Batch Processing?</source>
@@ -281,15 +281,15 @@
     </message>
     <message>
         <source>Design Model</source>
-        <translation>Modelo</translation>
+        <translation>Modelo de projeto</translation>
     </message>
     <message>
         <source>Conversion units</source>
-        <translation>Conversão</translation>
+        <translation>Unidades de conversão</translation>
     </message>
     <message>
         <source>Unit Value</source>
-        <translation>Valor unidade</translation>
+        <translation>Valor da unidade</translation>
     </message>
     <message>
         <source>Default</source>
@@ -297,7 +297,7 @@
     </message>
     <message>
         <source>Master units</source>
-        <translation>Unid. mestras</translation>
+        <translation>Unidades mestras</translation>
     </message>
 </context>
 <context>

@@ -41,7 +41,7 @@
     </message>
     <message>
         <source>Select a design model</source>
-        <translation>Модель проекта</translation>
+        <translation>Выберите модель проекта</translation>
     </message>
     <message>
         <source>Position</source>
@@ -273,7 +273,7 @@
     </message>
     <message>
         <source>Do you want to stop Batch Processing?</source>
-        <translation>Остановить пакетную обработку?</translation>
+        <translation>Прервать пакетную обработку?</translation>
     </message>
     <message>
         <source>Batch Processing finished.</source>
@@ -281,15 +281,15 @@
     </message>
     <message>
         <source>Design Model</source>
-        <translation>Модель</translation>
+        <translation>Модель проекта</translation>
     </message>
     <message>
         <source>Conversion units</source>
-        <translation>Перевод единиц</translation>
+        <translation>Единицы перевода</translation>
     </message>
     <message>
         <source>Unit Value</source>
-        <translation>Единица</translation>
+        <translation>Значение единицы</translation>
     </message>
     <message>
         <source>Default</source>
@@ -297,7 +297,7 @@
     </message>
     <message>
         <source>Master units</source>
-        <translation>Основные</translation>
+        <translation>Основные единицы</translation>
     </message>
 </context>
 <context>

@@ -41,7 +41,7 @@
     </message>
     <message>
         <source>Select a design model</source>
-        <translation>Modelo de diseño</translation>
+        <translation>Seleccionar un modelo de diseño</translation>
     </message>
     <message>
         <source>Position</source>
@@ -89,7 +89,7 @@
     </message>
     <message>
         <source>SVG file units</source>
-        <translation>Unidades del SVG</translation>
+        <translation>Unidades del archivo SVG</translation>
     </message>
     <message>
         <source>&amp;Master units</source>
@@ -225,7 +225,7 @@
     </message>
     <message>
         <source>&amp;Use global settings</source>
-        <translation>Configuración &amp;global</translation>
+        <translation>Usar configuración &amp;global</translation>
     </message>
     <message>
         <source>Abort</source>
@@ -241,7 +241,7 @@
     </message>
     <message>
         <source>Specify Folder</source>
-        <translation>Especificar carpeta</translation>
+        <translation>Indicar carpeta</translation>
     </message>
     <message>
         <source>Open File</source>
@@ -269,7 +269,7 @@
     </message>
     <message>
         <source>No SVG file Found in the specified path.</source>
-        <translation>No se encontró ningún archivo SVG en la ruta especificada.</translation>
+        <translation>No se encontró ningún archivo SVG en la ruta indicada.</translation>
     </message>
     <message>
         <source>Do you want to stop Batch Processing?</source>
@@ -281,15 +281,15 @@
     </message>
     <message>
         <source>Design Model</source>
-        <translation>Modelo</translation>
+        <translation>Modelo de diseño</translation>
     </message>
     <message>
         <source>Conversion units</source>
-        <translation>Conversión</translation>
+        <translation>Unidades de conversión</translation>
     </message>
     <message>
         <source>Unit Value</source>
-        <translation>Valor unidad</translation>
+        <translation>Valor de la unidad</translation>
     </message>
     <message>
         <source>Default</source>
@@ -297,7 +297,7 @@
     </message>
     <message>
         <source>Master units</source>
-        <translation>Unid. maestras</translation>
+        <translation>Unidades maestras</translation>
     </message>
 </context>
 <context>

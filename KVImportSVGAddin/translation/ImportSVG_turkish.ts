@@ -101,7 +101,7 @@
     </message>
     <message>
         <source>Convert drawing to</source>
-        <translation>Çizimi dönüştürme</translation>
+        <translation>Çizimi şuna dönüştür</translation>
     </message>
     <message>
         <source>Uni&amp;ts :</source>
@@ -285,7 +285,7 @@
     </message>
     <message>
         <source>Conversion units</source>
-        <translation>Dönüştürme</translation>
+        <translation>Dönüştürme birimleri</translation>
     </message>
     <message>
         <source>Unit Value</source>
