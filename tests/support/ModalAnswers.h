@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -32,7 +33,9 @@ public:
     /// Chooses a file or a folder in a file dialog, as if its path were typed.
     void choose(const QString &path)
     {
-        m_answers.append([this, path](QDialog &dialog) {
+        QElapsedTimer waiting;
+        waiting.start();
+        m_answers.append([this, path, waiting](QDialog &dialog) {
             auto *files = qobject_cast<QFileDialog *>(&dialog);
             if (!files)
                 return closeUnexpected(dialog);
@@ -41,8 +44,8 @@ public:
             auto *accept = files->findChild<QDialogButtonBox *>()->button(
                 files->acceptMode() == QFileDialog::AcceptOpen ? QDialogButtonBox::Open
                                                                : QDialogButtonBox::Save);
-            if (!accept->isEnabled())
-                return false;
+            if (!accept->isEnabled()) // a path that is not there is never let through
+                return waiting.hasExpired(30'000) && closeUnexpected(dialog);
             lastAsked = files->windowTitle() + ": " + files->nameFilters().join(';')
                 + (files->testOption(QFileDialog::ShowDirsOnly) ? ", folders only" : "");
             QTest::mouseClick(accept, Qt::LeftButton);
