@@ -138,45 +138,29 @@ void mainWindow::closeEvent(QCloseEvent *event)
 
 void mainWindow::Specify_checked_clicked()
 {
-    applySpecifyLater(SpecifyLater::Position);
+    applySpecifyLater(*ui->specify_checkBox, {ui->x_label, ui->y_label, ui->z_label},
+                      {ui->x_lineEdit, ui->y_lineEdit, ui->z_lineEdit});
 }
 
 void mainWindow::scale_specify_checkBox_clicked()
 {
-    applySpecifyLater(SpecifyLater::Scale);
+    applySpecifyLater(*ui->scale_specify_checkBox, {ui->factor_label}, {ui->scale_lineEdit});
 }
 
 void mainWindow::rotation_specify_checkBox_clicked()
 {
-    applySpecifyLater(SpecifyLater::Rotation);
+    applySpecifyLater(*ui->rotation_specify_checkBox, {ui->angel_label}, {ui->angle_lineEdit});
 }
 
-void mainWindow::applySpecifyLater(SpecifyLater group)
+void mainWindow::applySpecifyLater(const QCheckBox &box, const QList<QWidget *> &labels,
+                                   const QList<QLineEdit *> &fields)
 {
-    struct Group {
-        SpecifyLater group;
-        QCheckBox *later;
-        QList<QWidget *> labels;
-        QList<QLineEdit *> fields;
-    };
-    const Group groups[] = {
-        {SpecifyLater::Position,
-         ui->specify_checkBox,
-         {ui->x_label, ui->y_label, ui->z_label},
-         {ui->x_lineEdit, ui->y_lineEdit, ui->z_lineEdit}},
-        {SpecifyLater::Scale, ui->scale_specify_checkBox, {ui->factor_label}, {ui->scale_lineEdit}},
-        {SpecifyLater::Rotation, ui->rotation_specify_checkBox, {ui->angel_label}, {ui->angle_lineEdit}},
-    };
-    for (const Group &row : groups) {
-        if (row.group != group)
-            continue;
-        const bool later = row.later->isChecked();
-        colorFields(row.fields, later);
-        for (QWidget *label : row.labels)
-            label->setDisabled(later);
-        for (QLineEdit *field : row.fields)
-            field->setDisabled(later);
-    }
+    const bool later = box.isChecked();
+    colorFields(fields, later);
+    for (QWidget *label : labels)
+        label->setDisabled(later);
+    for (QLineEdit *field : fields)
+        field->setDisabled(later);
 }
 
 void mainWindow::On_global_settings_checkbox_clicked()

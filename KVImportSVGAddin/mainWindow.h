@@ -15,6 +15,7 @@
 
 #include <memory>
 
+class QCheckBox;
 class QLineEdit;
 class QTreeWidgetItem;
 
@@ -73,11 +74,10 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    enum class SpecifyLater { Position, Scale, Rotation };
-
     void initializeControls();
     void connectControls();
-    void applySpecifyLater(SpecifyLater group);
+    void applySpecifyLater(const QCheckBox &box, const QList<QWidget *> &labels,
+                           const QList<QLineEdit *> &fields);
 
     // How it looks.
     void applyTheme();

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// The table under a listed file, for information only.
+/// The table under a listed file, for information only. Its fourth column stays empty.
 QWidget *makeFileTable()
 {
     const QString texts[2][3] = {
@@ -25,6 +25,7 @@ QWidget *makeFileTable()
     table->setMaximumSize(400, 63);
     table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     table->horizontalHeader()->hide();
     table->verticalHeader()->hide();
     for (int row = 0; row < 2; ++row) {
@@ -34,7 +35,6 @@ QWidget *makeFileTable()
             table->setItem(row, column, cell);
         }
     }
-    table->resizeColumnsToContents(); // the fourth column stays empty
 
     auto *widget = new QWidget;
     widget->setMaximumSize(400, 80);
