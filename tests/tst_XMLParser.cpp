@@ -290,7 +290,8 @@ void tst_XMLParser::limits()
 void tst_XMLParser::writesWhatQtWrites_data()
 {
     const auto row = tableOf<QString>("text");
-    row("elements and text", "<a><b></b>x<c/>y<d> <e>z</e></d></a>");
+    row("text first, between or last", "<a><b></b>x<c/>y<d>z<e/></d><f><g/>z</f></a>");
+    row("levels", "<a><b><c><d>x</d></c><e/></b></a>");
     row("blanks only", "<a> <b/>\n\t</a>");
     row("comments and instructions between text", "<a>x<!--c-->y<!--d - --><!--e--><?p q?>z<b/><?r?></a>");
     row("CDATA between elements and text", "<a><b/><![CDATA[<&\">]]><c/>y<![CDATA[]]><!--c--></a>");
