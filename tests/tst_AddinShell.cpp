@@ -14,7 +14,7 @@ namespace {
 
 const QString addinId = QStringLiteral("0A3C51E2-7B94-4D0F-A6C8-1E2F93B7D405");
 
-/// Adds a chain of nodes below `parent`, outermost first, out of "tab/panel/row", and answers with the first.
+/// Adds a chain of nodes like "tab/panel/row" below `parent` and gives the outermost one.
 refhost::UserInterfaceNode &addChain(refhost::UserInterfaceNode &parent, const QString &path)
 {
     const auto node = std::make_shared<refhost::UserInterfaceNode>();
@@ -158,7 +158,7 @@ RemoveUserInterface ID)";
 
 void tst_AddinShell::entries_data()
 {
-    // What the host has beside toolbar, menu bar and drafting workspace; what is inserted where and as which.
+    // What the host's user interface holds, and the places of what the add-in inserts.
     const auto row = tableOf<QStringList, QString>("elements", "inserted");
     row("a host with nothing gets nothing", {}, "");
     row("toolbars of other names and items are left alone",

@@ -14,7 +14,7 @@ QByteArray svgWithLines(int count)
     return "<svg>" + QByteArray(R"(<line x1="0" y1="0" x2="1" y2="2"/>)").repeated(count) + "</svg>";
 }
 
-/// What a drawing holds, by the number of lines in each of its block instances: "1 2"; a loose line is an
+/// What a drawing holds: the number of entities of each block instance, as in "1 2". A loose entity is an
 /// "L".
 QByteArray contents(const refhost::Drawing &drawing)
 {
@@ -74,7 +74,7 @@ public:
             start();
         });
     }
-    /// Starts the run and closes the box that tells of its end.
+    /// Starts the run and closes the box at its end.
     void start()
     {
         answers.press(QMessageBox::Ok);
@@ -428,7 +428,7 @@ void tst_BatchImport::clicksAfterClosing()
     session.import([&] {
         session.chooseFolders();
         session.dialog->close();
-        // The tree has deleted its items; whoever touches them is found by the address sanitizer.
+        // The tree has deleted its items; the address sanitizer finds what still touches them.
         session.answers.press(QMessageBox::Ok);
         for (const char *name : {"checkBox_2", "global_set_checkBox", "start_pushButton"})
             session.widget<QAbstractButton>(name)->click();

@@ -20,7 +20,7 @@ constexpr bool staysMapped = true;
 constexpr bool staysMapped = false;
 #endif
 
-/// Loads the library (KORVANE_ADDIN) and keeps the settings it writes out of the user's. On destruction it
+/// Loads the library (KORVANE_ADDIN) and keeps its settings apart from the user's. On destruction it
 /// disconnects the add-in and unloads the library.
 class LoadedAddin {
 public:

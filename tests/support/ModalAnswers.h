@@ -14,8 +14,8 @@
 
 #include <functional>
 
-/// Queues answers; each goes to the next dialog that comes up. A dialog that nobody expected is closed, so
-/// that no test waits for ever; it fails the test, and so does an answer that nobody asked for.
+/// Queues answers; each goes to the next dialog that comes up. A dialog without an answer is closed and fails
+/// the test, and so does an answer without a dialog.
 class ModalAnswers {
 public:
     ModalAnswers()
