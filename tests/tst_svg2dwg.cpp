@@ -608,8 +608,8 @@ void tst_svg2dwg::failingSystem_data()
     row("a table on a full device", "\"$0\" plan.svg --dry-run >/dev/full",
         {"the standard output cannot be written"});
     row("help on a full device", "\"$0\" --help >/dev/full", {"the standard output cannot be written"});
-    row("a journal on a full disk", "ulimit -f 0; \"$0\" plan.svg --dry-run --journal j | cat",
-        {"j: the journal cannot be written: File too large"});
+    row("a disk that a journal fills up", "ulimit -f 1; \"$0\" plan.svg plan.svg --dry-run --journal j | cat",
+        {"j: the journal cannot be written: the disk is full"});
     row("a name that is not UTF-8, as an argument", "\"$0\" \"$(printf 'b\\377.svg')\" plan.svg --dry-run",
         {"svg2dwg: b\\xFF.svg: not converted: the name is not valid UTF-8"});
     row("such a name and links that lead nowhere, in a folder",
