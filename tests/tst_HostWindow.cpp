@@ -8,6 +8,7 @@
 #include "app/Canvas.h"
 #include "app/HostSettingsStore.h"
 #include "app/SettingsDialog.h"
+#include "app/WindowCommands.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -118,6 +119,7 @@ void tst_HostWindow::init()
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
     m_window.reset();
     m_window = std::make_unique<HostWindow>(loadHostSettings());
+    addWindowCommands(*m_window);
     m_window->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
 }

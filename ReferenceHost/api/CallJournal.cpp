@@ -1,4 +1,4 @@
-// Writes journal lines by hand: a JSON object would sort the keys, and a call reads best in the order call,
+// Writes journal lines by hand. A JSON object would sort its keys, and a call reads best in the order call,
 // on, args, result.
 
 #include "api/CallJournal.h"
@@ -43,7 +43,7 @@ void appendArray(QByteArray &list, const Array &values, const AppendValue &appen
     list += ']';
 }
 
-/// Appends what jsonNumber() says.
+/// Appends `number` as jsonNumber() writes it.
 void appendNumber(QByteArray &json, double number)
 {
     constexpr double fewDigits = 1e6;
@@ -56,7 +56,7 @@ void appendNumber(QByteArray &json, double number)
             json += QByteArray::number(number, 'g', QLocale::FloatingPointShortest);
         return;
     }
-    // Most are whole and small, which takes a tenth of the time this way.
+    // Most numbers are whole and small. They take a tenth of the time this way.
     char digits[16];
     const auto [end, error] = std::to_chars(std::begin(digits), std::end(digits), static_cast<int>(number));
     Q_UNUSED(error) // there are six at most

@@ -1,5 +1,4 @@
-// The call journal: every call of the host API, one line of JSON each, in the order in which the calls
-// return.
+// The call journal: one line of JSON for every call of the host API, in the order in which the calls return.
 
 #pragma once
 
@@ -33,11 +32,10 @@ public:
     void objectCreated(const char *type, ObjectNumber &number);
     void objectCreated(const HandleBase &handle);
 
-    /// What a call made on `handle` puts as "on"; empty where there is only one object of its type.
+    /// The object named as "on" in a call made on `handle`; empty for a type with only one object.
     QByteArray on(const HandleBase &handle) const;
 
-    /// Writes the line of one call: its name, what on() said of its handle before the call, its input
-    /// arguments and its result.
+    /// Writes the line of one call. `on` is the answer of on() before the call.
     template <class... Arguments>
     void record(const char *method, const QByteArray &on, kvResult result, const Arguments &...arguments)
     {

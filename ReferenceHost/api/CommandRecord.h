@@ -1,4 +1,4 @@
-// What add-ins had the host do in the course of one command.
+// A record of the changes that add-ins made through the host during one command.
 
 #pragma once
 
@@ -14,12 +14,12 @@ struct CommandRecord {
     };
 
     QString name;
-    QString appId;                       ///< of the add-in whose command it is; empty for the host's own
+    QString appId;                       ///< of the command's add-in; empty for the host's own
     std::vector<Insertion> insertions;   ///< of blocks into model space
     int saved = 0;                       ///< drawings saved
     QStringList notSaved;                ///< the names under which drawings could not be saved
     std::vector<HostDocumentPtr> opened; ///< empty drawings
-    bool hasClosedNothing = false;       ///< a drawing without a name was to be closed
+    bool hasClosedNothing = false;       ///< a call has asked to close a drawing without a name
 };
 
 } // namespace refhost

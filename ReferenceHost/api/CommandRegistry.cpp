@@ -2,6 +2,8 @@
 
 #include "api/CommandRegistry.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 #include <exception>
 #include <utility>
@@ -9,22 +11,6 @@
 namespace refhost {
 
 namespace {
-
-/// Keeps a command on the list of running ones for as long as it runs, exceptions included.
-class RunningCommand {
-public:
-    RunningCommand(std::vector<QString> &running, const QString &name)
-        : m_running(running)
-    {
-        m_running.push_back(name);
-    }
-    ~RunningCommand() { m_running.pop_back(); }
-    RunningCommand(const RunningCommand &) = delete;
-    RunningCommand &operator=(const RunningCommand &) = delete;
-
-private:
-    std::vector<QString> &m_running;
-};
 
 template <class Item>
 void removeItems(std::vector<Item> &items, const QString &appId)
@@ -110,7 +96,7 @@ kvRunCommandError_e CommandRegistry::run(const QString &name)
     const CommandPtr command = find(name);
     if (!command)
         return kvRunCommand_UnknownCommand;
-    // Its own dialog may still be open: a second run would pull it from under the first.
+    // The command's dialog may still be open. A second run would take it away from the first one.
     const bool runsAlready =
         std::any_of(m_running.begin(), m_running.end(), [&command](const QString &running) {
             return running.compare(command->name, Qt::CaseInsensitive) == 0;
@@ -137,7 +123,8 @@ kvRunCommandError_e CommandRegistry::run(const QString &name)
 
 bool CommandRegistry::execute(const Command &command)
 {
-    const RunningCommand running(m_running, command.name);
+    m_running.push_back(command.name);
+    const auto leave = qScopeGuard([this] { m_running.pop_back(); });
     // A copy: the command may be removed while it runs.
     const std::function<bool()> body = command.execute;
     return body();

@@ -42,7 +42,7 @@ public:
     CommandPtr add(const QString &name, const QString &appId, std::function<bool()> execute = {},
                    const QString &description = {});
 
-    /// Lets `began` and `ended` know of each command that does not run within another one.
+    /// Calls `began` and `ended` for each command that runs on its own and not within another one.
     void watch(std::function<void(const Command &)> began, std::function<void()> ended);
 
     /// Adds a user command with an id of its own; null when the add-in has one of that name already.
@@ -52,13 +52,13 @@ public:
     UserCommandPtr findUserCommand(const QString &id) const;
 
     const std::vector<CommandPtr> &commands() const { return m_commands; }
-    /// What the command says of itself in one line.
+    /// A line that describes the command.
     QString description(const Command &command) const;
 
     void removeAllOf(const QString &appId);
 
-    /// Runs a command line as the user gives it: each leading "^C" cancels what waits for an answer, the rest
-    /// names a command. Refused while another command runs.
+    /// Runs a command line that the user has typed or clicked. The part behind its leading "^C"s names the
+    /// command. Refused while another command runs.
     kvRunCommandError_e runForUser(const QString &commandLine);
 
     /// Runs a command for an add-in, also while that add-in's own command runs.

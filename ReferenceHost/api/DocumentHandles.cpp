@@ -41,7 +41,7 @@ kvResult DocumentHandle::CreateBlockDefinition(const kvString &name, const kvStr
         const QString blockName = document.drawing.freeBlockName(toQString(name));
         const bool isCreated = document.drawing.createBlock(
             blockName, base, entitiesOf(document, session().handles(), entities));
-        // Also when it was refused: what was drawn for it is in model space.
+        // A refused block changes the drawing as well: its entities stay in model space.
         session().notifyDocumentsChanged();
         if (!isCreated)
             return kvResult_Failed;

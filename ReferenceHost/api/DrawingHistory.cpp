@@ -1,4 +1,4 @@
-// Goes back and forth between copies, which share what the commands between them left alone.
+// Goes back and forth between copies of a drawing. Copies share the entities that no command has changed.
 
 #include "api/DrawingHistory.h"
 

@@ -8,14 +8,14 @@
 
 namespace refhost {
 
-/// Names an entity of an open drawing. It outlives both: what is gone is then not found.
+/// Names an entity of an open drawing. It may outlive the entity and the drawing, which are then not found.
 struct EntityRef {
     std::weak_ptr<HostDocument> document;
     EntityId id = 0;
     std::shared_ptr<EntityNumbers> numbers;
 
-    /// Lets `change` work on the entity as a `Kind`; fails when `change` does, and when the entity has left
-    /// the drawing.
+    /// Calls `change` with the entity as a `Kind`. Fails when `change` fails and when the entity has left the
+    /// drawing.
     template <class Kind, class Change>
     kvResult change(const Change &change) const
     {

@@ -1,4 +1,4 @@
-// Makes chosen host calls fail, to see how an add-in takes it.
+// Makes chosen host calls fail, to test how an add-in deals with failures.
 
 #pragma once
 
@@ -18,7 +18,7 @@ public:
     /// Every call of `method` fails.
     void failEvery(const QByteArray &method);
 
-    /// The `nth` call from now on fails, whatever its method, and with `forGood` every one after it.
+    /// The `nth` call of any method fails. With `forGood` every later call fails too.
     void failAnyCall(int nth, bool forGood);
 
     void clear();

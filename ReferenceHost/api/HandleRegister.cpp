@@ -14,8 +14,8 @@ namespace {
 
 int doubleDeletionCount = 0;
 
-/// What stands in the memory of a deleted handle. A second deletion arrives here, since every handle begins
-/// with the virtual table of kvBaseObject_c.
+/// Takes the place of a deleted handle. Every handle begins with the virtual table of kvBaseObject_c, so a
+/// second deletion calls this destructor.
 class DeletedHandle final : public kvBaseObject_c {
 public:
     ~DeletedHandle() override
@@ -30,7 +30,7 @@ public:
     static void operator delete(void *memory) { new (memory) DeletedHandle; }
 };
 
-/// The memory of the handles deleted last; the oldest is given back when a new one comes in.
+/// The memory of the handles deleted last. Each new block frees the oldest one.
 class DeletedMemory {
 public:
     DeletedMemory() = default;

@@ -1,6 +1,5 @@
-// Every handle the host has handed out. An add-in may leave handles unreleased: the register frees what is
-// left when the host closes. It also answers whether a pointer that comes back is one of the host's own
-// objects.
+// A register of the handles that add-ins hold. It frees unreleased handles when the host closes, and it knows
+// whether a pointer from an add-in is one of the host's own objects.
 
 #pragma once
 
@@ -20,7 +19,7 @@ struct ObjectNumber {
     const char *type = nullptr; ///< the type it was counted under; a base type's handle may name it, too
 };
 
-/// What the host wants to know of a handle of its own.
+/// The host's view of one of its handles.
 class HandleBase {
 public:
     virtual ~HandleBase() = default;
@@ -28,7 +27,7 @@ public:
     /// The API type, such as "kvLine_c".
     virtual const char *typeName() const = 0;
 
-    /// Where the number of the object is kept; null for a type of which there is only one.
+    /// The place of the object's number; null for a type with only one object.
     virtual ObjectNumber *objectNumber() const = 0;
 
     /// The entity it names; null when the handle is of another kind.
@@ -45,15 +44,15 @@ public:
     void add(kvBaseObject_c *object, HandleBase *handle);
     void remove(const kvBaseObject_c *object);
 
-    /// The host's side of `object`; null for a pointer that is no living handle of this host. Any pointer may
-    /// be asked about, also one to memory that is gone.
+    /// The host's side of `object`; null for a pointer that is no living handle of this host. The pointer is
+    /// not followed, so it may lead to freed memory.
     HandleBase *find(const kvBaseObject_c *object) const;
 
     /// How many handles are out.
     std::size_t size() const { return m_handles.size(); }
 
-    /// Takes the memory of a destroyed handle out of use. It is kept for a while, so that deleting the same
-    /// handle once more is noticed, reported as a warning and does no harm.
+    /// Keeps the memory of a destroyed handle for a while. A second deletion of the same handle is then
+    /// noticed, reported as a warning and harmless.
     static void keepDeleted(void *memory) noexcept;
 
     /// How many handles were deleted a second time since the program started.

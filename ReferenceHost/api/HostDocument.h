@@ -14,40 +14,38 @@
 
 namespace refhost {
 
-/// The journal's numbers of a drawing's entities, shared by all handles of an entity; they outlive the
-/// drawing.
+/// The journal's numbers of a drawing's entities. The handles share them and may outlive the drawing.
 using EntityNumbers = std::unordered_map<EntityId, ObjectNumber>;
 
 struct HostDocument {
     Drawing drawing;
-    QString title;           ///< what a tab shows until the drawing has a file
+    QString title;           ///< shown by a tab until the drawing has a file
     QString fileName;        ///< full path; empty until the drawing was saved, and after a failed save
-    QString refusedFileName; ///< that of the last save if it failed
-    QStringList leftOut;     ///< what its file holds and the drawing does not, "12 arcs"
-    std::uint64_t savedRevision = 0; ///< that which the drawing had when it was saved last
-    bool isLocked = false;           ///< nothing may change the drawing: it is being saved
+    QString refusedFileName; ///< the name of the last save if it failed
+    QStringList leftOut;     ///< contents of its file that the drawing lacks: "12 arcs"
+    std::uint64_t savedRevision = 0; ///< the drawing's revision at the last save
+    bool isLocked = false;           ///< the drawing is being saved and must not change
     DrawingHistory history;
     std::vector<EntityId> selection;
     ObjectNumber number;
     std::shared_ptr<EntityNumbers> entityNumbers = std::make_shared<EntityNumbers>();
 
-    /// Whether closing the document would lose something.
+    /// Whether there are unsaved changes.
     bool isModified() const { return drawing.revision() != savedRevision; }
 
-    /// Whether it is empty and was never to be saved.
+    /// Whether the drawing is empty and nothing has tried to save it.
     bool isUntouched() const;
 
     /// The name of its file without the folder, or its title.
     QString shownName() const;
 
-    /// Adds entities to the selection, or takes them out; nothing happens to one for which that is so
-    /// already.
+    /// Adds entities to the selection, or takes them out. Each entity is selected at most once.
     void select(const std::vector<EntityId> &ids);
     void deselect(const std::vector<EntityId> &ids);
     void selectAll();
 
     void eraseSelection();
-    /// Undoes the last command that is not undone, or does it again; nothing happens when there is none.
+    /// Undoes the last command, or repeats the one undone last. Nothing happens without such a command.
     void undo();
     void redo();
 

@@ -1,5 +1,5 @@
-// What all handles have in common: they are registered, can be copied, and every call made through them
-// passes the fault script and the journal.
+// The base of all handles. It registers and copies them and passes every call through the fault script and
+// the journal.
 
 #pragma once
 
@@ -11,11 +11,11 @@
 
 namespace refhost {
 
-/// Who owns a handle: the add-in that received it, or the host.
+/// The owner of a handle: the add-in that received it, or the host.
 enum class Parent { None, Host };
 
-/// Where the journal's number of an object is kept, by what its handle holds; null where there is only one
-/// object of the type. Handles whose objects are counted add an overload.
+/// The place of the journal's number for the object of a handle with this state; null for a type with only
+/// one object. Types with numbered objects add an overload.
 template <class State>
 ObjectNumber *objectNumberOf(const State & /*state*/)
 {
@@ -53,12 +53,12 @@ public:
 protected:
     HostSession &session() const { return m_session; }
 
-    /// Makes the call `method`: does what `body` does unless the script lets it fail, and writes it into the
+    /// Makes the call `method`: runs `body`, unless the fault script lets the call fail, and writes the
     /// journal.
     template <class Body, class... Arguments>
     kvResult call(const char *method, const Body &body, const Arguments &...arguments)
     {
-        // A command that the call runs may delete the handle: nothing of it is used afterwards.
+        // A command within the call may delete this handle, so no member is used after `body`.
         HostSession &host = m_session;
         const QByteArray on = host.journal().on(*this);
         const kvResult result = host.faults.takesNext(method) ? kvResult_Failed : body();
@@ -74,7 +74,7 @@ protected:
         return kvResult_Success;
     }
 
-    /// The same for an object that this very call has created: the journal counts it.
+    /// The same for a new object, which the journal counts.
     template <class Handle, class Out, class HandleState>
     kvResult handOutNew(Out **out, HandleState handleState) const
     {

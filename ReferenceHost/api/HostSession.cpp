@@ -39,7 +39,7 @@ void HostSession::close(const HostDocumentPtr &document)
     const auto found = std::find(m_documents.begin(), m_documents.end(), document);
     if (found == m_documents.end())
         return;
-    const HostDocumentPtr kept = *found; // `document` may be a reference to the very element that goes
+    const HostDocumentPtr kept = *found; // `document` may refer to the erased element
     m_documents.erase(found);
     if (m_active == kept)
         m_active = m_documents.empty() ? nullptr : m_documents.back();
@@ -59,7 +59,8 @@ HostDocumentPtr HostSession::findDocument(const QString &fileName) const
     };
     const HostDocumentPtr saved = documentWhose(&HostDocument::fileName);
     const HostDocumentPtr refused = documentWhose(&HostDocument::refusedFileName);
-    // Who could not save the active drawing under the name of another one does not mean that one by it.
+    // After a failed save of the active drawing the name must not close the other drawing that already has
+    // it.
     if (saved && refused && refused == m_active)
         return nullptr;
     return saved ? saved : refused;
@@ -92,7 +93,7 @@ void HostSession::noteSaved(const HostDocumentPtr &document, const QString &file
                             const QString &error)
 {
     const bool isSaved = error.isEmpty();
-    // `fileName` may be one of the two that change.
+    // `fileName` may refer to one of the two members that change.
     QString savedAs = isSaved ? fileName : QString();
     QString refusedAs = isSaved ? QString() : fileName;
     if (isSaved)
@@ -102,6 +103,13 @@ void HostSession::noteSaved(const HostDocumentPtr &document, const QString &file
     document->fileName = std::move(savedAs);
     document->refusedFileName = std::move(refusedAs);
     notifyDocumentsChanged();
+}
+
+bool HostSession::refuseWhileSaving(const HostDocument &document) const
+{
+    if (document.isLocked)
+        report(QStringLiteral("%1 is being saved.").arg(document.shownName()));
+    return document.isLocked;
 }
 
 void HostSession::report(const QString &message) const
@@ -130,10 +138,8 @@ void HostSession::addHostCommands()
         return [this, operation] {
             if (!m_active)
                 return false;
-            if (m_active->isLocked) {
-                report(QStringLiteral("%1 is being saved.").arg(m_active->shownName()));
+            if (refuseWhileSaving(*m_active))
                 return false;
-            }
             ((*m_active).*operation)();
             notifyDocumentsChanged();
             return true;
@@ -173,8 +179,7 @@ void HostSession::endCommand()
     const CommandRecord record = *std::exchange(m_record, std::nullopt);
     for (const HostDocumentPtr &document : m_documents)
         document->history.end(document->drawing, record.name);
-    // An add-in knows the drawing it has opened by the name it saved it under. Without one it cannot close
-    // it.
+    // An add-in closes the drawing that it has opened by its file name. Without a name it cannot close it.
     for (const HostDocumentPtr &document : record.opened) {
         if (record.hasClosedNothing && document->isUntouched())
             close(document);

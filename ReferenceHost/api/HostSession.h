@@ -1,5 +1,5 @@
-// One running host: its drawings, commands, user interface and settings, and what watches over the calls that
-// come in from add-ins.
+// One running host: its drawings, commands, user interface and settings, and the journal and fault script for
+// calls of add-ins.
 
 #pragma once
 
@@ -15,6 +15,7 @@
 
 #include <functional>
 #include <optional>
+#include <tuple>
 #include <vector>
 
 namespace refhost {
@@ -25,9 +26,18 @@ struct HostSettings {
     bool webHelp = true;
     QString webLink;
     QString helpFile;
+
+    bool operator==(const HostSettings &other) const
+    {
+        const auto parts = [](const HostSettings &settings) {
+            return std::tie(settings.language, settings.theme, settings.webHelp, settings.webLink,
+                            settings.helpFile);
+        };
+        return parts(*this) == parts(other);
+    }
 };
 
-/// What PromptForBlockInsertion2 asks of the user: those of the three whose flag is true.
+/// A question of PromptForBlockInsertion2. The user is asked for the values with a true flag.
 struct InsertionPrompt {
     QString blockName;
     Placement offered;
@@ -36,8 +46,8 @@ struct InsertionPrompt {
     bool asksRotation = false;
 };
 
-/// What the host leaves to whoever runs it: a window, a converter, a test. Each has a default for running
-/// without anybody to ask.
+/// Services that a window, a converter or a test provides for the host. Each has a default for a host without
+/// a user.
 struct HostServices {
     /// Answers a prompt; nothing means that the user cancelled. Default: takes the offered values.
     std::function<std::optional<Placement>(const InsertionPrompt &)> promptForInsertion;
@@ -49,8 +59,8 @@ struct HostServices {
     std::function<bool(const QString &address)> openWebHelp;
     std::function<bool(long topicId, const QString &path)> openHelpFile;
 
-    /// Tells the user what the host knows and an add-in keeps silent about. Default: a warning in Qt's debug
-    /// output.
+    /// Tells the user of a failure, also of one that an add-in does not report. Default: a warning in Qt's
+    /// debug output.
     std::function<void(const QString &message)> report;
 
     /// Called after drawings were opened, closed, activated or changed.
@@ -59,7 +69,7 @@ struct HostServices {
     /// Called after commands or user interface items came or went.
     std::function<void()> userInterfaceChanged;
 
-    /// Called after a command has ended that ran within no other one.
+    /// Called at the end of a command that did not run within another one.
     std::function<void(const CommandRecord &)> commandEnded;
 };
 
@@ -71,7 +81,7 @@ public:
     HostSession(const HostSession &) = delete;
     HostSession &operator=(const HostSession &) = delete;
 
-    /// What an add-in is given when it connects; the host keeps it.
+    /// The object that an add-in receives at connect. The host owns it.
     kvApplication_c *application() const { return m_application; }
 
     /// Opens an empty drawing and activates it.
@@ -80,20 +90,23 @@ public:
     void close(const HostDocumentPtr &document);
     /// Makes an open drawing the active one; false when it is not open.
     bool activate(const HostDocumentPtr &document);
-    /// Saves `document` and reports a failure to the user; true when the file was written. After a failure
-    /// the document has no file: nothing offers to save it over the one it had.
+    /// Saves `document`; true when the file was written. A failure is reported to the user. The document then
+    /// has no file any more, so that nothing offers to save it over its earlier one.
     bool save(const HostDocumentPtr &document, const QString &fileName, bool usedBlocksOnly);
-    /// Takes note of how saving `document` went elsewhere, in the state `revision` under the name `fileName`:
-    /// `error` is empty when the file was written.
+    /// Notes the outcome of saving the state `revision` of `document` as `fileName`. `error` is empty when
+    /// the file was written.
     void noteSaved(const HostDocumentPtr &document, const QString &fileName, std::uint64_t revision,
                    const QString &error);
+
+    /// True when `document` is being saved and cannot be changed; the user is told so.
+    bool refuseWhileSaving(const HostDocument &document) const;
 
     /// Null when no drawing is open.
     HostDocumentPtr activeDocument() const { return m_active; }
     const std::vector<HostDocumentPtr> &documents() const { return m_documents; }
-    /// The open drawing saved under `fileName`, written with "\" or "/", or else the one that could not be
-    /// saved under it last; null when there is none. Of several the active one is meant, and none when that
-    /// one could not be saved under the name of another.
+    /// The open drawing with the file `fileName`, in which "\" and "/" are alike; null when there is none.
+    /// The active one of several is meant. A drawing without a file is found by the name of its failed save,
+    /// unless another drawing has that file: then none is found.
     HostDocumentPtr findDocument(const QString &fileName) const;
 
     /// The record of the command that runs; null when none does.
@@ -123,7 +136,7 @@ private:
     std::optional<CommandRecord> m_record;
     kvApplication_c *m_application = nullptr; // owned by the register, like every handle
     CallJournal m_journal{m_handles};
-    HandleRegister m_handles; // goes first: the handles still reach for the rest
+    HandleRegister m_handles; // destroyed first, since the handles use the rest
 };
 
 } // namespace refhost

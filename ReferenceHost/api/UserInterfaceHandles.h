@@ -14,7 +14,7 @@ inline ObjectNumber *objectNumberOf(const UserInterfaceNodePtr &node)
     return &node->number;
 }
 
-/// A row item knows its row, so that it can leave it.
+/// A row item and its row, from which it can be removed.
 struct RibbonItemRef {
     UserInterfaceNodePtr row;
     UserInterfaceNodePtr item;

@@ -15,15 +15,15 @@ struct UserInterfaceNode;
 using UserInterfaceNodePtr = std::shared_ptr<UserInterfaceNode>;
 
 /// One element: a toolbar or its item, a menu or its item, a workspace, ribbon tab, panel, row or row item.
-/// What it is follows from where it stands.
+/// Its kind follows from its place in the tree.
 struct UserInterfaceNode {
     QString id;        ///< the id by which add-ins find it
     QString name;      ///< what the user reads
     QString appId;     ///< the add-in that put it there; empty for the host's own
-    QString commandId; ///< what it starts: a user command's id, or a host command
+    QString commandId; ///< the id of a user command, or the name of a host command
     std::vector<UserInterfaceNodePtr> children;
     ObjectNumber number;
-    bool staysLast = false; ///< whatever comes later goes before it
+    bool staysLast = false; ///< later items go before it
 
     /// Puts `child` at `position`, counted from 1; a position past the end appends, one before the start puts
     /// it first.
@@ -42,7 +42,8 @@ struct UserInterfaceModel {
     UserInterfaceNode workspaces; ///< workspace, tab, panel, row, item
 };
 
-/// What the host starts with: the workspace "Drafting and Annotation", an import menu, an "Insert" toolbar.
+/// The user interface at the start: the workspace "Drafting and Annotation", an import menu, an "Insert"
+/// toolbar.
 UserInterfaceModel standardUserInterface();
 
 /// Removes everything of the add-in `appId` below `node`.

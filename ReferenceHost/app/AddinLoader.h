@@ -18,11 +18,12 @@ public:
     AddinLoader(const AddinLoader &) = delete;
     AddinLoader &operator=(const AddinLoader &) = delete;
 
-    /// Loads the library `path` and connects it to `application`. Returns an empty text, or what went wrong.
+    /// Loads the library `path` and connects it to `application`. Returns the error; empty when it is
+    /// connected.
     QString connect(const QString &path, kvApplication_c *application);
 
-    /// Disconnects the add-in. Returns an empty text, or what went wrong. The library stays loaded until
-    /// unload(), since what the window shows may still come out of it.
+    /// Disconnects the add-in. Returns the error, empty when there is none. The library stays loaded until
+    /// unload(), since the window may still show its icons.
     QString disconnect();
 
     /// Unloads the library of an add-in that was disconnected.

@@ -1,4 +1,4 @@
-// A frame is made of what sheets hold and of little more, so that it costs the same at any size of drawing.
+// A frame shows ready pictures and a few lines, so that it costs the same for every drawing.
 
 #include "app/Canvas.h"
 
@@ -127,7 +127,7 @@ void Canvas::setPreview(const std::optional<BlockPreview> &preview)
     update();
 }
 
-/// What the sheets show, taken of the drawing as it is now. They keep it, whatever becomes of the drawing.
+/// Gives the sheets a copy of the drawing to show, so that later changes do not affect them.
 void Canvas::takeState()
 {
     if (!m_document)
@@ -165,7 +165,7 @@ void Canvas::setPreviewContent()
         });
 }
 
-/// Where the preview's block stands for the canvas, as seen from the block.
+/// The canvas's view in the coordinates of the preview's block.
 std::optional<ViewTransform> Canvas::previewView() const
 {
     if (!m_preview || (m_preview->followsCursor && !m_cursor))
@@ -285,7 +285,7 @@ void Canvas::mouseReleaseEvent(QMouseEvent *event)
     }
     if (event->button() != Qt::LeftButton || !std::exchange(m_isPressed, false) || !m_isPickingPoint)
         return;
-    // Not at the press: what answers it must find the canvas done with its mouse button.
+    // The point is picked at the release, when the canvas has finished with the mouse button.
     emit pointPicked(m_view.toDrawing(event->localPos()));
 }
 
@@ -296,7 +296,7 @@ void Canvas::endPanning()
     update();
 }
 
-/// What was dragged no further than a hand shakes was a click at nothing.
+/// A drag of a few pixels counts as a click at nothing.
 void Canvas::endDrag(bool removes)
 {
     constexpr double leastDrag = 4.0; // pixels

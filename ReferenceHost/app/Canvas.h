@@ -1,4 +1,4 @@
-// The drawing area: shows the active drawing and lets the user look around in it and point at things.
+// The drawing area, which shows the active drawing. The user moves the view and picks entities and points.
 
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace refhost {
 
-/// A block shown where it is about to be inserted.
+/// The preview of a block before its insertion.
 struct BlockPreview {
     QString blockName;
     Placement placement;
@@ -26,15 +26,15 @@ class Canvas : public QWidget {
 public:
     explicit Canvas(const DrawingColours &colours, QWidget *parent = nullptr);
 
-    /// Shows `document`, where the user left it last time; null shows nothing.
+    /// Shows `document` in its last view; null shows nothing.
     void setDocument(const HostDocumentPtr &document);
-    /// Forgets where the user was in drawings that are not among `open`.
+    /// Forgets the views of drawings that are not among `open`.
     void keepViewsOf(const std::vector<HostDocumentPtr> &open);
     /// Shows the drawing and its selection as they are now. One that was empty before is shown as a whole.
     void drawingChanged();
 
     const ViewTransform &view() const { return m_view; }
-    /// False while a better picture than the one shown is to be expected.
+    /// False while a better picture is being painted.
     bool isUpToDate() const { return isAtRest() && !m_sheet.isPainting() && !m_previewSheet.isPainting(); }
     void zoomToExtents();
 
@@ -48,8 +48,8 @@ public:
 signals:
     void cursorMoved(const refhost::Point &point);
     void pointPicked(const refhost::Point &point);
-    /// The user clicked at an entity, or at none, or dragged a window over some; `removes` when the shift key
-    /// was held.
+    /// The user has clicked at an entity or at nothing, or has dragged a window. `removes` is true with the
+    /// shift key.
     void entitiesPicked(const std::vector<refhost::EntityId> &ids, bool removes);
 
 protected:

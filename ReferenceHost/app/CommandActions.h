@@ -1,4 +1,4 @@
-// Makes what the user clicks out of the items of the user interface.
+// Makes actions for the items of the user interface.
 
 #pragma once
 
@@ -12,8 +12,8 @@
 
 namespace refhost {
 
-/// Makes actions for items: with the item's text and what its user command says of icon, description and
-/// command line. Triggering one gives its command line to `run`.
+/// Makes actions with the item's text and the icon and description of its user command. A triggered action
+/// passes its command line to `run`.
 class CommandActions {
 public:
     using Run = std::function<void(const QString &commandLine)>;

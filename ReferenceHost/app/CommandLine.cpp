@@ -1,4 +1,4 @@
-// Shows what was said, and hands on what the user types.
+// Shows the message history and passes on the typed lines.
 
 #include "app/CommandLine.h"
 

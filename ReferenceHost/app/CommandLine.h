@@ -1,4 +1,4 @@
-// The command line: what was said before, a prompt and the line the user types.
+// The command line: the message history, a prompt and the line that the user types.
 
 #pragma once
 
@@ -13,14 +13,14 @@ class QStringListModel;
 
 namespace refhost {
 
-/// A line to type in that recalls earlier lines with the up and down keys.
+/// An input line that recalls earlier lines with the up and down keys.
 class CommandEdit : public QLineEdit {
     Q_OBJECT
 
 public:
     explicit CommandEdit(QWidget *parent);
 
-    /// Takes the line away and remembers it.
+    /// Empties the line and remembers its text.
     QString takeLine();
 
 signals:
@@ -44,22 +44,22 @@ class CommandLine : public QWidget {
 public:
     explicit CommandLine(QWidget *parent = nullptr);
 
-    /// Adds a line to what was said.
+    /// Adds a line to the history.
     void append(const QString &line);
 
-    /// Adds the prompt that waits with its answer.
+    /// Adds the waiting prompt and its answer to the history.
     void appendAnswer(const QString &answer);
 
-    /// What the user is asked for; empty when any command may be typed. An empty answer takes `offered`.
+    /// Shows the question `prompt`; an empty one asks for any command. An empty answer takes `offered`.
     void setPrompt(const QString &prompt, const QString &offered = {});
 
-    /// The names that are completed while no prompt waits.
+    /// Sets the names for completion while no prompt waits.
     void setCommands(QStringList names);
 
-    /// Gives a key pressed elsewhere in the window to the line, if it is one to type with.
+    /// Passes a typing key that was pressed elsewhere in the window to the line.
     void takeKey(QKeyEvent *event);
 
-    /// All that was said, a line each.
+    /// The history, a line for each message.
     QString history() const;
 
 signals:

@@ -1,4 +1,4 @@
-// Says in a line or two what an add-in's command has come to.
+// Sums up the outcome of an add-in's command in a few lines.
 
 #pragma once
 
@@ -6,8 +6,8 @@
 
 namespace refhost {
 
-/// The blocks that came into drawings, each with what is in it and where it is, or, for a run that saved
-/// drawings, how many those are and which could not be saved. Empty when there is nothing to tell.
+/// One line for each inserted block with its contents and position. After a run that saved drawings, the
+/// number of saved drawings and the names of the others. Empty when nothing was inserted or saved.
 QStringList summaryOf(const CommandRecord &record);
 
 } // namespace refhost

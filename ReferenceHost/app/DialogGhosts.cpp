@@ -12,7 +12,7 @@ namespace refhost {
 DialogGhosts::DialogGhosts(QObject *parent)
     : QObject(parent)
 {
-    // Elsewhere the window system keeps what lies under a dialog.
+    // Other window systems keep the picture under a dialog.
     if (QGuiApplication::platformName() == QLatin1String("xcb"))
         qApp->installEventFilter(this);
 }

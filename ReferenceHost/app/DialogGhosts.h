@@ -6,8 +6,8 @@
 
 namespace refhost {
 
-/// Paints the windows under a dialog or a menu as soon as it is hidden: what was asked for in it may take
-/// long, and until then no window would be painted. Watches the whole program, add-ins too.
+/// Repaints the windows under a dialog or a menu as soon as it is hidden. The work that follows may take
+/// long, and no window is painted meanwhile. Watches the whole program, add-ins included.
 class DialogGhosts : public QObject {
 public:
     explicit DialogGhosts(QObject *parent);

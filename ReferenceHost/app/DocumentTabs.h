@@ -33,7 +33,7 @@ private:
     std::vector<HostDocumentPtr> m_documents; // one for each tab
 };
 
-/// What a tab and the title call `document`: its name, with a star while it has unsaved changes.
+/// The label of `document` on its tab and in the title: its name, with a star while it has unsaved changes.
 QString documentLabel(const HostDocument &document);
 
 } // namespace refhost

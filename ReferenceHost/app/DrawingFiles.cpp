@@ -1,9 +1,8 @@
-// Asks for file names and tells how reading and writing went; the session and the export do the work.
+// Asks for file names and reports the outcome. The session and the export do the work.
 
 #include "app/DrawingFiles.h"
 
 #include "app/HostSettingsStore.h"
-#include "app/HostWindow.h"
 #include "app/SavingBar.h"
 #include "app/WaitCursor.h"
 #include "export/DrawingReader.h"
@@ -30,17 +29,101 @@ QString suffixOf(const QString &filter)
     return filter.mid(filter.indexOf(QLatin1String("*.")) + 2).remove(QLatin1Char(')'));
 }
 
-bool confirm(HostWindow &window, const QString &question, QMessageBox::StandardButton yes)
+} // namespace
+
+bool DrawingFiles::open()
 {
-    return QMessageBox::question(&window, QStringLiteral("Reference Host"), question,
+    const QString file =
+        QFileDialog::getOpenFileName(&m_parent, QStringLiteral("Open drawing"), QString(),
+                                     QStringLiteral("Drawings (*.dwg *.dxf *.DWG *.DXF);;All files (*)"));
+    return !file.isEmpty() && openFile(file);
+}
+
+bool DrawingFiles::openFile(const QString &fileName)
+{
+    if (const HostDocumentPtr open = m_session.findDocument(fileName); open && open->fileName == fileName)
+        return m_session.activate(open);
+
+    const WaitCursor waitCursor;
+    OpenedDrawing opened = openDrawing(m_encoder, fileName);
+    const QString shownName = QDir::toNativeSeparators(fileName);
+    if (!opened.error.isEmpty()) {
+        m_session.report(QStringLiteral("%1: not opened: %2").arg(shownName, opened.error));
+        return false;
+    }
+    const HostDocumentPtr empty = m_session.activeDocument();
+    const HostDocumentPtr document = m_session.newDocument();
+    document->drawing = std::move(opened.drawing);
+    document->savedRevision = document->drawing.revision();
+    document->fileName = fileName;
+    document->leftOut = opened.leftOut;
+    if (m_session.documents().size() == 2 && empty->isUntouched()) // the one that the window began with
+        m_session.close(empty);
+    keepDrawingFolder(QFileInfo(fileName).path());
+    m_session.report(QStringLiteral("Opened %1").arg(shownName));
+    if (!document->leftOut.isEmpty())
+        m_session.report(QStringLiteral("Not shown: %1").arg(document->leftOut.join(QStringLiteral(", "))));
+    return true;
+}
+
+bool DrawingFiles::save(const HostDocumentPtr &document)
+{
+    return document->fileName.isEmpty() ? saveAs(document) : saveTo(document, document->fileName);
+}
+
+bool DrawingFiles::saveAs(const HostDocumentPtr &document)
+{
+    const QString file = askFileName(QStringLiteral("Save drawing"), document, drawingFilters());
+    return !file.isEmpty() && saveTo(document, file);
+}
+
+bool DrawingFiles::confirmClosing(const HostDocumentPtr &document)
+{
+    m_savingBar.waitFor(*document);
+    if (!document->isModified())
+        return true;
+    const auto answer = QMessageBox::question(
+        &m_parent, QStringLiteral("Reference Host"),
+        QStringLiteral("Save the changes to %1?").arg(document->shownName()),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer != QMessageBox::Save)
+        return answer == QMessageBox::Discard;
+    if (!save(document))
+        return false;
+    m_savingBar.waitFor(*document);
+    return !document->isModified();
+}
+
+bool DrawingFiles::exportDrawing(const HostDocumentPtr &document)
+{
+    const QString file = askFileName(QStringLiteral("Export drawing"), document, drawingFilters());
+    if (file.isEmpty() || !confirmWritingOver(document, file))
+        return false;
+    m_savingBar.save(document, file, [this, file](const QString &error) { reportWritten(file, error); });
+    return true;
+}
+
+bool DrawingFiles::exportPicture(const HostDocumentPtr &document)
+{
+    const QString file =
+        askFileName(QStringLiteral("Export picture"), document, {QStringLiteral("PNG picture (*.png)")});
+    if (file.isEmpty())
+        return false;
+    const WaitCursor waitCursor;
+    return reportWritten(file, writeWholeFile(file, pngPicture(document->drawing)));
+}
+
+bool DrawingFiles::confirm(const QString &question, QMessageBox::StandardButton yes) const
+{
+    return QMessageBox::question(&m_parent, QStringLiteral("Reference Host"), question,
                                  yes | QMessageBox::Cancel, yes)
         == yes;
 }
 
-/// Lets the user choose a name in `dialog`; empty when he cancels. A name that does not end in one of
-/// `suffixes` gets that of the chosen filter, dots or not: the dialog itself takes ".v2" of "plan.v2" for a
-/// suffix, and asks for the shorter name whether it may be replaced.
-QString chosenName(HostWindow &window, QFileDialog &dialog, const QStringList &suffixes)
+/// Lets the user choose a name in `dialog`; empty when the user cancels. A name without one of `suffixes`
+/// gets the suffix of the chosen filter. The dialog takes ".v2" of "plan.v2" for a suffix and asks about
+/// replacing that shorter name only, so the whole name is asked about here.
+QString DrawingFiles::chosenName(QFileDialog &dialog, const QStringList &suffixes) const
 {
     while (dialog.exec() == QDialog::Accepted) {
         QString file = dialog.selectedFiles().value(0);
@@ -48,22 +131,21 @@ QString chosenName(HostWindow &window, QFileDialog &dialog, const QStringList &s
             return file;
         QString whole = file + QLatin1Char('.') + dialog.defaultSuffix();
         const QString question = QStringLiteral("%1 already exists.\nDo you want to replace it?");
-        if (!QFileInfo::exists(whole)
-            || confirm(window, question.arg(QFileInfo(whole).fileName()), QMessageBox::Yes))
+        if (!QFileInfo::exists(whole) || confirm(question.arg(QFileInfo(whole).fileName()), QMessageBox::Yes))
             return whole;
     }
     return {};
 }
 
 /// Asks for a file to write; empty when the user cancels.
-QString askFileName(HostWindow &window, const QString &title, const HostDocumentPtr &document,
-                    const QStringList &filters)
+QString DrawingFiles::askFileName(const QString &title, const HostDocumentPtr &document,
+                                  const QStringList &filters) const
 {
     const QFileInfo earlier(document->fileName);
     const QString suggested = document->fileName.isEmpty()
         ? document->title
         : QDir(earlier.path()).filePath(earlier.completeBaseName());
-    QFileDialog dialog(&window, title, suggested);
+    QFileDialog dialog(&m_parent, title, suggested);
     dialog.setNameFilters(filters);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
@@ -76,130 +158,42 @@ QString askFileName(HostWindow &window, const QString &title, const HostDocument
     dialog.setDefaultSuffix(suffixOf(dialog.selectedNameFilter()));
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
                      [&](const QString &filter) { dialog.setDefaultSuffix(suffixOf(filter)); });
-    return chosenName(window, dialog, suffixes);
+    return chosenName(dialog, suffixes);
 }
 
-/// Whether `document` may be written over `file`: the user is asked when that loses what it lacks of it.
-bool confirmWritingOver(HostWindow &window, const HostDocumentPtr &document, const QString &file)
+/// Asks the user before writing `document` over a file that holds more than the drawing.
+bool DrawingFiles::confirmWritingOver(const HostDocumentPtr &document, const QString &file) const
 {
     return document->leftOut.isEmpty() || !isSameFileName(document->fileName, file)
-        || confirm(window,
-                   QStringLiteral("%1 holds more than this drawing shows: %2.\nSaving over it loses them.")
+        || confirm(QStringLiteral("%1 holds more than this drawing shows: %2.\nSaving over it loses them.")
                        .arg(document->shownName(), document->leftOut.join(QStringLiteral(", "))),
                    QMessageBox::Save);
 }
 
-/// Starts to save under the name `file` and says so in the end; the session reports a failure.
-bool saveTo(HostWindow &window, const HostDocumentPtr &document, const QString &file)
+/// Starts to save under the name `file`. The user is told when the file is written.
+bool DrawingFiles::saveTo(const HostDocumentPtr &document, const QString &file)
 {
-    if (!confirmWritingOver(window, document, file))
+    if (!confirmWritingOver(document, file))
         return false;
     const std::uint64_t revision = document->drawing.revision();
-    // All blocks are kept: the user may still mean to insert those that nothing shows yet.
-    window.savingBar().save(document, file, [&window, document, file, revision](const QString &error) {
-        window.session().noteSaved(document, file, revision, error);
+    // All blocks are kept, since the user may still insert those that are not shown yet.
+    m_savingBar.save(document, file, [this, document, file, revision](const QString &error) {
+        m_session.noteSaved(document, file, revision, error);
         if (!error.isEmpty())
             return;
         document->leftOut.clear();
         keepDrawingFolder(QFileInfo(file).path());
-        window.showMessage(QStringLiteral("Saved %1").arg(QDir::toNativeSeparators(file)));
+        m_session.report(QStringLiteral("Saved %1").arg(QDir::toNativeSeparators(file)));
     });
     return true;
 }
 
-/// Says how writing `file` went.
-bool reportWritten(HostWindow &window, const QString &file, const QString &error)
+/// Tells the user how writing `file` went.
+bool DrawingFiles::reportWritten(const QString &file, const QString &error) const
 {
-    window.showMessage(error.isEmpty() ? QStringLiteral("Wrote %1").arg(QDir::toNativeSeparators(file))
-                                       : QStringLiteral("%1: not written: %2").arg(file, error));
+    m_session.report(error.isEmpty() ? QStringLiteral("Wrote %1").arg(QDir::toNativeSeparators(file))
+                                     : QStringLiteral("%1: not written: %2").arg(file, error));
     return error.isEmpty();
-}
-
-} // namespace
-
-bool openDrawing(HostWindow &window, const HostDocumentPtr & /*document*/)
-{
-    const QString file =
-        QFileDialog::getOpenFileName(&window, QStringLiteral("Open drawing"), QString(),
-                                     QStringLiteral("Drawings (*.dwg *.dxf *.DWG *.DXF);;All files (*)"));
-    return !file.isEmpty() && openDrawingFile(window, file);
-}
-
-bool openDrawingFile(HostWindow &window, const QString &fileName)
-{
-    HostSession &session = window.session();
-    if (const HostDocumentPtr open = session.findDocument(fileName); open && open->fileName == fileName)
-        return session.activate(open);
-
-    const WaitCursor waitCursor;
-    OpenedDrawing opened = openDrawing(window.encoder(), fileName);
-    const QString shownName = QDir::toNativeSeparators(fileName);
-    if (!opened.error.isEmpty()) {
-        window.showMessage(QStringLiteral("%1: not opened: %2").arg(shownName, opened.error));
-        return false;
-    }
-    const HostDocumentPtr empty = session.activeDocument();
-    const HostDocumentPtr document = session.newDocument();
-    document->drawing = std::move(opened.drawing);
-    document->savedRevision = document->drawing.revision();
-    document->fileName = fileName;
-    document->leftOut = opened.leftOut;
-    if (session.documents().size() == 2 && empty->isUntouched()) // the one that the window began with
-        session.close(empty);
-    keepDrawingFolder(QFileInfo(fileName).path());
-    window.showMessage(QStringLiteral("Opened %1").arg(shownName));
-    if (!document->leftOut.isEmpty())
-        window.showMessage(QStringLiteral("Not shown: %1").arg(document->leftOut.join(QStringLiteral(", "))));
-    return true;
-}
-
-bool save(HostWindow &window, const HostDocumentPtr &document)
-{
-    return document->fileName.isEmpty() ? saveAs(window, document)
-                                        : saveTo(window, document, document->fileName);
-}
-
-bool saveAs(HostWindow &window, const HostDocumentPtr &document)
-{
-    const QString file = askFileName(window, QStringLiteral("Save drawing"), document, drawingFilters());
-    return !file.isEmpty() && saveTo(window, document, file);
-}
-
-bool confirmClosing(HostWindow &window, const HostDocumentPtr &document)
-{
-    window.savingBar().waitFor(*document);
-    if (!document->isModified())
-        return true;
-    const auto answer = QMessageBox::question(
-        &window, QStringLiteral("Reference Host"),
-        QStringLiteral("Save the changes to %1?").arg(document->shownName()),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
-    if (answer != QMessageBox::Save)
-        return answer == QMessageBox::Discard;
-    if (!save(window, document))
-        return false;
-    window.savingBar().waitFor(*document);
-    return !document->isModified();
-}
-
-bool exportDrawing(HostWindow &window, const HostDocumentPtr &document)
-{
-    const QString file = askFileName(window, QStringLiteral("Export drawing"), document, drawingFilters());
-    if (file.isEmpty() || !confirmWritingOver(window, document, file))
-        return false;
-    window.savingBar().save(document, file,
-                            [&window, file](const QString &error) { reportWritten(window, file, error); });
-    return true;
-}
-
-bool exportPicture(HostWindow &window, const HostDocumentPtr &document)
-{
-    const QString file = askFileName(window, QStringLiteral("Export picture"), document,
-                                     {QStringLiteral("PNG picture (*.png)")});
-    if (file.isEmpty())
-        return false;
-    const WaitCursor waitCursor;
-    return reportWritten(window, file, writeWholeFile(file, pngPicture(document->drawing)));
 }
 
 } // namespace refhost

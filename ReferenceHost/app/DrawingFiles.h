@@ -1,36 +1,64 @@
-// Opening drawings from files, and writing drawings and pictures of them to files the user chooses.
+// Opens drawings from files, and writes drawings and pictures of them to files that the user chooses.
 
 #pragma once
 
-#include "api/HostDocument.h"
+#include "api/HostSession.h"
+#include "export/EncoderProcess.h"
+
+#include <QMessageBox>
+
+class QFileDialog;
 
 namespace refhost {
 
-class HostWindow;
+class SavingBar;
 
-// Each of these is true when what was asked for is done, or under way: drawings are saved in the background.
-// False when the user cancelled or it could not be done; what went wrong was said then.
+/// The user is asked in dialogs over one widget and told of the outcome through the session. A function is
+/// true when the work is done or under way, since drawings are saved in the background. It is false when the
+/// user cancels and when the work fails.
+class DrawingFiles {
+public:
+    DrawingFiles(QWidget &parent, HostSession &session, EncoderProcess &encoder, SavingBar &savingBar)
+        : m_parent(parent)
+        , m_session(session)
+        , m_encoder(encoder)
+        , m_savingBar(savingBar)
+    {
+    }
 
-/// Asks for a DWG or DXF file and opens it.
-bool openDrawing(HostWindow &window, const HostDocumentPtr &document);
+    /// Asks for a DWG or DXF file and opens it.
+    bool open();
+    /// Opens the DWG or DXF file `fileName`. A file that is open already comes to the front. The user is told
+    /// what the file holds and the drawing does not.
+    bool openFile(const QString &fileName);
 
-/// Opens the DWG or DXF file `fileName`, or shows its drawing if it is open already. Says what the drawing
-/// lacks of its file.
-bool openDrawingFile(HostWindow &window, const QString &fileName);
+    /// Saves `document` under its name, or asks for one. The user is asked before anything in the file is
+    /// lost.
+    bool save(const HostDocumentPtr &document);
+    /// Asks for a name and saves `document` under it as a DWG or DXF file.
+    bool saveAs(const HostDocumentPtr &document);
 
-/// Saves `document` under its name; asks for one when it has none, and before what the drawing lacks of its
-/// file is lost.
-bool save(HostWindow &window, const HostDocumentPtr &document);
+    /// Asks for a name and writes a copy of the drawing there: a DWG or DXF file, or a PNG picture.
+    bool exportDrawing(const HostDocumentPtr &document);
+    bool exportPicture(const HostDocumentPtr &document);
 
-/// Asks for a name and saves `document` as a DWG or DXF file, whose name it bears from then on.
-bool saveAs(HostWindow &window, const HostDocumentPtr &document);
+    /// Asks whether to save the changes of `document`, and waits until they are saved; false when the drawing
+    /// is to stay open.
+    bool confirmClosing(const HostDocumentPtr &document);
 
-/// Writes a copy of the drawing, as a DWG or DXF file or as a PNG picture, under a name it asks for.
-bool exportDrawing(HostWindow &window, const HostDocumentPtr &document);
-bool exportPicture(HostWindow &window, const HostDocumentPtr &document);
+private:
+    bool confirm(const QString &question, QMessageBox::StandardButton yes) const;
+    bool confirmWritingOver(const HostDocumentPtr &document, const QString &file) const;
+    QString askFileName(const QString &title, const HostDocumentPtr &document,
+                        const QStringList &filters) const;
+    QString chosenName(QFileDialog &dialog, const QStringList &suffixes) const;
+    bool saveTo(const HostDocumentPtr &document, const QString &file);
+    bool reportWritten(const QString &file, const QString &error) const;
 
-/// Asks whether to save `document` when it has been changed since it was saved, and waits until that is done;
-/// false when it is to stay open.
-bool confirmClosing(HostWindow &window, const HostDocumentPtr &document);
+    QWidget &m_parent;
+    HostSession &m_session;
+    EncoderProcess &m_encoder;
+    SavingBar &m_savingBar;
+};
 
 } // namespace refhost

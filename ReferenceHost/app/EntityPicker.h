@@ -1,4 +1,4 @@
-// Finds the entities that the user points at.
+// Finds the entities under the cursor or in a window.
 
 #pragma once
 
@@ -15,11 +15,11 @@ namespace refhost {
 /// instance counts as one entity.
 std::optional<EntityId> entityAt(const EntityBoxes &boxes, const ViewTransform &view, const QPointF &pixel);
 
-/// How much of an entity a window has to hold.
+/// Whether a window has to hold all of an entity or a part of it.
 enum class Within { Wholly, Partly };
 
-/// The entities of model space that are in the window `pixels` of `view`, in drawing order. Partly: with a
-/// line, or the room that letters take.
+/// The entities of model space within the window `pixels` of `view`, in drawing order. A line or the room of
+/// letters is enough for `Partly`.
 std::vector<EntityId> entitiesIn(const EntityBoxes &boxes, const ViewTransform &view, const QRectF &pixels,
                                  Within within);
 

@@ -1,4 +1,4 @@
-// Calls what may throw: it ends here.
+// Stops exceptions.
 
 #pragma once
 
@@ -9,7 +9,7 @@
 
 namespace refhost {
 
-/// Calls `function` and returns an empty text, or what the exception it threw says of itself.
+/// Calls `function` and returns the text of its exception; empty when it throws none.
 template <class Function>
 QString guarded(const Function &function)
 {

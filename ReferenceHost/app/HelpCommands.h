@@ -1,4 +1,4 @@
-// What helps the user to find his way in the host.
+// Commands that help the user to find the way around the host.
 
 #pragma once
 
@@ -8,7 +8,7 @@ namespace refhost {
 
 class HostWindow;
 
-/// Says the name of each command and what it does.
+/// Lists each command with its description.
 bool listCommands(HostWindow &window, const HostDocumentPtr &document);
 
 /// Shows the user guide in a window of its own.

@@ -5,8 +5,6 @@
 #include <QFileInfo>
 #include <QSettings>
 
-#include <tuple>
-
 namespace refhost {
 
 namespace {
@@ -88,15 +86,6 @@ void savePreparationFolders(const PreparationFolders &folders)
     QSettings stored = openStore();
     stored.setValue(QLatin1String(preparedFolderKey), folders.files);
     stored.setValue(QLatin1String(copiesFolderKey), folders.copies);
-}
-
-bool isSame(const HostSettings &first, const HostSettings &second)
-{
-    const auto parts = [](const HostSettings &settings) {
-        return std::tie(settings.language, settings.theme, settings.webHelp, settings.webLink,
-                        settings.helpFile);
-    };
-    return parts(first) == parts(second);
 }
 
 const std::vector<HostLanguage> &hostLanguages()

@@ -11,34 +11,31 @@ HostSettings loadHostSettings();
 
 void saveHostSettings(const HostSettings &settings);
 
-/// Stores `folder` as the one that an import's file dialog starts in, unless a folder that exists is stored.
+/// Stores `folder` as the start of an import's file dialog, unless an existing folder is stored already.
 void keepImportFolder(const QString &folder);
 
-/// Stores `folder` as that of the drawing last opened or saved.
+/// Stores the folder of the drawing that was opened or saved last.
 void keepDrawingFolder(const QString &folder);
-/// The folder stored so; empty when there is none or it is gone.
+/// The stored folder of drawings; empty when there is none or it is gone.
 QString loadDrawingFolder();
 
 /// The folders that the user worked in last when preparing SVG files.
 struct PreparationFolders {
-    QString files;  ///< those that were prepared
-    QString copies; ///< their plain copies
+    QString files;  ///< the folder of the prepared files
+    QString copies; ///< the folder of their plain copies
 };
 
-/// The stored folders, each empty when it is gone or was never stored; in the place of that of the files the
-/// one that an import's file dialog starts in.
+/// The stored folders, each empty when it is gone or was never stored. Instead of a missing folder of files
+/// it gives the start of an import's file dialog.
 PreparationFolders loadPreparationFolders();
 
 void savePreparationFolders(const PreparationFolders &folders);
 
-/// Whether both mean the same for the next start.
-bool isSame(const HostSettings &first, const HostSettings &second);
-
-/// A language of the host as add-ins are told it. The host's own texts are English whichever it is.
+/// A language that the host reports to add-ins. The host's own texts are always English.
 struct HostLanguage {
     kvLanguage_e value;
     const char *name;   ///< English
-    const char *locale; ///< what Qt calls it, "pt_BR"
+    const char *locale; ///< Qt's name, such as "pt_BR"
 };
 
 /// All languages, English first, the others by name.

@@ -1,4 +1,4 @@
-// Puts the window together and passes on between its parts and the session.
+// Builds the window and connects its parts with the session.
 
 #include "app/HostWindow.h"
 
@@ -16,7 +16,6 @@
 #include "app/Ribbon.h"
 #include "app/SavingBar.h"
 #include "app/WaitCursor.h"
-#include "app/WindowCommands.h"
 #include "export/DrawingFile.h"
 
 #include <QBoxLayout>
@@ -35,7 +34,6 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
@@ -68,7 +66,7 @@ QKeySequence shortcutOf(const QString &command)
     return shortcuts.value(command);
 }
 
-/// Four decimals, or as many digits as a double has where the decimals would be none of its own.
+/// Four decimals, or 15 digits where a double has no such decimals.
 QString coordinateText(double coordinate)
 {
     constexpr double mostWithDecimals = 1e12;
@@ -76,14 +74,14 @@ QString coordinateText(double coordinate)
                                                    : QString::number(coordinate, 'g', 15);
 }
 
-/// The command that is meant by what was typed: the host's own need no underscore.
+/// The name of the typed command. The host's own commands need no underscore.
 QString knownName(const CommandRegistry &commands, const QString &typed)
 {
     const QString ownName = QLatin1Char('_') + typed;
     return !commands.find(typed) && commands.find(ownName) ? ownName : typed;
 }
 
-/// Whether a command may run while another one waits for an answer: those that only change what is seen.
+/// Whether a command may run while another one waits for an answer. It must not change the drawing.
 bool isTransparent(const QString &command)
 {
     static const QStringList transparent = {QStringLiteral("_ZOOMEXTENTS"), QStringLiteral("_JOURNAL")};
@@ -112,18 +110,6 @@ bool isInView(const CommandRecord::Insertion &insertion, const ViewTransform &vi
     return extents.isEmpty() || shown.meets(extents);
 }
 
-/// Calls `show`, which is no longer due afterwards, when the host has time: once however often it is asked
-/// for until then, and not when something else has shown it by then.
-void showSoon(HostWindow &window, bool &isDue, void (HostWindow::*show)())
-{
-    if (std::exchange(isDue, true))
-        return;
-    QTimer::singleShot(0, &window, [&window, &isDue, show] {
-        if (isDue)
-            (window.*show)();
-    });
-}
-
 } // namespace
 
 HostWindow::HostWindow(const HostSettings &settings, QWidget *parent)
@@ -132,12 +118,11 @@ HostWindow::HostWindow(const HostSettings &settings, QWidget *parent)
     , m_startFolder(QDir::currentPath())
 {
     m_session.settings = settings;
-    addWindowCommands(*this);
     build();
     provideServices();
     showMessage(QStringLiteral("Type a command, or click one. Esc cancels."));
     m_session.newDocument();
-    showUserInterface();
+    m_userInterfaceTimer.start();
     showDocuments();
     m_commandLine->setPrompt({});
 }
@@ -147,7 +132,7 @@ HostWindow::~HostWindow()
     m_session.services = {};
     if (m_addin.isConnected())
         m_addin.disconnect();
-    delete m_journal; // records the session's calls, which ends before the window's parts do
+    delete m_journal; // it records calls of the session, which is destroyed before the window's parts
 }
 
 void HostWindow::build()
@@ -193,6 +178,7 @@ void HostWindow::build()
     m_journal->hide();
 
     buildStatusBar();
+    m_files = std::make_unique<DrawingFiles>(*this, m_session, m_encoder, *m_savingBar);
     setAcceptDrops(true);
     new DialogGhosts(this);
 
@@ -209,6 +195,10 @@ void HostWindow::build()
     connect(m_savingBar, &SavingBar::cancelled, this, [this](const QString &file) {
         showMessage(QStringLiteral("%1: not saved: cancelled").arg(file));
     });
+    m_userInterfaceTimer.setSingleShot(true);
+    connect(&m_userInterfaceTimer, &QTimer::timeout, this, &HostWindow::showUserInterface);
+    m_documentsTimer.setSingleShot(true);
+    connect(&m_documentsTimer, &QTimer::timeout, this, &HostWindow::showDocuments);
     connect(m_zoomOffer, &QToolButton::clicked, this, [this] { runCommand(QStringLiteral("_ZOOMEXTENTS")); });
 }
 
@@ -260,8 +250,8 @@ void HostWindow::provideServices()
         return false;
     };
     services.report = [this](const QString &message) { showMessage(message); };
-    services.documentsChanged = [this] { showDocumentsSoon(); };
-    services.userInterfaceChanged = [this] { showUserInterfaceSoon(); };
+    services.documentsChanged = [this] { m_documentsTimer.start(); };
+    services.userInterfaceChanged = [this] { m_userInterfaceTimer.start(); };
     services.commandEnded = [this](const CommandRecord &record) { summarise(record); };
 }
 
@@ -288,7 +278,7 @@ void HostWindow::runCommand(const QString &commandLine)
 {
     const QString typed = commandName(commandLine);
     const bool wasWaiting = m_prompter->isWaiting();
-    if (typed != commandLine.trimmed()) // it started with "^C"
+    if (typed != commandLine.trimmed()) // the line starts with "^C"
         cancel();
     if (typed.isEmpty())
         return;
@@ -307,8 +297,8 @@ void HostWindow::runCommand(const QString &commandLine)
         showMessage(QStringLiteral("%1: not run: %2 still runs").arg(name, running));
 }
 
-/// Add-ins may change the drawing in front, so that none of their commands runs while that is being saved.
-/// The host's commands look for themselves.
+/// An add-in's command may change the drawing in front and waits until that is saved. The host's own commands
+/// check what they need themselves.
 bool HostWindow::refuseWhileSaving(const QString &command)
 {
     const HostDocumentPtr document = m_session.activeDocument();
@@ -363,7 +353,7 @@ void HostWindow::cancel()
     if (!document || !m_session.commands.running().isEmpty())
         return;
     document->selection.clear();
-    showDocumentsSoon();
+    m_documentsTimer.start();
 }
 
 void HostWindow::connectAddin(const QString &path)
@@ -410,7 +400,7 @@ void HostWindow::disconnectAddin()
         m_addin.unload();
 }
 
-/// Says so when not.
+/// Tells the user when a command runs; false then.
 bool HostWindow::ensureNoCommandRuns()
 {
     const QString running = m_session.commands.running();
@@ -433,14 +423,14 @@ void HostWindow::closeEvent(QCloseEvent *event)
                     [this](const HostDocumentPtr &document) { return confirmClosing(document); }));
 }
 
-/// Shows the drawing that the user is asked about.
+/// Asks as DrawingFiles does, and shows the drawing in question.
 bool HostWindow::confirmClosing(const HostDocumentPtr &document)
 {
     if (document->isModified()) {
         m_session.activate(document);
         showDocuments();
     }
-    return refhost::confirmClosing(*this, document);
+    return m_files->confirmClosing(document);
 }
 
 void HostWindow::dragEnterEvent(QDragEnterEvent *event)
@@ -455,11 +445,11 @@ void HostWindow::dropEvent(QDropEvent *event)
     event->acceptProposedAction();
     for (const QString &file : files) {
         if (ensureNoCommandRuns())
-            openDrawingFile(*this, file);
+            m_files->openFile(file);
     }
 }
 
-/// Keys that no part of the window wants are typed into the command line.
+/// Keys that no part of the window uses are typed into the command line.
 void HostWindow::keyPressEvent(QKeyEvent *event)
 {
     m_commandLine->takeKey(event);
@@ -482,19 +472,9 @@ bool HostWindow::openHelp(const QUrl &address)
     return isOpen;
 }
 
-void HostWindow::showUserInterfaceSoon()
-{
-    showSoon(*this, m_userInterfaceIsDue, &HostWindow::showUserInterface);
-}
-
-void HostWindow::showDocumentsSoon()
-{
-    showSoon(*this, m_documentsAreDue, &HostWindow::showDocuments);
-}
-
 void HostWindow::showUserInterface()
 {
-    m_userInterfaceIsDue = false;
+    m_userInterfaceTimer.stop();
     const CommandActions actions(m_session.commands, m_theme, [this](const QString &commandLine) {
         showMessage(QStringLiteral("Command: %1").arg(commandName(commandLine)));
         runCommand(commandLine);
@@ -545,7 +525,7 @@ void HostWindow::showToolbars(const CommandActions &actions)
 
 void HostWindow::showDocuments()
 {
-    m_documentsAreDue = false;
+    m_documentsTimer.stop();
     const auto &documents = m_session.documents();
     const HostDocumentPtr active = m_session.activeDocument();
     m_tabs->showDocuments(documents, active);
@@ -578,7 +558,7 @@ void HostWindow::showHistory(const HostDocument *document)
     }
 }
 
-/// A running command draws into the drawing in front, so that one stays there.
+/// A running command draws into the active drawing, which therefore stays in front.
 void HostWindow::activateDocument(const HostDocumentPtr &document)
 {
     if (!ensureNoCommandRuns()) {

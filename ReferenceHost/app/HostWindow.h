@@ -1,4 +1,4 @@
-// The main window of the host: everything the user sees of a session.
+// The main window of the host, which shows a session to the user.
 
 #pragma once
 
@@ -8,7 +8,9 @@
 #include "export/EncoderProcess.h"
 
 #include <QMainWindow>
-#include <QPointer>
+#include <QTimer>
+
+#include <memory>
 
 class QLabel;
 class QToolButton;
@@ -19,6 +21,7 @@ class Canvas;
 class CommandActions;
 class CommandLine;
 class DocumentTabs;
+class DrawingFiles;
 class InsertionPrompter;
 class JournalPanel;
 class Ribbon;
@@ -28,23 +31,24 @@ class HostWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// A window with one empty drawing and no add-in.
+    /// A window with one empty drawing and no add-in. It knows the session's commands only;
+    /// addWindowCommands() adds those that need a window.
     explicit HostWindow(const HostSettings &settings, QWidget *parent = nullptr);
     /// Disconnects the add-in first.
     ~HostWindow() override;
 
-    /// Loads and connects the add-in `path`; says what went wrong if it did.
+    /// Loads and connects the add-in `path`. The user is told of a failure.
     void connectAddin(const QString &path);
     /// Lets the user choose an add-in's library and connects it.
     void chooseAddin();
-    /// Refused while a command runs, like everything that takes the add-in's code away.
+    /// Disconnects and unloads the add-in. Refused while a command runs, whose code may be the add-in's.
     void disconnectAddin();
 
-    /// Tells the user of drawings to try an import with, and lets the import's file dialog start in that
-    /// folder unless another one is set.
+    /// Tells the user of a folder with drawings to import. The import's file dialog starts there, unless
+    /// another folder is set.
     void offerSamples(const QString &folder);
 
-    /// Does what the user typed or clicked: answers the prompt that waits, or runs a command.
+    /// Answers the waiting prompt with a line from the user, or runs it as a command.
     void enter(const QString &line);
 
     /// Shows a line in the message area.
@@ -56,8 +60,7 @@ public:
     HostSession &session() { return m_session; }
     Canvas &canvas() { return *m_canvas; }
     CommandLine &commandLine() { return *m_commandLine; }
-    SavingBar &savingBar() { return *m_savingBar; }
-    EncoderProcess &encoder() { return m_encoder; }
+    DrawingFiles &files() { return *m_files; }
     JournalPanel &journal() { return *m_journal; }
     bool hasAddin() const { return m_addin.isConnected(); }
 
@@ -77,12 +80,9 @@ private:
     bool refuseWhileSaving(const QString &command);
     void summarise(const CommandRecord &record);
 
-    // What changed in the session is shown when the host has time for it: one command changes a lot.
-    void showUserInterfaceSoon();
     void showUserInterface();
     void showMenus(const CommandActions &actions);
     void showToolbars(const CommandActions &actions);
-    void showDocumentsSoon();
     void showDocuments();
     void showHistory(const HostDocument *document);
 
@@ -105,17 +105,19 @@ private:
     JournalPanel *m_journal = nullptr;
     InsertionPrompter *m_prompter = nullptr;
     SavingBar *m_savingBar = nullptr;
-    QToolButton *m_zoomOffer = nullptr; // while what came last is out of view
+    std::unique_ptr<DrawingFiles> m_files;
+    QToolButton *m_zoomOffer = nullptr; // shown while the last import is out of view
     QLabel *m_coordinates = nullptr;
     QLabel *m_selectionNote = nullptr;
     QLabel *m_addinNote = nullptr;
     const QString m_startFolder;
-    QString m_nextCommand; // waits for the end of one that was cancelled
-    bool m_userInterfaceIsDue = false;
-    bool m_documentsAreDue = false;
+    QString m_nextCommand; // runs when the cancelled command has ended
+    // Many changes of one command are shown together, when the host is idle.
+    QTimer m_userInterfaceTimer;
+    QTimer m_documentsTimer;
 };
 
-/// What the user may type for the command `name`: the host's own need no underscore.
+/// The command `name` as the user may type it, without the underscore of the host's own commands.
 QString typedName(const QString &name);
 
 } // namespace refhost

@@ -13,16 +13,16 @@ namespace refhost {
 class Canvas;
 class CommandLine;
 
-/// Asks on the command line; a point may also be picked on the canvas, where a preview of the block shows
-/// what the answers so far come to.
+/// Asks on the command line. The user may also pick a point on the canvas, which shows a preview of the block
+/// with the answers so far.
 class InsertionPrompter : public QObject {
     Q_OBJECT
 
 public:
     InsertionPrompter(CommandLine &commandLine, Canvas &canvas, QObject *parent = nullptr);
 
-    /// Asks for what `prompt` leaves open and returns when the user has answered; nothing when he cancelled.
-    /// Handles events meanwhile.
+    /// Asks the questions of `prompt` and returns the answers; nothing when the user cancels. Handles events
+    /// meanwhile.
     std::optional<Placement> ask(const InsertionPrompt &prompt);
 
     bool isWaiting() const { return m_loop != nullptr; }
@@ -33,7 +33,7 @@ public:
 private:
     struct Question {
         const char *what;
-        const char *hint; // how to answer, for those who did otherwise
+        const char *hint; // shown after an answer that makes no sense
     };
 
     template <class Value>

@@ -1,4 +1,4 @@
-// The panel that shows which calls add-ins make.
+// The panel that shows the calls of add-ins.
 
 #pragma once
 
@@ -26,7 +26,7 @@ private:
 
     CallJournal &m_journal;
     QPlainTextEdit *m_lines;
-    QByteArrayList m_pending; // shown together when the host has time: an import makes many calls
+    QByteArrayList m_pending; // shown together when the host is idle, since an import makes many calls
 };
 
 } // namespace refhost

@@ -1,4 +1,4 @@
-// The ribbon: tabs, on each a row of panels with large buttons.
+// The ribbon: tabs with panels of large buttons.
 
 #pragma once
 
@@ -17,7 +17,7 @@ class Ribbon : public QWidget {
 public:
     explicit Ribbon(QWidget *parent = nullptr);
 
-    /// Shows `workspace` in place of what was shown; the tab in front stays there.
+    /// Shows `workspace` and keeps the front tab.
     void showWorkspace(const UserInterfaceNode &workspace, const CommandActions &actions);
 
 private:

@@ -1,5 +1,4 @@
-// Everything is asked before the first copy is written. A file that fails does not keep the others from their
-// copies.
+// Asks all questions before the first copy is written. A file that fails does not stop the others.
 
 #include "app/SVGPreparationCommand.h"
 
@@ -74,7 +73,7 @@ public:
         QCoreApplication::processEvents(); // Qt: the dialog comes up by a timer of that duration
     }
 
-    /// Lets the user see that so many files are `done`; false when he has cancelled.
+    /// Shows that so many files are `done`; false when the user has cancelled.
     bool show(int done)
     {
         if (m_dialog)
@@ -97,7 +96,8 @@ QStringList askFiles(HostWindow &window, const QString &startFolder)
     return files;
 }
 
-/// Which copies are written: not those that would destroy a chosen file or another's copy.
+/// The copies to write. A copy that would destroy a chosen file or another copy is left out, and the user is
+/// told.
 std::vector<Copy> plannedCopies(HostWindow &window, const QStringList &inputs, const QString &folder)
 {
     svgprep::FileNotes chosen;
@@ -122,14 +122,14 @@ std::vector<Copy> plannedCopies(HostWindow &window, const QStringList &inputs, c
     return copies;
 }
 
-/// Whether something that a copy could replace is there; a link that leads nowhere counts.
+/// Whether a copy would replace something. A link that leads nowhere counts.
 bool isTaken(const QString &output)
 {
     const QFileInfo file(output);
     return (file.exists() && !file.isDir()) || file.isSymLink();
 }
 
-/// Whether copies may take the place of files that exist; nothing when the user cancels.
+/// Asks whether copies may replace existing files; nothing when the user cancels.
 std::optional<bool> askToOverwrite(HostWindow &window, const std::vector<Copy> &copies, const QString &folder)
 {
     const auto taken =

@@ -6,9 +6,9 @@ namespace refhost {
 
 class HostWindow;
 
-/// Asks for SVG files and for a folder, and writes their plain copies there. Says of each file what its copy
-/// lacks or why there is none, and at the end how many were written. False when the user cancelled; what was
-/// written by then stays.
+/// Asks for SVG files and a folder and writes plain copies of the files there. The user is told what each
+/// copy lacks or why there is none, and at the end how many were written. False when the user cancels. Copies
+/// written by then stay.
 bool prepareSvgFiles(HostWindow &window);
 
 } // namespace refhost

@@ -1,4 +1,4 @@
-// The encoder is a process of its own: all there is to do is to look from time to time whether it is done.
+// Checks now and then whether the encoder, a process of its own, has finished.
 
 #include "app/SavingBar.h"
 
@@ -70,7 +70,7 @@ SavingBar::SavingBar(QWidget *parent)
 
 void SavingBar::waitFor(const HostDocument &document)
 {
-    // Most drawings are saved before a dialog about it could be read.
+    // Most drawings are saved before the user could read a dialog.
     for (const QDeadlineTimer moment(300); document.isLocked && !moment.hasExpired(); poll())
         QThread::msleep(10);
     if (!document.isLocked)

@@ -14,12 +14,12 @@ class QLabel;
 
 namespace refhost {
 
-/// Is shown while a drawing is being saved. The drawing is locked meanwhile.
+/// Shown while a drawing is being saved. The drawing is locked meanwhile.
 class SavingBar : public QWidget {
     Q_OBJECT
 
 public:
-    /// Called when saving has ended; with an empty text when the file was written.
+    /// Called at the end of saving; `error` is empty when the file was written.
     using Done = std::function<void(const QString &error)>;
 
     explicit SavingBar(QWidget *parent = nullptr);
@@ -27,16 +27,16 @@ public:
     /// Starts to write `document` to `fileName`. `done` is not called when the user cancels.
     void save(const HostDocumentPtr &document, const QString &fileName, const Done &done);
 
-    /// Waits until `document` is no longer being saved and lets the user cancel that, and nothing else.
+    /// Waits until `document` is saved. The user can cancel saving meanwhile and do nothing else.
     void waitFor(const HostDocument &document);
 
     /// Stops all saving. The files stay what they were.
     void cancel();
 
 signals:
-    /// `fileName` is no longer being written, because the user wants it so.
+    /// The user has cancelled writing `fileName`.
     void cancelled(const QString &fileName);
-    /// A drawing has been locked or is so no longer.
+    /// A drawing has been locked or unlocked.
     void changed();
 
 private:
@@ -51,7 +51,7 @@ private:
     Job takeFirst();
     void showState();
 
-    EncoderProcess m_encoder; // of its own: cancelling ends the process
+    EncoderProcess m_encoder; // not shared, since cancelling ends the process
     std::deque<Job> m_jobs;
     QTimer m_timer;
     QLabel *m_label;

@@ -6,11 +6,13 @@
 
 #include <QDialog>
 
-class QComboBox;
-class QLabel;
-class QLineEdit;
+#include <memory>
+
 class QPushButton;
-class QRadioButton;
+
+namespace Ui {
+class SettingsDialog;
+}
 
 namespace refhost {
 
@@ -18,28 +20,22 @@ class SettingsDialog : public QDialog {
     Q_OBJECT
 
 public:
-    /// Shows `settings`, those stored last; `inEffect` are the ones this start runs with.
+    /// Shows the stored `settings`. `inEffect` are those that the running host started with.
     SettingsDialog(const HostSettings &settings, const HostSettings &inEffect, QWidget *parent = nullptr);
+    ~SettingsDialog() override;
 
-    /// What the user has chosen.
+    /// The user's choice.
     HostSettings settings() const;
 
-    /// Whether the user wants the host to start again now. The dialog is accepted then.
+    /// Whether the user wants the host to start again now. The dialog is then accepted.
     bool wantsRestart() const { return m_wantsRestart; }
 
 private:
     void chooseHelpFile();
     void showWhatIsEnabled();
 
+    const std::unique_ptr<Ui::SettingsDialog> m_form;
     const HostSettings m_inEffect;
-    QComboBox *m_language;
-    QComboBox *m_theme;
-    QRadioButton *m_webHelp;
-    QRadioButton *m_helpFileHelp;
-    QLineEdit *m_webLink;
-    QLineEdit *m_helpFile;
-    QPushButton *m_browse;
-    QLabel *m_note;
     QPushButton *m_restart;
     bool m_wantsRestart = false;
 };

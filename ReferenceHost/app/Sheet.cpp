@@ -1,4 +1,4 @@
-// A thread for each picture that takes long; it works on a drawing that does not change meanwhile.
+// Paints each large picture in a thread of its own, from a copy of the drawing that does not change.
 
 #include "app/Sheet.h"
 
@@ -13,7 +13,7 @@ namespace refhost {
 
 namespace {
 
-/// What is painted at once: as much as 1,000 lines, which takes 5 to 25 ms.
+/// The most that is painted at once: 1,000 lines take 5 to 25 ms.
 constexpr int mostEffortAtOnce = 1000;
 constexpr int millisecondsToProgress = 200;
 
@@ -29,7 +29,7 @@ QImage emptyImage(const QSize &size, double ratio)
 bool paintInto(QImage &image, const Sheet::Paint &paint, DrawingPainter &drawingPainter, ViewTransform view)
 {
     if (image.isNull())
-        return true; // what memory is too short for is not shown
+        return true; // with too little memory nothing is shown
     view.size = QSizeF(image.size()) / image.devicePixelRatioF();
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -142,7 +142,7 @@ void Sheet::report(const Picture &picture, bool isComplete)
 
 void Sheet::stop()
 {
-    ++m_number; // what it still reports comes too late
+    ++m_number; // later reports of the thread are ignored
     m_isStopped = true;
     m_work = {}; // waits for its end
     m_isStopped = false;

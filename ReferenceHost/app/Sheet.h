@@ -1,4 +1,4 @@
-// A picture of what the canvas shows, painted beside the window where painting takes long.
+// A picture for the canvas. A large one is painted in another thread.
 
 #pragma once
 
@@ -14,41 +14,41 @@
 
 namespace refhost {
 
-/// A transparent picture of something in some view. Until a new one is complete the last one is shown, moved
-/// and scaled to where it belongs.
+/// A transparent picture of some content in a view. The last picture is shown, moved and scaled into place,
+/// until a new one is complete.
 class Sheet : public QObject {
     Q_OBJECT
 
 public:
-    /// Paints what is to be shown; false when the painter has ended early. Called in any thread, and must not
-    /// depend on what another one changes.
+    /// Paints the content; false when the painter has ended early. Called in any thread, so it must not use
+    /// data that another thread changes.
     using Paint = std::function<bool(DrawingPainter &, QPainter &, const ViewTransform &)>;
 
-    /// What is painted beside the window is `reach` times as wide and high as the view.
+    /// Pictures from the other thread are `reach` times as wide and high as the view.
     explicit Sheet(const DrawingColours &colours, double reach = 1.0, QObject *parent = nullptr);
-    /// Ends painting, as everything does that makes it useless.
+    /// Stops the other thread.
     ~Sheet() override;
 
-    /// Has nothing to show any more.
+    /// Removes content and picture.
     void clear();
-    /// From now on shows what `paint` paints of the drawing that `boxes` are of. The last picture stays until
-    /// there is a new one.
+    /// Sets the content: `paint` paints the drawing of `boxes`. The last picture stays until there is a new
+    /// one.
     void setContent(std::shared_ptr<const EntityBoxes> boxes, Paint paint);
 
     bool isPainting() const { return m_work.valid(); }
 
-    /// Shows `view`. What takes a moment only is painted for it at once. Otherwise painting begins beside the
-    /// window; one for another view goes on unless `isAtRest`, since the next view would come too early.
+    /// Shows `view`. Small content is painted at once, large content in another thread. A picture for another
+    /// view is still completed unless `isAtRest`, since a moving view would never get one.
     void show(QPainter &painter, const ViewTransform &view, bool isAtRest);
 
 signals:
-    /// There is more to show.
+    /// A new picture can be shown.
     void painted();
 
 private:
     struct Picture {
         QImage image;
-        ViewTransform view; // its middle and scale are the image's too
+        ViewTransform view; // with the centre and scale of the image
 
         void show(QPainter &painter, const ViewTransform &shown) const;
     };
@@ -66,10 +66,10 @@ private:
     Picture m_picture;
     Picture m_unfinished;
     bool m_isCurrent = false; // the picture shows the content as it is now
-    bool m_isLarge = false;   // painting it at once was tried
+    bool m_isLarge = false;   // painting it at once took too long
     ViewTransform m_nextView; // which is being painted
     int m_number = 0;         // of what is being painted
-    std::future<void> m_work; // reads this object, so it ends before anything of it changes
+    std::future<void> m_work; // reads this object and ends before any member changes
     std::atomic<bool> m_isStopped{false};
 };
 

@@ -1,4 +1,4 @@
-// Each command asks the user what it needs to know, lets the session do the work and says how it went.
+// Each command asks the user for its input, lets the session work and reports the outcome.
 
 #include "app/WindowCommands.h"
 
@@ -59,9 +59,20 @@ bool explodeSelection(HostWindow &window, const HostDocumentPtr &document)
     return exploded > 0;
 }
 
+bool openDrawing(HostWindow &window, const HostDocumentPtr & /*document*/)
+{
+    return window.files().open();
+}
+
+template <bool (DrawingFiles::*operation)(const HostDocumentPtr &)>
+bool withFiles(HostWindow &window, const HostDocumentPtr &document)
+{
+    return (window.files().*operation)(document);
+}
+
 bool closeDocument(HostWindow &window, const HostDocumentPtr &document)
 {
-    if (!confirmClosing(window, document))
+    if (!window.files().confirmClosing(document))
         return false;
     window.session().close(document);
     return true;
@@ -92,13 +103,13 @@ bool changeOptions(HostWindow &window, const HostDocumentPtr & /*document*/)
     saveHostSettings(dialog.settings());
     if (dialog.wantsRestart())
         QTimer::singleShot(0, &window, &HostWindow::restart); // when this command has ended
-    else if (!isSame(dialog.settings(), window.session().settings))
+    else if (!(dialog.settings() == window.session().settings))
         window.showMessage(QStringLiteral("Stored. Takes effect at the next start."));
     return true;
 }
 
-/// Connecting, disconnecting and closing wait until the command that asks for them has ended, and are refused
-/// when another one still runs then: its code may be the add-in's.
+/// Connecting, disconnecting and closing begin after their own command. They are refused while another
+/// command runs, whose code may be the add-in's.
 template <void (HostWindow::*operation)()>
 bool afterwards(HostWindow &window, const HostDocumentPtr & /*document*/)
 {
@@ -117,7 +128,7 @@ bool quit(HostWindow &window, const HostDocumentPtr & /*document*/)
     return true;
 }
 
-/// A drawing that is being saved is not a free one.
+/// A free document is not being saved.
 enum class Needs { Nothing, Document, FreeDocument };
 
 struct WindowCommand {
@@ -129,10 +140,13 @@ struct WindowCommand {
 
 const WindowCommand windowCommands[] = {
     {"_OPEN", Needs::Nothing, openDrawing, "Opens a DWG or DXF file"},
-    {"_SAVE", Needs::FreeDocument, save, "Saves the drawing"},
-    {"_SAVEAS", Needs::FreeDocument, saveAs, "Saves the drawing under another name"},
-    {"_EXPORTDRAWING", Needs::FreeDocument, exportDrawing, "Writes a copy of the drawing"},
-    {"_EXPORTPICTURE", Needs::Document, exportPicture, "Writes a PNG picture of the drawing"},
+    {"_SAVE", Needs::FreeDocument, withFiles<&DrawingFiles::save>, "Saves the drawing"},
+    {"_SAVEAS", Needs::FreeDocument, withFiles<&DrawingFiles::saveAs>,
+     "Saves the drawing under another name"},
+    {"_EXPORTDRAWING", Needs::FreeDocument, withFiles<&DrawingFiles::exportDrawing>,
+     "Writes a copy of the drawing"},
+    {"_EXPORTPICTURE", Needs::Document, withFiles<&DrawingFiles::exportPicture>,
+     "Writes a PNG picture of the drawing"},
     {"PREPARESVG", Needs::Nothing, prepareFiles, "Writes plain copies of SVG files, ready for the import"},
     {"_INSERTBLOCK", Needs::FreeDocument, insertBlock, "Places a block of the drawing"},
     {"_EXPLODE", Needs::FreeDocument, explodeSelection, "Takes the selected blocks apart"},
@@ -209,10 +223,8 @@ void addWindowCommands(HostWindow &window)
                 window.showMessage(QStringLiteral("No drawing is open."));
                 return false;
             }
-            if (command.needs == Needs::FreeDocument && document->isLocked) {
-                window.showMessage(QStringLiteral("%1 is being saved.").arg(document->shownName()));
+            if (command.needs == Needs::FreeDocument && session.refuseWhileSaving(*document))
                 return false;
-            }
             return command.body(window, document);
         };
         session.commands.add(QLatin1String(command.name), {}, body, QLatin1String(command.description));
@@ -222,6 +234,7 @@ void addWindowCommands(HostWindow &window)
     model.menuBar.append(makeNode({"", "ID_Help", "&Help", ""}));
     for (UserInterfaceNode *root : {&model.toolbars, &model.menuBar, &model.workspaces})
         addEntriesBelow(*root);
+    session.notifyUserInterfaceChanged();
 }
 
 } // namespace refhost

@@ -6,8 +6,8 @@ namespace refhost {
 
 class HostWindow;
 
-/// Adds the commands to the window's session, and what shows those of them that the standard user interface
-/// does not. Called once, before anything of the user interface is shown.
+/// Adds the commands to the window's session, and menu items and buttons for them. Called once, before an
+/// add-in is connected.
 void addWindowCommands(HostWindow &window);
 
 } // namespace refhost

@@ -1,5 +1,5 @@
-// Colours, style sheet and icons. The icons are drawn in the light theme's two colours, which the dark theme
-// exchanges for its own.
+// Colours, style sheet and icons. The icons are drawn in two colours of the light theme, which the dark theme
+// replaces.
 
 #include "app/WindowStyle.h"
 
@@ -74,67 +74,11 @@ QPalette windowPalette(Theme theme)
 
 QString windowStyleSheet(Theme theme)
 {
-    // @name stands for a colour.
-    QString sheet = QStringLiteral(R"(
-QMainWindow, QMainWindow > QWidget#workArea { background: @window; }
-QMainWindow::separator { background: @window; width: 4px; height: 4px; }
-QMenuBar { background: @window; color: @text; padding: 1px 4px; }
-QMenuBar::item { padding: 4px 9px; background: transparent; }
-QMenuBar::item:selected { background: @hover; }
-QMenu { background: @strip; color: @text; border: 1px solid @line; padding: 4px 0; }
-QMenu::item { padding: 5px 28px 5px 10px; }
-QMenu::icon { padding-left: 8px; }
-QMenu::item:selected { background: @hover; }
-QMenu::item:disabled { color: @faintText; }
-QMenu::separator { height: 1px; background: @line; margin: 4px 8px; }
-
-QTabBar#ribbonTabs { background: @window; }
-QTabBar#ribbonTabs::tab { background: transparent; color: @text; padding: 5px 16px; border: 1px solid transparent; border-bottom: 2px solid transparent; }
-QTabBar#ribbonTabs::tab:hover { background: @hover; }
-QTabBar#ribbonTabs::tab:selected { background: @strip; border-bottom: 2px solid @accent; }
-QStackedWidget#ribbonPages, QWidget#ribbonPage { background: @strip; }
-QStackedWidget#ribbonPages { border-bottom: 1px solid @line; }
-QFrame#ribbonSeparator { background: @line; }
-QLabel#ribbonPanelName { color: @faintText; font-size: 8pt; }
-QWidget#ribbonPage QToolButton { border: 1px solid transparent; border-radius: 3px; color: @text; padding: 3px 5px; min-width: 54px; }
-QWidget#ribbonPage QToolButton:hover { background: @hover; border-color: @accent; }
-QWidget#ribbonPage QToolButton:pressed { background: @pressed; }
-QWidget#ribbonPage QToolButton:disabled { color: @faintText; }
-
-QToolBar { background: @window; border: none; spacing: 1px; padding: 2px 4px; }
-QToolBar::separator { background: @line; width: 1px; margin: 3px 4px; }
-QToolBar QToolButton { border: 1px solid transparent; border-radius: 3px; padding: 3px; }
-QToolBar QToolButton:hover { background: @hover; border-color: @accent; }
-QToolBar QToolButton:pressed, QToolBar QToolButton:checked { background: @pressed; }
-
-QTabBar#documentTabs { background: @window; }
-QTabBar#documentTabs::tab { min-width: 96px; max-width: 240px; background: @window; color: @faintText; padding: 5px 12px; border: 1px solid @line; border-bottom: none; margin-right: 2px; border-top-left-radius: 3px; border-top-right-radius: 3px; }
-QTabBar#documentTabs::tab:selected { background: @strip; color: @text; border-top: 2px solid @accent; }
-QTabBar#documentTabs QToolButton#closeTab { border: none; border-radius: 2px; color: @faintText; padding: 0 3px; }
-QTabBar#documentTabs QToolButton#closeTab:hover { background: @pressed; color: @text; }
-
-QWidget#commandLine { background: @field; border-top: 1px solid @line; }
-QPlainTextEdit#commandHistory { background: @field; color: @text; border: none; }
-QWidget#commandEntry { background: @strip; border-top: 1px solid @line; }
-QLabel#commandPrompt { color: @accent; font-weight: bold; background: transparent; }
-QLineEdit#commandEdit { background: transparent; border: none; }
-
-QDialog QLineEdit { background: @field; border: 1px solid @faintText; border-radius: 2px; padding: 3px; }
-QDialog QLineEdit:focus { border-color: @accent; }
-QDialog QLineEdit:disabled { border-color: @line; }
-QRadioButton::indicator { width: 12px; height: 12px; border: 1px solid @faintText; border-radius: 7px; background: @field; }
-QRadioButton::indicator:checked { background: qradialgradient(cx: 0.5, cy: 0.5, radius: 0.5, fx: 0.5, fy: 0.5, stop: 0 @accent, stop: 0.5 @accent, stop: 0.6 @field, stop: 1 @field); }
-
-QDockWidget { color: @text; }
-QDockWidget::title { background: @window; padding: 5px 8px; }
-QPlainTextEdit#journalLines { background: @field; color: @text; border: 1px solid @line; }
-
-QStatusBar { background: @window; color: @text; border-top: 1px solid @line; }
-QStatusBar::item { border: none; }
-QLabel#coordinates { color: @text; padding: 0 8px; }
-QLabel#statusNote { color: @faintText; padding: 0 8px; }
-QToolTip { background: @strip; color: @text; border: 1px solid @line; padding: 3px; }
-)");
+    addHostResources();
+    QFile file(QStringLiteral(":/ReferenceHost/window.qss"));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QString sheet = QString::fromUtf8(file.readAll());
     const WindowColours &colours = windowColours(theme);
     const std::pair<const char *, QColor> names[] = {
         {"@window", colours.window}, {"@strip", colours.strip}, {"@field", colours.field},

@@ -3,6 +3,7 @@
 #include "app/Guarded.h"
 #include "app/HostSettingsStore.h"
 #include "app/HostWindow.h"
+#include "app/WindowCommands.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -18,7 +19,7 @@
 
 namespace {
 
-/// An application that survives what its windows throw, for lack of memory mostly.
+/// An application that survives exceptions of its windows, mostly for lack of memory.
 class Application : public QApplication {
 public:
     using QApplication::QApplication;
@@ -33,7 +34,8 @@ public:
     }
 };
 
-/// Lets Qt's own texts, in file dialogs say, speak the host's language; English when there is no translation.
+/// Installs Qt's own texts, such as those of file dialogs, in the host's language; English without a
+/// translation.
 void installQtTexts(int language)
 {
     const auto &languages = refhost::hostLanguages();
@@ -99,6 +101,7 @@ int main(int argc, char **argv)
     QApplication::setPalette(refhost::windowPalette(refhost::themeFromOption(settings.theme)));
 
     refhost::HostWindow window(settings);
+    refhost::addWindowCommands(window);
     window.connectAddin(parser.isSet(addinOption) ? parser.value(addinOption) : refhost::standardAddinPath());
     if (parser.isSet(samplesOption))
         window.offerSamples(parser.value(samplesOption));

@@ -1,4 +1,4 @@
-// Keeps entities by id, so that moving ten thousand of them into a block costs ten thousand steps.
+// Keeps entities by id. Moving ten thousand of them into a block therefore costs ten thousand steps.
 
 #include "drawing/Drawing.h"
 
@@ -126,7 +126,7 @@ void Drawing::goTo(const Drawing &state)
     const int chunks = m_chunks.size();
     const std::uint64_t lastRevision = m_lastRevision;
     *this = state;
-    m_chunks.resize(chunks + 1); // the next entity goes behind all that ever were
+    m_chunks.resize(chunks + 1); // the next id is higher than all ids before
     m_lastRevision = lastRevision;
 }
 
@@ -140,7 +140,7 @@ const Drawing::StoredEntity *Drawing::stored(EntityId id) const
     return place < entities.size() ? &entities.at(place) : nullptr;
 }
 
-/// What is stored of an existing entity, no longer shared with copies of the drawing.
+/// The stored entity of an existing id, no longer shared with copies of the drawing.
 Drawing::StoredEntity &Drawing::ownStored(EntityId id)
 {
     return m_chunks[static_cast<int>((id - 1) / chunkSize)][static_cast<int>((id - 1) % chunkSize)];
@@ -156,7 +156,7 @@ Entity &Drawing::ownEntity(EntityId id)
 
 void Drawing::removeFromModelSpace()
 {
-    // Closing the gap at once would cost the whole list for every entity: wait until half of it is gaps.
+    // Closing each gap at once would cost the whole list every time, so half of the list may be gaps.
     ++m_gaps;
     if (m_gaps * 2 < m_modelSpace.size())
         return;

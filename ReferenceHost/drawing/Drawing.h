@@ -25,9 +25,8 @@ struct BlockDefinition {
 
 using BlockDefinitionPtr = std::shared_ptr<const BlockDefinition>;
 
-/// One drawing. Entities are added to model space and may later move into a block definition or be erased; an
-/// id is never used twice. A copy takes little time and room: it shares the entities until one of the two
-/// drawings changes them.
+/// One drawing. Entities are added to model space and may later move into a block definition or be erased. An
+/// id is never used twice. A copy is cheap: both drawings share an entity until one of them changes it.
 class Drawing {
 public:
     /// Appends `entity` to model space.
@@ -35,8 +34,8 @@ public:
 
     /// The entity named `id`, in model space or in a block; null when it was erased or never existed.
     const Entity *find(EntityId id) const;
-    /// Lets `change` work on the entity named `id` if that is a `Kind`. `change` answers whether it changed
-    /// anything; so does this, false also when there is no such entity.
+    /// Calls `change` with the entity named `id` if that is a `Kind`. True when `change` returns true, which
+    /// means that it has changed the entity.
     template <class Kind, class Change>
     bool change(EntityId id, const Change &change)
     {
@@ -61,7 +60,7 @@ public:
     /// on one already in use; block names do not differ by case alone.
     bool createBlock(const QString &name, const Point &base, const std::vector<EntityId> &entities);
 
-    /// `name` if no definition has it, or the next one that none has: "plan8" where "plan7" is in use.
+    /// `name`, or the next free name when it is in use: "plan8" after "plan7".
     QString freeBlockName(const QString &name) const;
 
     /// The definition of that name, or null. Definitions never change.
@@ -73,12 +72,12 @@ public:
     /// The definitions that model space uses, also through other blocks, in the order they were made.
     std::vector<const BlockDefinition *> usedBlocks() const;
 
-    /// Names the state of the drawing: no two states it ever was in have the same, and a state that it goes
-    /// back to has the one it had.
+    /// Names the state of the drawing. Each state has a number of its own, and goTo() brings back the number
+    /// of its state.
     std::uint64_t revision() const { return m_revision; }
 
-    /// Goes back to what `state`, a copy of this drawing, holds. Ids and revisions given out since then are
-    /// not given out again.
+    /// Goes back to `state`, an earlier copy of this drawing. Ids and revisions handed out since then are not
+    /// used again.
     void goTo(const Drawing &state);
 
 private:
@@ -97,10 +96,10 @@ private:
     void removeFromModelSpace();
     void changed() { m_revision = ++m_lastRevision; }
 
-    // By id less one, chunkSize to a chunk; a chunk may hold fewer. Qt's containers share what is not
-    // changed.
+    // Indexed by id - 1, with at most chunkSize entities to a chunk. Copies of Qt's containers share
+    // unchanged chunks.
     QVector<Chunk> m_chunks;
-    QVector<EntityId> m_modelSpace; // may name entities that have left; they are skipped
+    QVector<EntityId> m_modelSpace; // may hold ids that have left it, which are skipped
     int m_gaps = 0;
     std::uint64_t m_revision = 0;
     std::uint64_t m_lastRevision = 0;

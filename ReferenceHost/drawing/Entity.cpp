@@ -1,4 +1,4 @@
-// What holds for every entity: finite numbers only, and an ellipse's longer axis first when it is saved.
+// Checks that numbers are finite, and puts an ellipse's longer axis first.
 
 #include "drawing/Entity.h"
 

@@ -13,8 +13,8 @@ namespace refhost {
 namespace {
 
 constexpr double relativeTolerance = 1e-9;
-/// Blocks nested deeper than this are not taken apart; a definition cannot hold itself, so only a chain made
-/// on purpose gets here.
+/// Blocks nested deeper than this are not taken apart. Definitions cannot hold themselves, so only chains
+/// made on purpose are so deep.
 constexpr int deepestNesting = 64;
 
 /// The ellipse or, pressed flat, the line with the conjugate radii `p` and `q`: center + p cos t + q sin t.
@@ -92,7 +92,7 @@ Entity mapped(const Note &note, const Affine &map)
     return result;
 }
 
-/// Where the map puts an instance, or nothing when it would shear it.
+/// The placement of a mapped instance; nothing when `map` would shear it.
 std::optional<Placement> mappedPlacement(const Placement &placement, const Affine &map)
 {
     const Affine all = combined(Affine::fromPlacement(placement, {}), map);

@@ -1,4 +1,4 @@
-// Exploding a block instance, and the transformed copies of entities that come of it.
+// Explodes block instances into transformed copies of their entities.
 
 #pragma once
 
@@ -16,8 +16,8 @@ bool explode(Drawing &drawing, EntityId id);
 /// would shear cannot be placed; see explodedEntities().
 Entity transformed(const Entity &entity, const Affine &map);
 
-/// Transformed copies of everything in `block`. Instances of other blocks stay instances where the map allows
-/// it and are taken apart where it would shear them.
+/// Transformed copies of all entities of `block`. Instances of other blocks stay instances, unless the map
+/// would shear them: then they are taken apart.
 std::vector<Entity> explodedEntities(const Drawing &drawing, const BlockDefinition &block, const Affine &map);
 
 } // namespace refhost

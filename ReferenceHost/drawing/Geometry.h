@@ -29,7 +29,7 @@ struct Affine {
     double zScale = 1.0;
     double zOffset = 0.0;
 
-    /// The map of a block's own coordinates, whose base point is `base`, to where `placement` puts them.
+    /// The map from the coordinates of a block with the base point `base` to its instance at `placement`.
     static Affine fromPlacement(const Placement &placement, const Point &base);
 
     Point mapPoint(const Point &point) const;
@@ -44,7 +44,7 @@ Affine combined(const Affine &first, const Affine &second);
 /// The length of `vector` in the drawing plane.
 double planarLength(const Point &vector);
 
-/// The vector of the drawing plane in the direction of `vector`, which must have one, and `length` long.
+/// `vector` brought to `length` in the drawing plane. Its own length must not be 0.
 Point withLength(const Point &vector, double length);
 
 bool isFinite(const Point &point);

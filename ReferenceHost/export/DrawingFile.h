@@ -9,13 +9,13 @@ namespace refhost {
 /// DXF for a file name that ends in ".dxf", in any case; DWG for every other.
 DrawingFormat formatForFileName(const QString &fileName);
 
-/// Encodes `drawing` and writes it to `fileName` in the format the name asks for. Returns an empty text, or
-/// what went wrong; an earlier file of that name is then untouched.
+/// Encodes `drawing` in the format of the name and writes it to `fileName`. Returns the error, empty when
+/// there is none. After an error an earlier file is untouched.
 QString saveDrawing(EncoderProcess &encoder, const Drawing &drawing, const QString &fileName,
                     BlocksToSave blocks);
 
-/// Writes the bytes of `drawing` to `fileName`. Returns an empty text, or what went wrong (also when
-/// `drawing` already says so); an earlier file of that name is then untouched.
+/// Writes the bytes of `drawing` to `fileName`. Returns the error, that of `drawing` included; empty when
+/// there is none. After an error an earlier file is untouched.
 QString writeDrawingFile(const QString &fileName, const EncodedDrawing &drawing);
 
 } // namespace refhost

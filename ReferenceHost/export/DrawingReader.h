@@ -8,18 +8,18 @@
 
 namespace refhost {
 
-/// What a file holds, or what went wrong: the drawing is then empty.
+/// The drawing of a file, or an error with an empty drawing.
 struct OpenedDrawing {
     Drawing drawing;
-    QStringList leftOut; ///< what the file has and a drawing cannot hold: "12 arcs", "1 hatch"
+    QStringList leftOut; ///< contents that a drawing cannot hold: "12 arcs", "1 hatch"
     QString error;
 };
 
-/// Reads the DWG or DXF file at `fileName`, of which at most 256 MiB. Its content tells the format, whatever
-/// the name says.
+/// Reads the DWG or DXF file at `fileName`, of at most 256 MiB. The format follows from the content, not from
+/// the name.
 OpenedDrawing openDrawing(EncoderProcess &encoder, const QString &fileName);
 
-/// The drawing in what EncoderProcess::take() has given for a file.
+/// The drawing in the answer of EncoderProcess::take() for a file.
 OpenedDrawing openedDrawing(const EncodedDrawing &answer);
 
 } // namespace refhost

@@ -1,4 +1,4 @@
-// Says a drawing in the JSON that the encoder script takes.
+// Writes a drawing as the JSON that the encoder script reads.
 
 #include "export/DrawingWriter.h"
 
@@ -76,7 +76,7 @@ void RequestWriter::operator()(const Circle &circle)
 void RequestWriter::operator()(const Ellipse &ellipse)
 {
     const Ellipse shape = normalised(ellipse);
-    // Rounding can leave the shorter axis a last digit too long, which readers refuse.
+    // Rounding can make the ratio larger than 1 in its last digit, which readers refuse.
     const double ratio = std::fmin(1.0, shape.otherRadius / planarLength(shape.axis));
     constexpr double fullTurn = 6.283185307179586;
 
@@ -143,7 +143,7 @@ void RequestWriter::operator()(const Note &note)
 void RequestWriter::operator()(const BlockInstance &instance)
 {
     const auto &[position, scale, rotation] = instance.placement;
-    // The drawing finds blocks whatever the case of their names, the encoder by the name they were given.
+    // The encoder tells upper and lower case apart in block names, so the definition's own name is written.
     const BlockDefinition *definition = m_drawing.block(instance.blockName);
 
     m_json += R"({"t":"insert","block":)";

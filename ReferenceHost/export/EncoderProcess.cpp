@@ -44,7 +44,7 @@ QString couldNotStart(const QString &reason)
     return QStringLiteral("the DWG encoder (node) could not be started: %1").arg(reason);
 }
 
-/// What node's report says of what happened; most of it is a stack trace.
+/// The reason in node's report, most of which is a stack trace.
 QString reasonIn(const QByteArray &messages)
 {
     for (const char *const phrase : {"out of memory", "OOM", "bad_alloc"}) {
@@ -89,7 +89,7 @@ EncoderProcess::Ticket EncoderProcess::submitFile(const QByteArray &bytes)
         QStringLiteral("the drawing cannot be read: %1"));
 }
 
-/// Hands over what `makeRequest` makes for the new ticket.
+/// Hands over the request of `makeRequest` for a new ticket.
 template <typename Request>
 EncoderProcess::Ticket EncoderProcess::submitRequest(const Request &makeRequest, const QString &failure)
 {
@@ -105,7 +105,7 @@ EncoderProcess::Ticket EncoderProcess::submitRequest(const Request &makeRequest,
     m_jobs.push_back({ticket, request.size(), deadlineFor(outstanding() + request.size()), failure});
     try {
         m_process->write(request);
-    } catch (...) { // too little memory: nobody is to wait for an answer
+    } catch (...) { // too little memory, so there will be no answer
         m_jobs.pop_back();
         throw;
     }
@@ -187,7 +187,7 @@ bool EncoderProcess::isRunning() const
     return m_process && m_process->state() == QProcess::Running;
 }
 
-/// Takes in everything that has arrived. When the process has died, what was under way fails.
+/// Reads all answers that have arrived. After the death of the process all jobs fail.
 void EncoderProcess::readAnswers()
 {
     if (!m_process)
@@ -204,7 +204,7 @@ void EncoderProcess::readAnswers()
     m_process.reset();
 }
 
-/// Takes in one answer, or the first half of one. False when there is nothing more to read.
+/// Reads one answer, or its header line. False when there is nothing more to read.
 bool EncoderProcess::readAnswer()
 {
     if (m_incoming >= 0) {
@@ -268,7 +268,7 @@ QString EncoderProcess::unexpectedStop() const
     return reason.isEmpty() ? stopped : QStringLiteral("%1: %2").arg(stopped, reason);
 }
 
-/// Ends the process: politely when it has nothing to do, at once when it has.
+/// Ends the process. An idle process may end by itself, a busy one is killed.
 void EncoderProcess::stop()
 {
     if (!m_process)

@@ -15,7 +15,7 @@ class QProcess;
 
 namespace refhost {
 
-/// The bytes of a drawing file, or what went wrong; exactly one of the two is empty.
+/// The bytes of a drawing file, or an error; exactly one of the two is empty.
 struct EncodedDrawing {
     QByteArray bytes;
     QString error;
@@ -34,23 +34,22 @@ public:
     ~EncoderProcess();
     Q_DISABLE_COPY(EncoderProcess)
 
-    /// Starts the child process if it does not run yet, so that it is ready when the first drawing is.
+    /// Starts the child process if it does not run yet, ahead of the first drawing.
     void prepare();
 
     /// Hands `drawing` over and returns without waiting for the result. Drawings are encoded in the order
     /// given; any number may be under way. After the process has died, this starts a new one.
     Ticket submit(const Drawing &drawing, DrawingFormat format, BlocksToSave blocks = BlocksToSave::All);
 
-    /// Hands the bytes of a DWG or DXF file over, to be read. They tell the format by themselves. What take()
-    /// gives for it is for openedDrawing().
+    /// Hands over the bytes of a DWG or DXF file, to be read. The answer of take() is for openedDrawing().
     Ticket submitFile(const QByteArray &bytes);
 
     /// Waits for the drawing submitted as `ticket`. Every ticket can be taken once. The wait ends with an
     /// error when the process dies or takes far longer than the size of the drawings explains.
     EncodedDrawing take(Ticket ticket);
 
-    /// Whether take() would answer at once, also with an error. Never waits. To be asked now and then while
-    /// an event loop runs, which moves the data; a process that died or takes far too long is noticed here.
+    /// Whether take() would answer at once, also with an error. Never waits. An event loop has to run between
+    /// calls to move the data. The call notices a process that has died or takes far too long.
     bool isFinished(Ticket ticket);
 
     /// Ends the process if it is at work. Every drawing under way fails with "cancelled".
@@ -64,7 +63,7 @@ private:
         Ticket ticket = 0;
         qint64 size = 0; // of the request
         QDeadlineTimer deadline;
-        QString failure; // what to say where the process refuses it, with a place for the reason
+        QString failure; // the message for a refused request, with %1 for the reason
     };
 
     template <typename Request>
@@ -84,7 +83,7 @@ private:
     std::deque<Job> m_jobs; // the first one is being encoded
     QHash<Ticket, EncodedDrawing> m_results;
     qint64 m_incoming = -1; // size of the drawing that is arriving; -1 before its header line
-    QByteArray m_messages;  // what the child said on its standard error output
+    QByteArray m_messages;  // from the child's standard error output
     Ticket m_lastTicket = 0;
 };
 

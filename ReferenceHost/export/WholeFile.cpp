@@ -1,4 +1,4 @@
-// An existing file is replaced in one step, when all of the new one is on the disk.
+// Replaces an existing file in one step, when the whole new file is on the disk.
 
 #include "export/WholeFile.h"
 
@@ -9,13 +9,13 @@ namespace refhost {
 
 QString writeWholeFile(const QString &fileName, const QByteArray &bytes)
 {
-    // Qt would put a file in the place of the device.
+    // Qt would replace the device by a file.
     const QFileInfo earlier(fileName);
     if (earlier.exists() && !earlier.isFile())
         return QStringLiteral("it is not a regular file");
 
     QSaveFile file(fileName);
-    // A disk that fills up midway takes a part and reports no error; a buffer would hide even that.
+    // A disk that fills up takes a part of the bytes and reports no error. A buffer would hide that, too.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return file.errorString();
     const qint64 written = file.write(bytes);

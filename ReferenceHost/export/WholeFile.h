@@ -7,9 +7,9 @@
 
 namespace refhost {
 
-/// Writes `bytes` as the file at `fileName`, in the place of an earlier one. Returns an empty text, or what
-/// went wrong, without the name; an earlier file is then untouched. What is no regular file (a folder, a
-/// device, a pipe) is left alone.
+/// Writes `bytes` as the file at `fileName` and replaces an earlier one. Returns the error without the name,
+/// empty when there is none. After an error an earlier file is untouched. A folder, a device or a pipe is
+/// never replaced.
 QString writeWholeFile(const QString &fileName, const QByteArray &bytes);
 
 } // namespace refhost

@@ -12,77 +12,67 @@ const {
 } = acad;
 
 /**
- * An instance of scale 0 is pressed flat, which the formats cannot say: readers refuse 0 or take it for 1. This is
- * flat enough for any drawing.
+ * The scale that stands for 0. The formats have no scale 0, since readers refuse it or take it for 1. This one is flat
+ * enough for any drawing.
  */
 const flatScale = 1e-9;
 
-/** What each kind of entity looks like in a request, and what it becomes. Angles are radians. */
-const makers = {
+// The forms of fields in a request.
+const number = { called: "number", fits: Number.isFinite };
+const text = { called: "text", fits: value => typeof value === "string" };
+const numberList = { called: "list of numbers", fits: isNumberList };
+const numbers = count => ({
+    called: `list of ${count} numbers`, fits: value => isNumberList(value) && value.length === count,
+});
+
+/**
+ * The kinds of entity in a request: the fields, which are checked first, and the maker of the package's entity. Angles
+ * are radians.
+ */
+const kinds = {
     /** {"t":"line","p":[x1,y1,z1,x2,y2,z2]} */
-    line({ p }) {
-        numbers(p, "p", 6);
-        return Object.assign(new Line(), { startPoint: point(p, 0), endPoint: point(p, 3) });
-    },
+    line: kind({ p: numbers(6) }, ({ p }) =>
+        Object.assign(new Line(), { startPoint: point(p, 0), endPoint: point(p, 3) })),
 
     /** {"t":"circle","c":[x,y,z],"r":r} */
-    circle({ c, r }) {
-        numbers(c, "c", 3);
-        return Object.assign(new Circle(), { center: point(c, 0), radius: number(r, "r") });
-    },
+    circle: kind({ c: numbers(3), r: number }, ({ c, r }) =>
+        Object.assign(new Circle(), { center: point(c, 0), radius: r })),
 
     /** {"t":"ellipse","c":[x,y,z],"major":[dx,dy,0],"ratio":q,"start":a,"end":b}, 0 < q <= 1 */
-    ellipse({ c, major, ratio, start, end }) {
-        numbers(c, "c", 3);
-        numbers(major, "major", 3);
-        return Object.assign(new Ellipse(), {
-            center: point(c, 0),
-            majorAxisEndPoint: point(major, 0),
-            radiusRatio: number(ratio, "ratio"),
-            startParameter: number(start, "start"),
-            endParameter: number(end, "end"),
-        });
-    },
+    ellipse: kind(
+        { c: numbers(3), major: numbers(3), ratio: number, start: number, end: number },
+        ({ c, major, ratio, start, end }) => Object.assign(new Ellipse(), {
+            center: point(c, 0), majorAxisEndPoint: point(major, 0), radiusRatio: ratio, startParameter: start,
+            endParameter: end,
+        }),
+    ),
 
     /** {"t":"polyline","closed":bool,"p":[x,y,x,y,...]} */
-    polyline({ closed, p }) {
-        numbers(p, "p");
+    polyline: kind({ p: numberList }, ({ closed, p }) => {
         const polyline = new LwPolyline();
         for (let i = 0; i + 1 < p.length; i += 2)
             polyline.vertices.push(new LwPolylineVertex(new XY(p[i], p[i + 1])));
         polyline.isClosed = closed === true;
         return polyline;
-    },
+    }),
 
     /** {"t":"spline","degree":3,"control":[x,y,z,...],"knots":[...]} */
-    spline({ degree, control, knots }) {
-        numbers(control, "control");
-        numbers(knots, "knots");
-        const spline = new Spline();
-        spline.degree = number(degree, "degree");
+    spline: kind({ degree: number, control: numberList, knots: numberList }, ({ degree, control, knots }) => {
+        const spline = Object.assign(new Spline(), { degree, knots });
         for (let i = 0; i + 2 < control.length; i += 3)
             spline.controlPoints.push(point(control, i));
-        spline.knots = knots;
         return spline;
-    },
+    }),
 
     /** {"t":"note","p":[x,y,z],"height":h,"angle":a,"text":"..."}, standing on p */
-    note({ p, height, angle, text }) {
-        numbers(p, "p", 3);
-        return Object.assign(new TextEntity(cadText(string(text, "text"))), {
-            insertPoint: point(p, 0),
-            height: number(height, "height"),
-            rotation: number(angle, "angle"),
-        });
-    },
+    note: kind({ p: numbers(3), height: number, angle: number, text }, ({ p, height, angle, text: letters }) =>
+        Object.assign(new TextEntity(cadText(letters)), { insertPoint: point(p, 0), height, rotation: angle })),
 
     /** {"t":"insert","block":"name","p":[x,y,z],"scale":[sx,sy,sz],"rotation":a} */
-    insert({ block, p, scale, rotation }, blocks) {
-        numbers(p, "p", 3);
-        numbers(scale, "scale", 3);
+    insert: kind({ p: numbers(3), scale: numbers(3), rotation: number }, ({ block, p, scale, rotation }, blocks) => {
         const insert = Object.assign(new Insert(), {
             insertPoint: point(p, 0),
-            rotation: number(rotation, "rotation"),
+            rotation,
             xScale: scale[0] || flatScale,
             yScale: scale[1] || flatScale,
             zScale: scale[2] || flatScale,
@@ -91,11 +81,21 @@ const makers = {
         if (!insert.block)
             throw new Error(`block ${JSON.stringify(block)} is inserted but not defined before`);
         return insert;
-    },
+    }),
 };
 
+const blockFields = named({ name: text, base: numbers(3) });
+
+function named(fields) {
+    return Object.entries(fields).map(([name, form]) => ({ name, ...form }));
+}
+
+function kind(fields, make) {
+    return { fields: named(fields), make };
+}
+
 /**
- * What `write` makes of the document of a request
+ * The answer of `write` for the document of a request
  * {"blocks":[{"name":"...","base":[x,y,z],"entities":[...]}],"entities":[...]}. A block may insert the blocks before
  * it. The document is there for that call only. Throws an error that names what is wrong.
  */
@@ -116,7 +116,7 @@ export function withDocument({ blocks, entities }, write) {
 
 let blank;
 
-/** The document that each drawing begins with. To make one takes as long as to encode a drawing of ten entities. */
+/** The empty document of each drawing, which is reused: making one takes as long as encoding ten entities. */
 class BlankDocument {
     #document = new CadDocument(ACadVersion.AC1015);
     #header;
@@ -149,7 +149,7 @@ class BlankDocument {
         return this.#document;
     }
 
-    /** Takes out what a drawing has put in. */
+    /** Removes the contents of the last drawing. */
     clear() {
         const { header, modelSpace, blockRecords } = this.#document;
         modelSpace.entities._entries.clear();
@@ -181,13 +181,14 @@ function shareDefaults() {
         Object.defineProperty(owner, name, { value: owner[name] });
 }
 
-function defineBlock(document, { name, base, entities }, known) {
-    const encodedName = cadText(string(name, "block name"));
+function defineBlock(document, block, known) {
+    check(block, blockFields);
+    const { name, base, entities } = block;
+    const encodedName = cadText(name);
     if (encodedName.trim() === "" || encodedName.startsWith("*"))
         throw new Error(`${JSON.stringify(name)} cannot name a block`);
     if (document.blockRecords.contains(encodedName))
         throw new Error(`block ${JSON.stringify(name)} is defined twice`);
-    numbers(base, "base", 3);
 
     const record = new BlockRecord(encodedName);
     document.blockRecords.add(record);
@@ -209,9 +210,11 @@ function fill(record, entities, known, place) {
 }
 
 function made(entity, known) {
-    if (!Object.hasOwn(makers, entity?.t))
+    if (!Object.hasOwn(kinds, entity?.t))
         throw new Error(`unknown kind ${JSON.stringify(entity?.t)}`);
-    return makers[entity.t](entity, known);
+    const { fields, make } = kinds[entity.t];
+    check(entity, fields);
+    return make(entity, known);
 }
 
 /** Makes viewers open the drawing where its entities are. An empty drawing keeps the package's default view. */
@@ -237,19 +240,14 @@ function list(value, name) {
     return value;
 }
 
-function string(value, name) {
-    if (typeof value !== "string")
-        throw new Error(`${name} is no text`);
-    return value;
+/** Throws an error for the first of `fields` that `object` lacks or has in another form. */
+function check(object, fields) {
+    for (const { name, fits, called } of fields) {
+        if (!fits(object[name]))
+            throw new Error(`${name} is no ${called}`);
+    }
 }
 
-function number(value, name) {
-    if (!Number.isFinite(value))
-        throw new Error(`${name} is no number`);
-    return value;
-}
-
-function numbers(values, name, count = values?.length) {
-    if (!Array.isArray(values) || values.length !== count || !values.every(Number.isFinite))
-        throw new Error(`${name} is no list of ${count ?? "some"} numbers`);
+function isNumberList(value) {
+    return Array.isArray(value) && value.every(Number.isFinite);
 }

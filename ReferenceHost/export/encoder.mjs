@@ -2,12 +2,11 @@
 // ends.
 //
 // Request:  one line of JSON, {"id":n,"format":"dwg"|"dxf","blocks":[...],"entities":[...]} to encode a drawing or
-//           {"id":n,"read":"BASE64"} to read a file, whose format its bytes tell.
+//           {"id":n,"read":"BASE64"} to read a DWG or DXF file.
 // Response: {"id":n,"ok":true,"size":BYTES} and a line break, then exactly that many bytes: the file or, where one was
 //           read, {"blocks":[...],"entities":[...],"others":["12 arcs",...]}; or
 //           {"id":n,"ok":false,"error":"text"} and a line break.
-// drawing.mjs says what blocks and entities look like, readDrawing.mjs what others are. Nothing else goes to standard
-// output.
+// drawing.mjs describes blocks and entities, readDrawing.mjs the others. Nothing else goes to standard output.
 
 import { once } from "node:events";
 
@@ -17,7 +16,7 @@ import { writeDwg, writeDxf } from "./linearWriting.mjs";
 const writers = { dwg: writeDwg, dxf: writeDxf };
 const lineBreak = 0x0a;
 
-// Whatever the package prints while it works must not get between the answers.
+// Messages of the package must not get between the answers.
 for (const method of ["log", "info", "debug"])
     console[method] = console.error;
 
@@ -49,7 +48,7 @@ function encoded(request) {
     return withDocument(request, writers[request.format]);
 }
 
-/** The reader loads when it is first needed: most processes only write. */
+/** Loads the reader at its first use, since most processes only write. */
 async function decoded(base64) {
     const { readDrawing } = await import("./readDrawing.mjs");
     return Buffer.from(JSON.stringify(readDrawing(Buffer.from(base64, "base64"))));

@@ -1,4 +1,4 @@
-// Says in words what a drawing cannot hold.
+// Names the contents of a file that a drawing cannot hold.
 
 /** One of a kind, and many. The kinds in capitals are entities as DXF files call them. */
 const names = {
@@ -33,7 +33,7 @@ const names = {
     unnamed: ["insert of an unnamed block", "inserts of unnamed blocks"],
 };
 
-/** What gets lost of entities that are kept. */
+/** Lost properties of entities that are kept. */
 const losses = {
     alignments: ["the alignment of 1 text", "the alignments of # texts"],
     elevations: ["the elevation of 1 polyline", "the elevations of # polylines"],
@@ -43,10 +43,10 @@ const losses = {
     widths: ["the width of 1 polyline", "the widths of # polylines"],
 };
 
-/** What belongs to an entity that is counted already. */
+/** Parts of entities that are counted already. */
 const parts = new Set(["VERTEX", "SEQEND"]);
 
-/** Counts what is left out, by kind. */
+/** Counts omissions by kind. */
 export class Others {
     #counts = new Map();
 

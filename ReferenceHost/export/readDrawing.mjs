@@ -9,9 +9,9 @@ import { withDocumentOf } from "./soundReading.mjs";
 const { Circle, Ellipse, Insert, Line, LwPolyline, Polyline2D, Spline, TextEntity } = acad;
 
 /**
- * The drawing in `bytes`: {"blocks":[...],"entities":[...]} as drawing.mjs takes it, every block behind those that it
- * inserts, and "others", which names what the file has and a drawing cannot hold: ["12 arcs","1 hatch"]. Throws an
- * error that says what is wrong.
+ * The drawing in `bytes`: {"blocks":[...],"entities":[...]} as drawing.mjs takes it, every block behind the blocks that
+ * it inserts. "others" names the contents that a drawing cannot hold: ["12 arcs","1 hatch"]. Throws an error that names
+ * the reason.
  */
 export function readDrawing(bytes) {
     const others = new Others();
@@ -43,7 +43,7 @@ function drawingOf({ blockRecords, modelSpace }, others) {
     };
 }
 
-/** What each kind of entity becomes: an entity as drawing.mjs takes it, or the kind as which it is left out. */
+/** Readers by kind of entity. Each gives an entity as drawing.mjs takes it, or the kind under which it is left out. */
 const readers = new Map([
     [Line, ({ startPoint, endPoint }) => ({ t: "line", p: [...xyz(startPoint), ...xyz(endPoint)] })],
 
@@ -106,7 +106,7 @@ const readers = new Map([
     }],
 ]);
 
-/** What `entity` becomes. What gets lost of one that is kept is counted in `others`. */
+/** The result of the reader of `entity`. Lost properties of an entity that is kept are counted in `others`. */
 function readEntity(entity, others) {
     const reader = readers.get(entity.constructor);
     const result = reader ? reader(entity, others) : entity.objectName;

@@ -12,13 +12,12 @@ const {
 
 const dwgVersions = ["AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"];
 
-/** What the replacements need to know of the file that is being read: leaveOut, onPaper, encoding. */
+/** The state of the file that is being read, for the replacements: leaveOut, onPaper, encoding. */
 let reading;
 
 /**
- * What `use` makes of the document in `bytes`, which are a DWG or a DXF, whatever the name of the file. Calls
- * `leaveOut` with the kind ("HELIX", "damaged", "paper", "lost") of each entity that the document lacks. Throws an
- * error that says what is wrong.
+ * The answer of `use` for the document in `bytes`, a DWG or a DXF. Calls `leaveOut` with the kind ("HELIX", "damaged",
+ * "paper", "lost") of each entity that the document lacks. Throws an error that names the reason.
  */
 export function withDocumentOf(bytes, leaveOut, use) {
     const reader = readerOf(bytes);
@@ -43,10 +42,10 @@ class Problem extends Error {}
 
 const endsTooEarly = "it ends too early";
 
-/** What belongs to another entity and is found there. */
+/** Parts that are found with their entity. */
 const parts = new Set(["BLOCK", "ENDBLK", "SEQEND", "VERTEX", "ATTRIB"]);
 
-/** Takes what is on paper out of model space, and counts what is in no block. */
+/** Removes entities on paper from model space, and counts entities in no block. */
 function leaveOutStrays(reader, { modelSpace, blockRecords }) {
     for (const { cadObject } of reading.onPaper) {
         if (modelSpace.entities._entries.delete(cadObject))
@@ -157,8 +156,8 @@ const { readEntity, readCommonEntityCodes, _readPolylineCodes } = DxfSectionRead
 
 Object.assign(DxfSectionReaderBase.prototype, {
     /**
-     * An entity with a value that the package refuses is dropped as a whole. One whose owner the file lacks belongs to
-     * where it stands.
+     * An entity with a value that the package refuses is left out. An entity without its owner belongs to the block in
+     * which it stands.
      */
     readEntity() {
         const { configuration } = this._builder;

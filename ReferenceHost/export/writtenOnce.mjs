@@ -1,5 +1,5 @@
-// Has the DWG writer encode once what is alike in every drawing: most tables and all dictionaries, which are half of
-// the work for a drawing of a few entities.
+// Lets the DWG writer encode most tables and all dictionaries once. They are the same in every drawing and half of the
+// work for a few entities.
 
 import acad from "./acad.mjs";
 
@@ -8,7 +8,7 @@ const { _writeLTypeControlObject, _writeObjects, _writeTable } = DwgObjectWriter
 
 const chunks = new WeakMap(); // by what they were written for, which belongs to one document
 
-/** Does `write` the first time and repeats what it wrote for `subject` from then on. */
+/** Calls `write` for `subject` once and repeats the written bytes from then on. */
 function once(writer, subject, write) {
     const start = writer._streamPos;
     const chunk = chunks.get(subject);

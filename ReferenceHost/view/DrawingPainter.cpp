@@ -1,4 +1,4 @@
-// Brings each shape into pixels in doubles before QPainter sees it: a drawing may lie millions of units from
+// Brings each shape into pixels in doubles before QPainter sees it. A drawing may lie millions of units from
 // its origin.
 
 #include "view/DrawingPainter.h"
@@ -16,9 +16,9 @@ namespace refhost {
 
 namespace {
 
-constexpr int elementsOfLine = 16; // those that a path may have to cost as much as a line, next to its entity
+constexpr int elementsOfLine = 16; // path elements with the effort of a line
 
-/// Where the entities of model space or of one placed block are shown.
+/// The maps of the entities in model space or in one placed block.
 struct Mapping {
     Affine toDrawing;
     Affine toPixels;
@@ -57,7 +57,7 @@ bool meets(const QPolygonF &line, const QRectF &rect)
         != line.end();
 }
 
-/// One pass over a drawing; without a painter it looks for lines in the view until it has found one.
+/// One pass over a drawing. Without a painter it ends at the first line in the view.
 class EntityPass {
 public:
     EntityPass(const Drawing &drawing, QPainter *painter, const ViewTransform &view, Lettering &lettering,
@@ -236,8 +236,8 @@ void EntityPass::stroke(const VisiblePath &path)
         m_painter->drawPath(path.path());
 }
 
-/// Strokes what `path` has gathered when it is much. QPainter finds the outline of a path as a whole: a
-/// spiral of 100,000 points takes 3 s at once. Round line ends hide where the parts meet.
+/// Strokes a long path in parts. QPainter finds the outline of a path as a whole, which takes 3 s for a
+/// spiral of 100,000 points. Round line ends hide the joints.
 void EntityPass::strokeIfLong(VisiblePath &path)
 {
     constexpr int manyPoints = 128;
@@ -261,7 +261,7 @@ void EntityPass::search(const QPainterPath &path, bool isFilled)
     m_hasEnded = m_hasEnded || m_hasFound;
 }
 
-/// By the boxes, rounding and the width of lines allowed for.
+/// Uses the boxes and allows for rounding and the width of lines.
 bool EntityPass::isOutside(EntityId id, const Mapping &mapping) const
 {
     if (!m_boxes || !mapping.keepsAngles)
@@ -280,7 +280,8 @@ bool EntityPass::spend(int effort)
     return !m_hasEnded;
 }
 
-/// Blocks that hold one another twice on every level would otherwise be painted for ever.
+/// Counts an entity of a nested block; false when there are too many. Blocks that hold one another twice on
+/// every level would otherwise be painted for ever.
 bool EntityPass::countNested()
 {
     return m_nestedLeft > 0 && m_nestedLeft-- > 0;

@@ -24,7 +24,7 @@ void unite(Extents &all, const Extents &one)
            std::max(all.maxY, one.maxY)};
 }
 
-/// `box` as `map` shows it, or everywhere when that cannot be told.
+/// `box` as `map` shows it; without bounds when that is not finite.
 Extents placed(const Extents &box, const Affine &map)
 {
     if (box.isEmpty())
@@ -34,7 +34,7 @@ Extents placed(const Extents &box, const Affine &map)
     return isFinite && keepsAngles(map) ? result : everywhere;
 }
 
-/// What the control points fill holds the curve too, also where its turning points overflow.
+/// The box of the control points, which holds the curve too. Its turning points could overflow.
 Extents hullOf(const Spline &spline)
 {
     Extents hull;
@@ -63,7 +63,7 @@ public:
 private:
     Extents boxOf(const BlockDefinition &block, int depth)
     {
-        // Everywhere until it is measured: what holds itself has no bounds that can be told.
+        // Without bounds until it is measured. A block that holds itself keeps that box.
         const auto [known, isNew] = m_blocks.emplace(&block, everywhere);
         Extents &box = known->second;
         if (!isNew || depth >= deepestNesting)
@@ -105,7 +105,7 @@ private:
     std::unordered_map<const BlockDefinition *, Extents> m_blocks;
 };
 
-/// On both sides of the line it stands on, since a mirrored block leaves its letters upright.
+/// The box of a note on both sides of its line, since a mirrored block leaves its letters upright.
 Extents BoxMeasurement::boxOf(const Note &note)
 {
     constexpr double overhang = 3.0; // letter heights; rare scripts reach beyond what fonts tell

@@ -1,4 +1,4 @@
-// Where the entities of a drawing are, roughly: enough to leave out what is far from a view.
+// Boxes around the entities of a drawing, by which a painter leaves out entities far from the view.
 
 #pragma once
 
@@ -9,9 +9,8 @@
 
 namespace refhost {
 
-/// For each entity of a drawing a rectangle that it does not leave, in the coordinates of the model space or
-/// block that holds it. Measured once, by the thread that asks first: linear in all entities. Needs a
-/// QGuiApplication.
+/// A rectangle around each entity of a drawing, in the coordinates of its model space or block. All are
+/// measured at the first call, in linear time and in the calling thread. Needs a QGuiApplication.
 class EntityBoxes {
 public:
     explicit EntityBoxes(Drawing drawing)
@@ -21,8 +20,8 @@ public:
 
     const Drawing &drawing() const { return m_drawing; }
 
-    /// The rectangle of the entity named `id`, to be mapped by maps that keep angles only, as letters do.
-    /// Empty when it shows nothing; without bounds for an instance that does not keep angles or is nested too
+    /// The rectangle of the entity named `id`. It holds under maps that keep angles. It is empty when the
+    /// entity shows nothing, and without bounds for an instance that does not keep angles or is nested too
     /// deep.
     const Extents &of(EntityId id) const;
 

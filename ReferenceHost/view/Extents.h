@@ -9,8 +9,8 @@
 
 namespace refhost {
 
-/// A rectangle in drawing units that grows point by point and starts empty. Half lengths are given because
-/// whole ones of a drawing with huge coordinates may be beyond what a double can hold.
+/// A rectangle in drawing units that starts empty and grows point by point. It gives half lengths, since a
+/// double may be too small for the whole length of a huge drawing.
 struct Extents {
     double minX = std::numeric_limits<double>::infinity();
     double minY = std::numeric_limits<double>::infinity();
@@ -26,7 +26,7 @@ struct Extents {
     Extents mapped(const Affine &map) const;
 
     bool isEmpty() const { return minX > maxX; }
-    /// Whether it holds all of `other`, and that is something.
+    /// Whether it holds all of `other`, which is not empty.
     bool contains(const Extents &other) const
     {
         return !other.isEmpty() && minX <= other.minX && minY <= other.minY && maxX >= other.maxX
@@ -44,14 +44,14 @@ struct Extents {
     double halfHeight() const { return 0.5 * maxY - 0.5 * minY; }
 };
 
-/// What model space fills, with curves and texts as they are painted; empty for an empty drawing. Blocks
-/// within blocks count with the corners of their own extents. Texts are measured: needs a QGuiApplication.
+/// The extents of model space as it is painted; empty for an empty drawing. Blocks within blocks count with
+/// the corners of their own extents. Needs a QGuiApplication to measure texts.
 Extents extentsOf(const Drawing &drawing);
 
-/// The same of some entities, as if they stood in model space.
+/// The extents of some entities, taken as entities of model space.
 Extents extentsOf(const Drawing &drawing, const std::vector<EntityId> &entities);
 
-/// What an instance of `block`, a definition in `drawing`, fills at `placement`.
+/// The extents of an instance of `block`, a definition in `drawing`, at `placement`.
 Extents extentsOf(const Drawing &drawing, const BlockDefinition &block, const Placement &placement);
 
 } // namespace refhost

@@ -10,9 +10,9 @@
 
 namespace refhost {
 
-/// Sets one-line texts in the system's sans serif font. Lengths are in letter heights; the letter height is
-/// that of a capital letter, as on a technical drawing. Needs a QGuiApplication. Remembers the texts it has
-/// set, so one object should serve a whole drawing.
+/// Sets one-line texts in the system's sans serif font. Lengths are in letter heights, the height of a
+/// capital letter as on a technical drawing. It remembers its texts, so one object should serve a whole
+/// drawing. Needs a QGuiApplication.
 class Lettering {
 public:
     Lettering();
@@ -22,8 +22,8 @@ public:
     double ascent() const { return m_ascent; }
     double descent() const { return m_descent; }
 
-    /// The letters of `text`, standing on the y axis's 0 and starting at the x axis's, y down, each unit
-    /// 1 / outlineHeight() letter heights.
+    /// The letters of `text`, starting at the origin with y down. A unit is 1 / outlineHeight() letter
+    /// heights.
     QPainterPath outline(const QString &text);
     /// A bar in place of letters too small to read, in the same units.
     QPainterPath bar(const QString &text);

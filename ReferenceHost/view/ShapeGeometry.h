@@ -1,4 +1,4 @@
-// What measuring a drawing and painting it have in common.
+// Geometry that measuring and painting share.
 
 #pragma once
 
@@ -16,8 +16,8 @@ inline Ellipse asEllipse(const Circle &circle)
     return {circle.center, {circle.radius, 0.0, 0.0}, circle.radius};
 }
 
-/// The map of letters that stand on the x axis from 0 on, one unit high, to where `note` puts them, which has
-/// been transformed().
+/// The map from letters one unit high that begin at the origin to the letters of `note`, which has been
+/// transformed().
 inline Affine placeOfLetters(const Note &note)
 {
     const double cosine = note.height * std::cos(note.rotation);

@@ -1,5 +1,5 @@
-// Halves large curves until each piece can be dropped or is small enough to be handed on, which takes a
-// number of steps that grows with the logarithm of the curve's size.
+// Halves large curves until each piece can be dropped or handed on. The number of steps grows with the
+// logarithm of the curve's size.
 
 #include "view/VisiblePath.h"
 

@@ -7,6 +7,7 @@
 
 #include "app/Canvas.h"
 #include "app/HostSettingsStore.h"
+#include "app/WindowCommands.h"
 
 #include <QTabBar>
 
@@ -23,6 +24,7 @@ class ImportWindow : public ImportDriver {
 public:
     ImportWindow()
     {
+        refhost::addWindowCommands(window);
         window.connectAddin(KORVANE_ADDIN);
         window.show();
         if (!QTest::qWaitForWindowExposed(&window) || !window.hasAddin())
