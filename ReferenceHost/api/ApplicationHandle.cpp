@@ -1,4 +1,4 @@
-// Answers what add-ins ask of the application as a whole.
+// Answers the calls of add-ins to the application.
 
 #include "api/ApplicationHandle.h"
 

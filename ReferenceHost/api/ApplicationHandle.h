@@ -9,7 +9,7 @@
 
 namespace refhost {
 
-/// The state of handles of which there is only one object.
+/// The state of handles of a type with only one object.
 struct Singleton {};
 
 inline ObjectNumber *objectNumberOf(const CommandPtr &command)

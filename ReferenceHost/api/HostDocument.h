@@ -1,4 +1,4 @@
-// A drawing open in the host: the drawing itself, its file and what is selected in it.
+// An open drawing with its file and its selection.
 
 #pragma once
 

@@ -1,4 +1,4 @@
-// Turns the calls of an add-in into entities, and refuses what the host does not accept.
+// Turns the calls of an add-in into entities, and refuses invalid ones.
 
 #include "api/SketchManagerHandle.h"
 

@@ -56,7 +56,7 @@ void AddinLoader::unload()
     if (!m_mayUnload)
         return;
     m_mayUnload = false;
-    // What the add-in left to be deleted later needs its code.
+    // Objects of the add-in that are to be deleted later need its code.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     m_library.unload();
 }

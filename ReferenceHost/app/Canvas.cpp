@@ -184,7 +184,7 @@ QRectF Canvas::window() const
     return {m_view.toPixels(*m_dragFrom), *m_cursor};
 }
 
-/// Solid and closed for what lies inside, dashed for what it touches.
+/// The window is solid when it selects entities inside it, and dashed when it also selects those it touches.
 void Canvas::paintWindow(QPainter &painter) const
 {
     if (!m_dragFrom || !m_cursor)

@@ -83,7 +83,7 @@ private:
     ViewTransform m_view;
     std::unordered_map<const HostDocument *, ViewTransform> m_earlierViews;
     Sheet m_sheet;
-    Sheet m_previewSheet; // with the preview's block at the origin, whatever place it is shown at
+    Sheet m_previewSheet; // with the preview's block at the origin
     QTimer m_rest;        // runs until the mouse has rested
     std::optional<BlockPreview> m_preview;
     std::optional<QPointF> m_cursor;

@@ -1,4 +1,4 @@
-// Chooses the grid's step by what can be told apart on the screen.
+// Chooses a step of the grid at which lines can be told apart on the screen.
 
 #include "app/CanvasGrid.h"
 

@@ -1,4 +1,4 @@
-// Looks up what an item refers to: a user command of an add-in, or a command of the host by its name.
+// Finds the command of an item: a user command of an add-in by its id, or a command of the host by its name.
 
 #include "app/CommandActions.h"
 

@@ -106,7 +106,7 @@ void CommandLine::setCommands(QStringList names)
 
 void CommandLine::takeKey(QKeyEvent *event)
 {
-    // What the line itself has left alone comes here as well.
+    // Keys that the line itself has ignored come here as well.
     const bool isToType = !event->text().isEmpty() && !event->modifiers().testFlag(Qt::ControlModifier);
     const bool recalls = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
     if (window()->focusWidget() == m_edit || !(isToType || recalls))

@@ -1,4 +1,4 @@
-// Counts what the block definitions hold, since an instance may have been exploded.
+// Counts the entities of block definitions, since an instance may have been exploded.
 
 #include "app/CommandSummary.h"
 

@@ -32,7 +32,7 @@ bool DialogGhosts::eventFilter(QObject *object, QEvent *event)
         if (!window->isVisible())
             continue;
         for (QWidget *part : window->findChildren<QWidget *>())
-            part->update(); // the window alone leaves out what opaque parts cover
+            part->update(); // the window alone does not repaint its opaque parts
         window->repaint();
     }
     return false;

@@ -1,4 +1,4 @@
-// Keeps the tabs in step with the open drawings and hands on what the user does to them.
+// Keeps the tabs in step with the open drawings and passes on the user's clicks.
 
 #include "app/DocumentTabs.h"
 

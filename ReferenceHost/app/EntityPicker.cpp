@@ -12,7 +12,7 @@ namespace {
 
 constexpr double pickBox = 9.0; // pixels
 
-/// The view that shows what `view` shows in `pixels`.
+/// The part of `view` within the rectangle `pixels`.
 ViewTransform partOf(const ViewTransform &view, const QRectF &pixels)
 {
     return {view.toDrawing(pixels.center()), view.pixelsPerUnit, pixels.size()};

@@ -17,7 +17,7 @@ namespace refhost {
 
 namespace {
 
-/// What links within a Markdown file call the heading `title`.
+/// The name of the heading `title` in links within a Markdown file.
 QString anchorOf(const QString &title)
 {
     QString anchor;

@@ -88,7 +88,7 @@ bool isTransparent(const QString &command)
     return transparent.contains(command, Qt::CaseInsensitive);
 }
 
-/// The files among what is dragged.
+/// The local files in dragged data.
 QStringList filesOf(const QMimeData *data)
 {
     QStringList files;
@@ -122,7 +122,7 @@ HostWindow::HostWindow(const HostSettings &settings, QWidget *parent)
     provideServices();
     showMessage(QStringLiteral("Type a command, or click one. Esc cancels."));
     m_session.newDocument();
-    m_userInterfaceTimer.start();
+    showUserInterface();
     showDocuments();
     m_commandLine->setPrompt({});
 }

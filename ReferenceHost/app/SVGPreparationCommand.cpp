@@ -35,7 +35,7 @@ struct Copy {
     QString output;
 };
 
-/// What became of the chosen files.
+/// The numbers of chosen files by outcome.
 struct Tally {
     int written = 0;
     int kept = 0;
@@ -156,7 +156,7 @@ std::optional<bool> askToOverwrite(HostWindow &window, const std::vector<Copy> &
     return answer == QMessageBox::Yes;
 }
 
-/// Prepares one file. Returns what went wrong, empty when nothing did.
+/// Prepares one file. Returns the error, empty when there is none.
 QString written(HostWindow &window, const Copy &copy)
 {
     const svgprep::PreparedSvg prepared = svgprep::preparedFile(copy.input, {});

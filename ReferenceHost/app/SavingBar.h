@@ -30,7 +30,7 @@ public:
     /// Waits until `document` is saved. The user can cancel saving meanwhile and do nothing else.
     void waitFor(const HostDocument &document);
 
-    /// Stops all saving. The files stay what they were.
+    /// Stops all saving. The files stay unchanged.
     void cancel();
 
 signals:

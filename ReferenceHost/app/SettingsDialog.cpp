@@ -19,7 +19,6 @@ SettingsDialog::SettingsDialog(const HostSettings &settings, const HostSettings 
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     m_restart = m_form->buttons->addButton(QStringLiteral("OK and &restart"), QDialogButtonBox::ApplyRole);
     m_restart->setObjectName(QStringLiteral("restart"));
-    m_form->buttons->button(QDialogButtonBox::Ok)->setDefault(true);
 
     QComboBox &language = *m_form->language;
     for (const HostLanguage &known : hostLanguages())

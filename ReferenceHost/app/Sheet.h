@@ -68,7 +68,7 @@ private:
     bool m_isCurrent = false; // the picture shows the content as it is now
     bool m_isLarge = false;   // painting it at once took too long
     ViewTransform m_nextView; // which is being painted
-    int m_number = 0;         // of what is being painted
+    int m_number = 0;         // of the picture in the other thread
     std::future<void> m_work; // reads this object and ends before any member changes
     std::atomic<bool> m_isStopped{false};
 };

@@ -22,7 +22,7 @@ namespace refhost {
 
 namespace {
 
-/// A command's work: true when it did what the user wanted.
+/// The work of a command; true when it is done.
 using Body = bool (*)(HostWindow &window, const HostDocumentPtr &document);
 
 bool insertBlock(HostWindow &window, const HostDocumentPtr &document)
@@ -186,7 +186,7 @@ const Entry entries[] = {
     {"ID_Help", "ID_USERGUIDE", "&User Guide", "_USERGUIDE"},
     {"ID_Help", "ID_HELP", "&Commands", "_HELP"},
     {"ID_Help", "ID_ABOUT", "&About...", "_ABOUT"},
-    // Add-ins count what stands before their own buttons.
+    // Add-ins count the buttons before their own.
     {"ID_ToolbarInsert", "ID_PREPARESVG", "Prepare SVG Files", "PREPARESVG", Position::AlwaysLast},
     {"ID_ImportPANELROW", "ID_PREPARESVG", "Prepare SVG", "PREPARESVG", Position::AlwaysLast},
 };

@@ -11,7 +11,7 @@
 
 static void addHostResources()
 {
-    Q_INIT_RESOURCE(ReferenceHostApp); // the linker would leave out what nothing in the library names
+    Q_INIT_RESOURCE(ReferenceHostApp); // the linker leaves out resources that the library does not name
 }
 
 namespace refhost {

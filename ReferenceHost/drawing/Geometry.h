@@ -11,7 +11,7 @@ struct Point {
     double z = 0.0;
 };
 
-/// Where a block instance stands: what InsertBlock2 takes.
+/// The place of a block instance, as InsertBlock2 takes it.
 struct Placement {
     Point position;
     Point scale = {1.0, 1.0, 1.0};

@@ -1,4 +1,4 @@
-// Builds a drawing from the JSON with which the encoder script answers for a file.
+// Builds a drawing from the JSON that the encoder script gives for a file.
 
 #include "export/DrawingReader.h"
 
@@ -16,10 +16,10 @@ namespace refhost {
 
 namespace {
 
-/// Fills one drawing. What makes no sense in the JSON ends up as a number that is not finite.
+/// Fills one drawing. A wrong value in the JSON becomes a number that is not finite.
 class DrawingMaker {
 public:
-    /// False where the JSON is not what the script writes.
+    /// False when the JSON has another form than the script's.
     bool make(const QJsonObject &json);
 
     OpenedDrawing opened;

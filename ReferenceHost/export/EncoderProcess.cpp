@@ -31,7 +31,7 @@ QString encoderScript()
     return QStringLiteral(KORVANE_ENCODER_DIR "/encoder.mjs");
 }
 
-/// Half a minute for a slow start and thirty times what encoding takes.
+/// Half a minute for a slow start, and thirty times the usual time of encoding.
 QDeadlineTimer deadlineFor(qint64 requestSize)
 {
     constexpr qint64 startMilliseconds = 30'000;

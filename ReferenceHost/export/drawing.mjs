@@ -97,7 +97,7 @@ function kind(fields, make) {
 /**
  * The answer of `write` for the document of a request
  * {"blocks":[{"name":"...","base":[x,y,z],"entities":[...]}],"entities":[...]}. A block may insert the blocks before
- * it. The document is there for that call only. Throws an error that names what is wrong.
+ * it. The document is there for that call only. Throws an error that names the fault.
  */
 export function withDocument({ blocks, entities }, write) {
     blank ??= new BlankDocument();
@@ -173,8 +173,8 @@ function dictionaryVariableClass() {
 }
 
 /**
- * A new entity makes a layer and a line type of its own, which those of the document replace as soon as it is added:
- * a quarter of the time. From now on all share one of each, which the document itself does not have.
+ * A new entity makes a layer and a line type of its own, which those of the document soon replace. That takes a quarter
+ * of the time, so from now on all entities share one of each. The document itself has neither.
  */
 function shareDefaults() {
     for (const [owner, name] of [[Layer, "default"], [LineType, "byLayer"]])
@@ -225,7 +225,7 @@ function setInitialView(document, { isEmpty, minX, minY, maxX, maxY }) {
     document.header.modelSpaceExtMax = new XYZ(maxX, maxY, 0);
     for (const view of document.vPorts) {
         view.center = new XY((minX + maxX) / 2, (minY + maxY) / 2);
-        // A tenth of air; the height alone would cut off what is wider than the window.
+        // A tenth of air. The height alone would cut off a drawing wider than the window.
         view.viewHeight = 1.1 * Math.max(maxY - minY, (maxX - minX) / view.aspectRatio) || 1;
     }
 }

@@ -66,7 +66,7 @@ function indexed(list) {
 const firstObjects = new Uint8Array(1 << 16); // the least that the writer takes
 
 /**
- * Lets the objects of all drawings begin in one buffer, which the writer replaces by a larger one when it is full.
+ * Lets the objects of all drawings begin in one buffer. The writer replaces a full one by a larger one.
  * Otherwise each drawing begins with a new one of 1 MiB.
  */
 DwgWriter.prototype._writeObjects = function () {
@@ -138,7 +138,7 @@ Object.assign(DwgStreamWriterBase.prototype, {
     },
 });
 
-/** What the DXF writer needs of an array, with a `shift` that does not move the rest. */
+/** The part of an array that the DXF writer uses, with a `shift` that does not move the rest. */
 class Queue {
     #items = [];
     #first = 0;

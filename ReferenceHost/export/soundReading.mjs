@@ -1,6 +1,6 @@
-// Runs the package's DWG and DXF readers so that no file keeps them busy for ever and nothing gets lost unnoticed. As
-// they come, they take what lies behind the end of a file for zeros, drop what they do not know, and find names in the
-// wrong table. Each of the small replacements below takes one of these out.
+// Runs the package's DWG and DXF readers so that they always end and nothing gets lost unnoticed. The package reads
+// zeros behind the end of a file, drops unknown objects, and finds names in the wrong table. Each replacement below
+// removes one of these faults.
 
 import acad from "./acad.mjs";
 
@@ -182,7 +182,7 @@ Object.assign(DxfSectionReaderBase.prototype, {
         return readCommonEntityCodes.call(this, template, ...rest);
     },
 
-    /** For old files the package does not know what the codes of a polyline mean, such as that it is closed. */
+    /** In old files the package does not know the codes of a polyline, such as the one for a closed polyline. */
     _readPolylineCodes(template, map) {
         const { subClasses } = map;
         if (subClasses.get("AcDb2dPolyline")?.dxfProperties.size === 0)

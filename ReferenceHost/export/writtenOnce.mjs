@@ -6,7 +6,7 @@ import acad from "./acad.mjs";
 const { DwgObjectWriter } = acad;
 const { _writeLTypeControlObject, _writeObjects, _writeTable } = DwgObjectWriter.prototype;
 
-const chunks = new WeakMap(); // by what they were written for, which belongs to one document
+const chunks = new WeakMap(); // by the object that they were written for
 
 /** Calls `write` for `subject` once and repeats the written bytes from then on. */
 function once(writer, subject, write) {

@@ -108,7 +108,7 @@ private:
 /// The box of a note on both sides of its line, since a mirrored block leaves its letters upright.
 Extents BoxMeasurement::boxOf(const Note &note)
 {
-    constexpr double overhang = 3.0; // letter heights; rare scripts reach beyond what fonts tell
+    constexpr double overhang = 3.0; // letter heights; rare scripts reach beyond the sizes in fonts
     const double width = m_lettering.width(note.text);
     const double up = std::max(m_lettering.ascent(), m_lettering.descent()) + overhang;
     return width > 0.0 ? placed({-overhang, -up, width + overhang, up},

@@ -1,4 +1,4 @@
-// Strokes and filled shapes in pixels, reduced to what can be seen.
+// The visible parts of strokes and filled shapes, in pixels.
 
 #pragma once
 
@@ -7,10 +7,10 @@
 
 namespace refhost {
 
-/// Gathers the lines and curves of one shape and leaves out what lies outside the view. QPainter cuts
-/// straight lines at any distance (measured up to 1e15 pixels) but flattens a curve to some thousand lines at
-/// most and knows circles as four cubics only; so the visible part of a large curve is handed on in pieces.
-/// Parts that are not finite, or too far away to compute with, are left out.
+/// Gathers the visible lines and curves of one shape. QPainter cuts straight lines at any distance, measured
+/// up to 1e15 pixels. It flattens a curve to some thousand lines at most and draws a circle as four cubics,
+/// so the visible part of a large curve is handed on in pieces. Parts that are not finite, or too far away to
+/// compute with, are left out.
 class VisiblePath {
 public:
     /// Everything outside `visible` may be left out; it has to include the width of the pen.
