@@ -12,7 +12,6 @@
 
 #include <QComboBox>
 #include <QLabel>
-#include <QMenuBar>
 #include <QMimeData>
 #include <QPainter>
 #include <QProgressDialog>
@@ -110,7 +109,7 @@ private:
         return *m_window->findChild<Widget *>(QLatin1String(name));
     }
 
-    const TemporaryFolder m_folder;
+    TemporaryFolder m_folder;
     std::unique_ptr<HostWindow> m_window;
 };
 
