@@ -49,6 +49,7 @@ void tst_WindowImport::insertion()
     Canvas &canvas = host.window.canvas();
     const Drawing &drawing = host.document().drawing;
     QStringList questions;
+    bool isPreviewed = false;
     Placement expected = {{}, {0.5, 0.5, 0.5}, M_PI_2};
     const auto answer = [&](const std::function<void()> &act) {
         return [&, act] {
@@ -57,12 +58,16 @@ void tst_WindowImport::insertion()
         };
     };
     const auto pick = answer([&] {
-        const QPoint pixel(canvas.width() / 3, canvas.height() / 4);
+        const QPoint pixel(canvas.width() / 3, canvas.height() / 2);
         expected.position = canvas.view().toDrawing(pixel);
         QMouseEvent hover(QEvent::MouseMove, pixel, Qt::NoButton, {}, {});
         QApplication::sendEvent(&canvas, &hover);
         const Placement preview = {expected.position, {2, 2, 2}, M_PI_2};
-        QTRY_VERIFY(host.isDrawnAt(Affine::fromPlacement(preview, {}).mapPoint(middleOfLine)));
+        const Point seen = Affine::fromPlacement(preview, {}).mapPoint(middleOfLine);
+        const QPoint shown = canvas.view().toPixels(seen).toPoint();
+        const QImage image = canvas.grab({shown - QPoint(2, 2), QSize(5, 5)}).toImage();
+        for (int i = 0; i < 25; ++i) // the preview is blue
+            isPreviewed |= image.pixelColor(i % 5, i / 5).blue() > image.pixelColor(i % 5, i / 5).red() + 80;
         QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixel);
     });
     const auto half = answer([&] { type(host.window, "0.5"); });
@@ -79,6 +84,7 @@ void tst_WindowImport::insertion()
     };
 
     import({pick, half, enter});
+    QVERIFY(isPreviewed);
     QCOMPARE(questions.join(' '),
              QString("Insertion point <10,-20.5,3>: Scale factor <2>: Rotation in degrees <90>:"));
     QTRY_COMPARE(host.tabs(), QString("Drawing1*"));
