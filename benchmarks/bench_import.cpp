@@ -129,7 +129,8 @@ void transform(benchmark::State &state)
     kvDoubleArray values;
     values.setSize(static_cast<int>(state.range(0)) * 2);
     for (auto _ : state)
-        benchmark::DoNotOptimize(svgread::mapped(*svgread::matrixFromAttribute(QStringLiteral("matrix(1 2 3 4 5 6)")), values));
+        benchmark::DoNotOptimize(
+            svgread::mapped(*svgread::matrixFromAttribute(QStringLiteral("matrix(1 2 3 4 5 6)")), values));
     state.SetComplexityN(state.range(0));
 }
 
