@@ -10,10 +10,11 @@
 #include <algorithm>
 #include <cmath>
 
-QJsonObject readBack(const QString &fileName, const QString &reader)
+std::vector<QJsonObject> readAllBack(const QStringList &fileNames, const QString &reader)
 {
     constexpr int longest = 60'000; // ms
-    QStringList arguments = {QStringLiteral(KORVANE_READBACK), fileName};
+    QStringList arguments = {QStringLiteral(KORVANE_READBACK)};
+    arguments << fileNames;
     if (!reader.isEmpty())
         arguments << QStringLiteral("--reader") << reader;
     QProcess process;
@@ -22,7 +23,16 @@ QJsonObject readBack(const QString &fileName, const QString &reader)
         qWarning() << process.errorString() << process.readAllStandardError();
         return {};
     }
-    return QJsonDocument::fromJson(process.readAllStandardOutput()).object();
+    std::vector<QJsonObject> drawings;
+    for (const QByteArray &line : process.readAllStandardOutput().trimmed().split('\n'))
+        drawings.push_back(QJsonDocument::fromJson(line).object());
+    return drawings;
+}
+
+QJsonObject readBack(const QString &fileName, const QString &reader)
+{
+    const std::vector<QJsonObject> drawings = readAllBack({fileName}, reader);
+    return drawings.empty() ? QJsonObject() : drawings.front();
 }
 
 bool isClose(const QJsonValue &actual, const QJsonValue &expected)
