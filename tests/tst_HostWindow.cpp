@@ -2,6 +2,7 @@
 
 #include "HostWindowDriver.h"
 #include "ModalAnswers.h"
+#include "PrivateSettings.h"
 #include "TableOf.h"
 #include "TemporaryFolder.h"
 
@@ -15,7 +16,6 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QProgressDialog>
-#include <QSettings>
 #include <QtMath>
 
 using namespace refhost;
@@ -115,7 +115,7 @@ private:
 
 void tst_HostWindow::init()
 {
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+    keepSettingsIn(m_folder.path());
     m_window.reset();
     m_window = std::make_unique<HostWindow>(loadHostSettings());
     addWindowCommands(*m_window);

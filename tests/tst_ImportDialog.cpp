@@ -2,6 +2,7 @@
 
 #include "JournalCalls.h"
 #include "ModalAnswers.h"
+#include "PrivateSettings.h"
 #include "ShownDialog.h"
 #include "TableOf.h"
 
@@ -52,7 +53,7 @@ private:
 void tst_ImportDialog::initTestCase()
 {
     QCOMPARE(KVImportSVGAddinApplication::m_bDarkMode, -1);
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
+    keepSettingsIn(m_settings.path());
     // 9 points at 96 dots per inch: what desktops show, whatever this platform's default.
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPixelSize(12);

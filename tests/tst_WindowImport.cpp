@@ -10,7 +10,6 @@
 #include <QJsonDocument>
 #include <QLabel>
 #include <QProgressBar>
-#include <QSettings>
 #include <QtMath>
 
 using namespace refhost;
@@ -244,7 +243,7 @@ int main(int argc, char *argv[])
     QApplication::setOrganizationName(QStringLiteral("Korvane"));
     QApplication::setApplicationName(QStringLiteral("ReferenceHost"));
     const TemporaryFolder settings;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    keepSettingsIn(settings.path());
     tst_WindowImport test;
     return QTest::qExec(&test, argc, argv);
 }

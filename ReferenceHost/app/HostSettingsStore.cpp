@@ -21,7 +21,8 @@ constexpr auto copiesFolderKey = "plainCopiesFolder";
 
 QSettings openStore()
 {
-    return QSettings(QStringLiteral("Korvane"), QStringLiteral("ReferenceHost"));
+    return QSettings(QSettings::defaultFormat(), QSettings::UserScope, QStringLiteral("Korvane"),
+                     QStringLiteral("ReferenceHost"));
 }
 
 /// The folder that is stored under `key`; empty when there is none or it is gone.

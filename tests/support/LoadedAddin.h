@@ -3,11 +3,12 @@
 
 #pragma once
 
+#include "PrivateSettings.h"
+
 #include "kvApplication.h"
 
 #include <QApplication>
 #include <QLibrary>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QWidget>
 
@@ -26,7 +27,7 @@ class LoadedAddin {
 public:
     LoadedAddin()
     {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
+        keepSettingsIn(m_settings.path());
         if (staysMapped)
             m_library.setLoadHints(QLibrary::PreventUnloadHint);
         m_connect = reinterpret_cast<decltype(m_connect)>(m_library.resolve("connectToKorvane"));
