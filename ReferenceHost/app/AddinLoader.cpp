@@ -70,10 +70,8 @@ AddinLoader::~AddinLoader()
 
 QString standardAddinPath()
 {
-    const QString inBuildTree = QStringLiteral(KORVANE_ADDIN_FILE);
-    const QString besideProgram =
-        QDir(QCoreApplication::applicationDirPath()).filePath(QFileInfo(inBuildTree).fileName());
-    return QFileInfo(besideProgram).isFile() ? besideProgram : inBuildTree;
+    const QDir programs(QCoreApplication::applicationDirPath());
+    return QDir::cleanPath(programs.filePath(QStringLiteral(KORVANE_ADDIN_PLACE)));
 }
 
 } // namespace refhost

@@ -38,7 +38,7 @@ private:
     bool m_mayUnload = false;
 };
 
-/// The add-in the host looks for by itself: beside the program, or where the build put it.
+/// The add-in of the same installation or build as the program.
 QString standardAddinPath();
 
 } // namespace refhost

@@ -3,6 +3,7 @@
 #include "export/EncoderProcess.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -25,10 +26,8 @@ QString encoderScript()
 {
     if (qEnvironmentVariableIsSet("KORVANE_ENCODER"))
         return qEnvironmentVariable("KORVANE_ENCODER");
-    QString installed = QCoreApplication::applicationDirPath() + QStringLiteral("/encoder/encoder.mjs");
-    if (QFileInfo::exists(installed))
-        return installed;
-    return QStringLiteral(KORVANE_ENCODER_DIR "/encoder.mjs");
+    const QDir programs(QCoreApplication::applicationDirPath());
+    return QDir::cleanPath(programs.filePath(QStringLiteral(KORVANE_ENCODER_PLACE "/encoder.mjs")));
 }
 
 /// Half a minute for a slow start, and thirty times the usual time of encoding.

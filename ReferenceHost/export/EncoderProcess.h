@@ -25,7 +25,7 @@ struct EncodedDrawing {
 /// QCoreApplication but no running event loop; all calls come from one thread.
 ///
 /// The environment variable KORVANE_NODE names the node program (otherwise the one in PATH), KORVANE_ENCODER
-/// the script (otherwise encoder/encoder.mjs beside the program, or the one in the source folder).
+/// the script (otherwise the one of the same installation or build).
 class EncoderProcess {
 public:
     using Ticket = quint64;
