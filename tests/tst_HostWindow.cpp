@@ -583,6 +583,18 @@ void tst_HostWindow::openedByDropping()
     document().drawing.add(Line{{0, 0, 0}, {10, 5, 0}});
     drop(); // what the user has begun stays open
     QCOMPARE(openDrawings(), std::size_t(2));
+
+    const QByteArray plan =
+        R"(<svg xmlns="http://www.w3.org/2000/svg"><image/><path d="M0 0h9" stroke="red"/></svg>)";
+    data.setUrls({QUrl::fromLocalFile(m_folder.write("broken.svg", "<svg>")),
+                  QUrl::fromLocalFile(m_folder.write("hall.v2.svg", plan))});
+    drop();
+    QCOMPARE(openDrawings(), std::size_t(3));
+    QCOMPARE(document().shownName(), QString("hall.v2"));
+    QCOMPARE(document().drawing.blocks().size(), std::size_t(1));
+    QVERIFY(document().isModified());
+    QVERIFY(hasSaid("hall.v2.svg: not drawn: 1 picture"));
+    QVERIFY(hasSaid("broken.svg:1:"));
 }
 
 void tst_HostWindow::savedBesideTheWindow()

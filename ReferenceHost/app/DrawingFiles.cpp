@@ -3,9 +3,9 @@
 #include "app/DrawingFiles.h"
 
 #include "app/HostSettingsStore.h"
+#include "app/SVGConversion.h"
 #include "app/SavingBar.h"
 #include "app/WaitCursor.h"
-#include "export/DrawingReader.h"
 #include "export/WholeFile.h"
 #include "view/Picture.h"
 
@@ -13,6 +13,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QTemporaryDir>
 
 namespace refhost {
 
@@ -33,14 +34,17 @@ QString suffixOf(const QString &filter)
 
 bool DrawingFiles::open()
 {
-    const QString file =
-        QFileDialog::getOpenFileName(&m_parent, QStringLiteral("Open drawing"), QString(),
-                                     QStringLiteral("Drawings (*.dwg *.dxf *.DWG *.DXF);;All files (*)"));
+    const QString file = QFileDialog::getOpenFileName(
+        &m_parent, QStringLiteral("Open drawing"), QString(),
+        QStringLiteral(
+            "Drawings (*.dwg *.dxf *.DWG *.DXF);;SVG files (*.svg *.svgz *.SVG *.SVGZ);;All files (*)"));
     return !file.isEmpty() && openFile(file);
 }
 
 bool DrawingFiles::openFile(const QString &fileName)
 {
+    if (isSvgFileName(fileName))
+        return openSvg(fileName);
     if (const HostDocumentPtr open = m_session.findDocument(fileName); open && open->fileName == fileName)
         return m_session.activate(open);
 
@@ -51,19 +55,46 @@ bool DrawingFiles::openFile(const QString &fileName)
         m_session.report(QStringLiteral("%1: not opened: %2").arg(shownName, opened.error));
         return false;
     }
-    const HostDocumentPtr empty = m_session.activeDocument();
-    const HostDocumentPtr document = m_session.newDocument();
-    document->drawing = std::move(opened.drawing);
+    const HostDocumentPtr document = add(std::move(opened));
     document->savedRevision = document->drawing.revision();
     document->fileName = fileName;
-    document->leftOut = opened.leftOut;
-    if (m_session.documents().size() == 2 && empty->isUntouched()) // the one that the window began with
-        m_session.close(empty);
     keepDrawingFolder(QFileInfo(fileName).path());
     m_session.report(QStringLiteral("Opened %1").arg(shownName));
     if (!document->leftOut.isEmpty())
         m_session.report(QStringLiteral("Not shown: %1").arg(document->leftOut.join(QStringLiteral(", "))));
     return true;
+}
+
+bool DrawingFiles::openSvg(const QString &fileName)
+{
+    const WaitCursor waitCursor;
+    const QTemporaryDir folder;
+    const SvgConversion converted = convertSvg(fileName, folder.path());
+    for (const QString &note : converted.notes)
+        m_session.report(note);
+    if (converted.drawing.isEmpty())
+        return false;
+    OpenedDrawing opened = openDrawing(m_encoder, converted.drawing);
+    const QString shownName = QDir::toNativeSeparators(fileName);
+    if (!opened.error.isEmpty()) {
+        m_session.report(QStringLiteral("%1: not opened: %2").arg(shownName, opened.error));
+        return false;
+    }
+    add(std::move(opened))->title = QFileInfo(fileName).completeBaseName();
+    m_session.report(QStringLiteral("Opened %1 as a new drawing").arg(shownName));
+    return true;
+}
+
+/// Shows the drawing as a document of its own.
+HostDocumentPtr DrawingFiles::add(OpenedDrawing opened)
+{
+    const HostDocumentPtr empty = m_session.activeDocument();
+    HostDocumentPtr document = m_session.newDocument();
+    document->drawing = std::move(opened.drawing);
+    document->leftOut = opened.leftOut;
+    if (m_session.documents().size() == 2 && empty->isUntouched()) // the one that the window began with
+        m_session.close(empty);
+    return document;
 }
 
 bool DrawingFiles::save(const HostDocumentPtr &document)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "api/HostSession.h"
+#include "export/DrawingReader.h"
 #include "export/EncoderProcess.h"
 
 #include <QMessageBox>
@@ -29,7 +30,8 @@ public:
     /// Asks for a DWG or DXF file and opens it.
     bool open();
     /// Opens the DWG or DXF file `fileName`. A file that is open already comes to the front. The user is told
-    /// what the file holds and the drawing does not.
+    /// what the file holds and the drawing does not. Of an SVG file it makes a drawing without a file, which
+    /// holds the prepared file as a block.
     bool openFile(const QString &fileName);
 
     /// Saves `document` under its name, or asks for one. The user is asked before anything in the file is
@@ -47,6 +49,8 @@ public:
     bool confirmClosing(const HostDocumentPtr &document);
 
 private:
+    bool openSvg(const QString &fileName);
+    HostDocumentPtr add(OpenedDrawing opened);
     bool confirm(const QString &question, QMessageBox::StandardButton yes) const;
     bool confirmWritingOver(const HostDocumentPtr &document, const QString &file) const;
     QString askFileName(const QString &title, const HostDocumentPtr &document,

@@ -266,6 +266,14 @@ void HostWindow::offerSamples(const QString &folder)
     showMessage(QStringLiteral("Samples to import are in %1").arg(QDir::toNativeSeparators(folder)));
 }
 
+void HostWindow::openFiles(const QStringList &files)
+{
+    for (const QString &file : files) {
+        if (ensureNoCommandRuns())
+            m_files->openFile(file);
+    }
+}
+
 void HostWindow::enter(const QString &line)
 {
     if (m_prompter->isWaiting())
@@ -443,10 +451,7 @@ void HostWindow::dropEvent(QDropEvent *event)
 {
     const QStringList files = filesOf(event->mimeData());
     event->acceptProposedAction();
-    for (const QString &file : files) {
-        if (ensureNoCommandRuns())
-            m_files->openFile(file);
-    }
+    openFiles(files);
 }
 
 /// Keys that no part of the window uses are typed into the command line.

@@ -51,6 +51,9 @@ public:
     /// Answers the waiting prompt with a line from the user, or runs it as a command.
     void enter(const QString &line);
 
+    /// Opens DWG, DXF and SVG files as drawings of their own. Refused while a command runs.
+    void openFiles(const QStringList &files);
+
     /// Shows a line in the message area.
     void showMessage(const QString &message);
 

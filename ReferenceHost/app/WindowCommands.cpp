@@ -139,7 +139,7 @@ struct WindowCommand {
 };
 
 const WindowCommand windowCommands[] = {
-    {"_OPEN", Needs::Nothing, openDrawing, "Opens a DWG or DXF file"},
+    {"_OPEN", Needs::Nothing, openDrawing, "Opens a DWG, DXF or SVG file"},
     {"_SAVE", Needs::FreeDocument, withFiles<&DrawingFiles::save>, "Saves the drawing"},
     {"_SAVEAS", Needs::FreeDocument, withFiles<&DrawingFiles::saveAs>,
      "Saves the drawing under another name"},

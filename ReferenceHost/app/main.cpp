@@ -9,8 +9,10 @@
 #include <QCommandLineParser>
 #include <QDebug>
 #include <QDir>
+#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QStyleFactory>
+#include <QTimer>
 #include <QTranslator>
 
 #include <algorithm>
@@ -63,6 +65,16 @@ void addOptions(QCommandLineParser &parser)
     parser.addOption({samplesOption,
                       QStringLiteral("Let imports start in <folder> while no other folder is set."),
                       QStringLiteral("folder")});
+    parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("SVG, DWG or DXF files to open."),
+                                 QStringLiteral("[file...]"));
+}
+
+/// Opens files once the window is seen. Relative names are those of the current folder.
+void openLater(refhost::HostWindow &window, QStringList files)
+{
+    for (QString &file : files)
+        file = QFileInfo(file).absoluteFilePath();
+    QTimer::singleShot(0, &window, [&window, files] { window.openFiles(files); });
 }
 
 bool asksForHelp(int argc, char **argv)
@@ -93,6 +105,7 @@ int main(int argc, char **argv)
     Application application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Korvane"));
     QApplication::setApplicationName(QStringLiteral("ReferenceHost"));
+    QApplication::setDesktopFileName(QStringLiteral("import-svg-korvane"));
     parser.process(application);
 
     const refhost::HostSettings settings = refhost::loadHostSettings();
@@ -105,6 +118,7 @@ int main(int argc, char **argv)
     window.connectAddin(parser.isSet(addinOption) ? parser.value(addinOption) : refhost::standardAddinPath());
     if (parser.isSet(samplesOption))
         window.offerSamples(parser.value(samplesOption));
+    openLater(window, parser.positionalArguments());
     // Folder questions of add-ins start in the current folder.
     const QString folder = refhost::loadDrawingFolder();
     if (!folder.isEmpty())
