@@ -1,5 +1,6 @@
-# Checks README.md, CONTRIBUTING.md and docs/: each svg2dwg command in them runs (dry, in a copy of the samples), the
-# user guide names exactly the options that there are, and each link leads to a file.
+# Checks README.md, CONTRIBUTING.md and docs/: each svg2dwg command in them runs (dry, in a copy of the samples), and each
+# link leads to a file. User guide, man page and zsh's completion name exactly the options that there are; the last two
+# also their values. (bash's completion asks the program.)
 #
 #     cmake -DROOT=<source folder> -DSVG2DWG=<program> -DWORK=<scratch folder> -P docs_commands.cmake
 
@@ -36,18 +37,37 @@ function(run_commands document)
     set(failures "${failures}" PARENT_SCOPE)
 endfunction()
 
-# The rows of the guide's table of options against what --help lists.
-function(compare_options guide)
-    execute_process(COMMAND "${SVG2DWG}" --help OUTPUT_VARIABLE help COMMAND_ERROR_IS_FATAL ANY)
+# Whether the lines of `document` that begin with `start` name the options that --help lists.
+function(compare_options document start)
     string(REGEX MATCHALL "\n  (-., )?--[a-z-]+" actual "${help}")
-    file(STRINGS "${guide}" documented REGEX "^\\| `-")
+    file(STRINGS "${document}" lines REGEX "^${start}")
+    set(documented "")
+    foreach(line IN LISTS lines)
+        string(REPLACE "\\-" "-" line "${line}")
+        string(REGEX MATCH "--[a-z-]+" option "${line}")
+        list(APPEND documented "${option}")
+    endforeach()
     list(TRANSFORM actual REPLACE "^.*(--[a-z-]+)$" "\\1")
-    list(TRANSFORM documented REPLACE "^\\| `(-.`, `)?(--[a-z-]+).*$" "\\2")
     list(SORT actual)
     list(SORT documented)
     if(NOT actual STREQUAL documented)
-        fail("${guide}: the options are\n  ${actual}\nand not\n  ${documented}")
+        fail("${document}: the options are\n  ${actual}\nand not\n  ${documented}")
     endif()
+    set(failures "${failures}" PARENT_SCOPE)
+endfunction()
+
+# Whether `document` has all values to choose from that --help lists, such as "dwg|dxf|svg", with `separator` between.
+function(compare_values document separator)
+    file(READ "${document}" text)
+    string(REGEX MATCHALL "<[a-z]+[|][a-z|]+>" choices "${help}")
+    foreach(choice IN LISTS choices)
+        string(REGEX REPLACE "[<>]" "" choice "${choice}")
+        string(REPLACE "|" "${separator}" choice "${choice}")
+        string(FIND "${text}" "${choice}" position)
+        if(position EQUAL -1)
+            fail("${document}: there is no ${choice}")
+        endif()
+    endforeach()
     set(failures "${failures}" PARENT_SCOPE)
 endfunction()
 
@@ -74,7 +94,13 @@ foreach(document IN LISTS documents)
         fail("${document}: no svg2dwg command was found")
     endif()
 endforeach()
-compare_options("${ROOT}/docs/user-guide.md")
+
+execute_process(COMMAND "${SVG2DWG}" --help OUTPUT_VARIABLE help COMMAND_ERROR_IS_FATAL ANY)
+compare_options("${ROOT}/docs/user-guide.md" "[|] `-")
+compare_options("${ROOT}/packaging/svg2dwg.1.in" ".fB.-")
+compare_values("${ROOT}/packaging/svg2dwg.1.in" "|")
+compare_options("${ROOT}/packaging/_svg2dwg" "    '.*--")
+compare_values("${ROOT}/packaging/_svg2dwg" " ")
 
 if(failures)
     message(FATAL_ERROR "${failures}")
