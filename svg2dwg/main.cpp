@@ -143,7 +143,9 @@ std::unique_ptr<QCoreApplication> applicationFor(const Options &options, int &ar
 {
     if (!options.prepare && !options.preview)
         return std::make_unique<QCoreApplication>(argc, argv);
+#ifndef Q_OS_WIN // where a program without windows needs no screen
     qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 

@@ -17,7 +17,7 @@ void tst_SampleJournals::sample_data()
 {
     QTest::addColumn<QString>("file");
     for (const QFileInfo &sample : QDir(KORVANE_SAMPLES).entryInfoList({"*.svg"}, QDir::Files, QDir::Name))
-        QTest::newRow(qPrintable(sample.completeBaseName())) << sample.filePath();
+        QTest::newRow(qPrintable(sample.completeBaseName())) << sample.absoluteFilePath();
 }
 
 void tst_SampleJournals::sample()

@@ -65,14 +65,16 @@ void tst_WindowsAddin::darkFrame()
     LoadedAddin addin;
     QVERIFY(addin.connect(host.application()));
     ImportDriver driver;
-    driver.answers.press(QMessageBox::Ok);
     QStringList ofDialog;
     QStringList ofBox;
-    driver.workInDialog([&] {
+    const std::function<void()> act = [&] {
         ofDialog = frameCalls(driver.dialog);
-        driver.click("OK_pushButton"); // no file is chosen
+        driver.answers.choose(driver.write("plan.txt", {}));
+        driver.answers.press(QMessageBox::Ok);
+        driver.click("browse_pushButton"); // no SVG file
         ofBox = frameCalls(driver.dialog);
-    });
+    };
+    driver.workInDialog(act);
     QCOMPARE(host.session.commands.runForUser(QStringLiteral("IMPORTSVG")), kvRunCommand_Succeeded);
     QCOMPARE(ofDialog, calls);
     QCOMPARE(ofBox, calls);
