@@ -89,6 +89,9 @@ void tst_AddinShell::cleanup()
 
 void tst_AddinShell::exportedSymbols()
 {
+#ifdef Q_OS_WIN
+    QSKIP("scripts/windows looks at the export table");
+#endif
     QProcess nm;
     nm.start(QStringLiteral("nm"), {"-D", "-C", "--defined-only", QString::fromUtf8(KORVANE_ADDIN)});
     QVERIFY2(nm.waitForFinished() && nm.exitCode() == 0, qPrintable(nm.errorString()));

@@ -119,9 +119,10 @@ private:
     {
         const auto hook = whenSaved; // which may set another
         hook();
-        const QString name = QString(file).remove(path() + '/');
+        const QString place = QDir::fromNativeSeparators(file);
+        const QString name = QString(place).remove(path() + '/');
         // A name with "unwritable" in it stands for what cannot be saved.
-        const bool fails = !usedBlocksOnly || name.contains("unwritable") || name == file;
+        const bool fails = !usedBlocksOnly || name.contains("unwritable") || name == place;
         saved.append(name + (fails ? QByteArray(" fails") : ": " + contents(drawing)));
         if (fails)
             return QStringLiteral("disk full");
@@ -243,7 +244,8 @@ void tst_BatchImport::wholeRun()
                                R"(kvDocument_c#1 SaveAs2 "DIR/out/b_Default_ft.dwg",23,true)",
                                emptied,
                                R"(CloseDocument "DIR\\out\\b_Default_ft.dwg",false|kvDocument_c#2 Activate)"};
-    QCOMPARE(session.calls({"RunCommand", "InsertBlock2", "Explode", "SaveAs2", "CloseDocument", "Activate"}),
+    QCOMPARE(session.calls({"RunCommand", "InsertBlock2", "Explode", "SaveAs2", "CloseDocument", "Activate"})
+                 .replaceInStrings(R"(DIR/out\\b)", "DIR/out/b"), // on Windows
              calls.join('|').split('|'));
 }
 
@@ -253,15 +255,22 @@ void tst_BatchImport::drawings_data()
     const QString longName = QString(200, 'n');
     row("each drawing holds its own file, in the order of the names whatever their case", "B.svg|a.svg|C.SVG",
         "out", "out/a.dwg: 2|out/B.dwg: 1|out/C.dwg: 3");
-    row("blanks, quotes, and letters of the world", " plan 'one'\".svg|Tür 図面 😀.svg", "out",
-        "out/ plan 'one'\".dwg: 1|out/Tür 図面 😀.dwg: 2");
+#ifdef Q_OS_WIN // which has no such quotes in names
+    const QString quote;
+#else
+    const QString quote = "\"";
+#endif
+    row("blanks, quotes, and letters of the world", " plan 'one'" + quote + ".svg|Tür 図面 😀.svg", "out",
+        "out/ plan 'one'" + quote + ".dwg: 1|out/Tür 図面 😀.dwg: 2");
     row("200 characters", longName + ".svg", "out", "out/" + longName + ".dwg: 1");
     row("names alike up to the first dot", "a.1.svg|a.2.svg|a.3.svg", "out",
         "out/a.dwg: 1|out/a_Default_ft.dwg: 2|out/a_Default_ft.dwg: 3");
     row("other files, hidden ones and folders are not listed, and one named by a blank goes",
         "a.svg|notes.txt|.hidden.svg|folder.svg/b.svg| ", "out", "out/a.dwg: 1");
+#ifndef Q_OS_WIN
     row("beside an existing drawing the folder is the real one", "a.1.svg|a.2.svg", "linked",
         "linked/a.dwg: 1|out/a_Default_ft.dwg: 2");
+#endif
     row("a dot in the folder's name cuts the drawing's", "a.svg|b.svg", "plans.2/out",
         "plans.dwg: 1|plans_Default_ft.dwg: 2");
     row("a file that cannot be saved leaves the other", "unwritable.svg|z.svg", "out",
@@ -278,9 +287,11 @@ void tst_BatchImport::drawings()
     QFETCH(QString, saved);
 
     BatchSession session(files.split('|'));
+#ifndef Q_OS_WIN // where Qt makes shortcuts
     QVERIFY2(QFile::link(session.path("in/" + files.section('|', 0, 0)), session.path("in/link.svg")),
              "never listed");
     QVERIFY(QFile::link(session.path("out"), session.path("linked")));
+#endif
     QDir().mkpath(session.path(destination));
     session.convert(destination);
 
