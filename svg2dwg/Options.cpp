@@ -15,8 +15,9 @@ const auto synopsis = QStringLiteral("FILE|FOLDER... -o FOLDER");
 
 const auto description = QStringLiteral(
     "Converts SVG files to drawings. Each file becomes one block at the origin of a drawing of its own;\n"
-    "a folder stands for the SVG files in it (.svg and .svgz), its subfolders left out. Files are prepared\n"
-    "first: what IMPORTSVG would not read is rewritten, so that drawings look like their files.\n"
+    "a folder stands for the SVG files in it (.svg and .svgz), without --recursive its subfolders left out.\n"
+    "Files are prepared first: what IMPORTSVG would not read is rewritten, so that drawings look like their\n"
+    "files.\n"
     "\n"
     "Examples:\n"
     "  svg2dwg plan.svg -o drawings             drawings/plan.dwg\n"
@@ -25,8 +26,10 @@ const auto description = QStringLiteral(
     "  svg2dwg plan.svg -o drawings --unit mm   a sheet of 210 mm is 210 units wide\n"
     "  svg2dwg plans -o plain --format svg      plain SVG files for IMPORTSVG\n"
     "  svg2dwg plan.svg --dry-run --journal -   what the host is asked to draw, and no file\n"
+    "  svg2dwg plans -o drawings -r --update    what is new in plans and below\n"
     "\n"
-    "Exit codes: 0 all files converted, 1 some not, 2 the command line makes no sense.");
+    "Exit codes: 0 all files converted, 1 some not, 2 the command line makes no sense, 130 stopped by "
+    "Ctrl+C.");
 
 template <class Value>
 struct Choice {
@@ -55,6 +58,19 @@ constexpr Choice<svgprep::TextOutput> textOutputs[] = {
 struct CommandLine {
     const QCommandLineOption output{
         {"o", "output"}, "Puts the drawings into FOLDER, which is made when missing.", "FOLDER"};
+    const QCommandLineOption filesFrom{
+        "files-from",
+        "Converts the files and folders that LIST names, one on each line (- reads the standard input).",
+        "LIST"};
+    const QCommandLineOption null{{"0", "null"},
+                                  "The names in LIST end with a NUL character, not with the line."};
+    const QCommandLineOption recursive{
+        {"r", "recursive"},
+        "Converts the files in subfolders too, into the same subfolders of the output folder."};
+    const QCommandLineOption update{
+        {"u", "update"}, "Converts only what is new or newer than its drawing; the rest counts as done."};
+    const QCommandLineOption jobs{
+        {"j", "jobs"}, "Converts N files at a time; as many as there are processor cores by default.", "N"};
     const QCommandLineOption format{"format",
                                     "Writes dwg (the default), dxf, or svg: plain SVG files that IMPORTSVG "
                                     "draws completely, and no drawings.",
@@ -85,8 +101,8 @@ struct CommandLine {
     CommandLine()
     {
         parser.setApplicationDescription(description);
-        parser.addOptions({output, format, unit, text, flatten, noPrepare, explode, preview, journal, dryRun,
-                           force, quiet, version, help});
+        parser.addOptions({output, filesFrom, null, recursive, update, jobs, format, unit, text, flatten,
+                           noPrepare, explode, preview, journal, dryRun, force, quiet, version, help});
         parser.addPositionalArgument("FILE|FOLDER...", "SVG files, or folders with SVG files.", synopsis);
     }
     bool isSet(const QCommandLineOption &option) const { return parser.isSet(option); }
@@ -139,6 +155,18 @@ QString readTolerance(const CommandLine &line, double &tolerance)
     return wrongValue(line, line.flatten, QStringLiteral("a number above 0"));
 }
 
+/// The same for the number after --jobs.
+QString readJobs(const CommandLine &line, int &jobs)
+{
+    if (!line.isSet(line.jobs))
+        return {};
+    constexpr int most = 256;
+    jobs = line.value(line.jobs).toInt();
+    if (jobs >= 1 && jobs <= most)
+        return {};
+    return wrongValue(line, line.jobs, QStringLiteral("a whole number from 1 to %1").arg(most));
+}
+
 /// The options that exclude each other, as a sentence; empty when none do.
 QString conflictIn(const CommandLine &line, const Options &options)
 {
@@ -150,6 +178,8 @@ QString conflictIn(const CommandLine &line, const Options &options)
         }
         return {};
     };
+    if (options.update && (options.force || options.dryRun))
+        return conflict(dashed(line.update), {&line.force, &line.dryRun});
     if (options.format == OutputFormat::PlainSvg) {
         return conflict(QStringLiteral("--format svg"),
                         {&line.noPrepare, &line.explode, &line.preview, &line.journal});
@@ -162,16 +192,20 @@ QString conflictIn(const CommandLine &line, const Options &options)
 /// What is wrong with a folder or file name after an option; empty when nothing is.
 QString wrongNameIn(const CommandLine &line)
 {
-    for (const QCommandLineOption *option : {&line.output, &line.journal}) {
-        if (const QString name = line.value(*option); !name.isEmpty() && !problemOfName(name).isEmpty())
-            return QStringLiteral("%1 %2: %3").arg(dashed(*option), name, problemOfName(name));
+    for (const QCommandLineOption *option : {&line.output, &line.filesFrom, &line.journal}) {
+        for (const QString &name : line.parser.values(*option)) {
+            if (!name.isEmpty() && !problemOfName(name).isEmpty())
+                return QStringLiteral("%1 %2: %3").arg(dashed(*option), name, problemOfName(name));
+        }
     }
     return {};
 }
 
 QString missingIn(const Options &options)
 {
-    if (options.inputs.isEmpty())
+    if (options.lists.isEmpty() && options.nullSeparated)
+        return QStringLiteral("--null is about the names of a list: --files-from LIST is missing");
+    if (options.inputs.isEmpty() && options.lists.isEmpty())
         return QStringLiteral("no SVG file is named");
     if (options.outputFolder.isEmpty() && !options.dryRun)
         return QStringLiteral("-o FOLDER is missing: where should the drawings go?");
@@ -201,6 +235,9 @@ std::variant<Options, ConsoleMessage> optionsFrom(const QStringList &arguments)
 
     Options options;
     options.inputs = line.parser.positionalArguments();
+    options.lists = line.parser.values(line.filesFrom);
+    options.nullSeparated = line.isSet(line.null);
+    options.recursive = line.isSet(line.recursive);
     options.outputFolder = line.value(line.output);
     options.journalFile = line.value(line.journal);
     options.prepare = !line.isSet(line.noPrepare);
@@ -208,6 +245,7 @@ std::variant<Options, ConsoleMessage> optionsFrom(const QStringList &arguments)
     options.preview = line.isSet(line.preview);
     options.dryRun = line.isSet(line.dryRun);
     options.force = line.isSet(line.force);
+    options.update = line.isSet(line.update);
     options.quiet = line.isSet(line.quiet);
 
     svgprep::PreparationOptions &preparation = options.preparation;
@@ -216,6 +254,7 @@ std::variant<Options, ConsoleMessage> optionsFrom(const QStringList &arguments)
         readChoice(line, line.unit, units, preparation.unit),
         readChoice(line, line.text, textOutputs, preparation.text),
         readTolerance(line, preparation.flattenTolerance),
+        readJobs(line, options.jobs),
         conflictIn(line, options),
         wrongNameIn(line),
         missingIn(options),

@@ -16,7 +16,10 @@ enum class OutputFormat { Dwg, Dxf, PlainSvg };
 QString nameOf(OutputFormat format);
 
 struct Options {
-    QStringList inputs; ///< files and folders, as the user named them
+    QStringList inputs;         ///< files and folders, as the user named them
+    QStringList lists;          ///< files that name further inputs; "-" is the standard input
+    bool nullSeparated = false; ///< each name of a list ends with a NUL character, not with its line
+    bool recursive = false;
     QString outputFolder;
     QString journalFile; ///< empty for none
     OutputFormat format = OutputFormat::Dwg;
@@ -26,6 +29,8 @@ struct Options {
     bool preview = false;
     bool dryRun = false;
     bool force = false;
+    bool update = false; ///< leaves out what is not newer than its output
+    int jobs = 0;        ///< the files to convert at a time; 0 for as many as suit this machine
     bool quiet = false;
 };
 
