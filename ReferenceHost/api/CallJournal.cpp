@@ -65,9 +65,10 @@ void appendNumber(QByteArray &json, double number)
 
 } // namespace
 
-void CallJournal::begin(Sink sink)
+void CallJournal::begin(Sink sink, const QByteArray &numberMark)
 {
     m_sink = std::move(sink);
+    m_numberMark = numberMark;
     ++m_journal;
     m_counts.clear();
 }
@@ -168,7 +169,7 @@ QByteArray CallJournal::objectName(const HandleBase &handle) const
     if (!number)
         return QByteArray("\"") + handle.typeName() + '"';
     count(handle.typeName(), *number);
-    return QByteArray("\"") + number->type + '#' + QByteArray::number(number->number) + '"';
+    return QByteArray("\"") + number->type + '#' + m_numberMark + QByteArray::number(number->number) + '"';
 }
 
 void CallJournal::count(const char *type, ObjectNumber &number) const

@@ -24,9 +24,13 @@ public:
     }
 
     /// Starts a journal: `sink` receives each line, without a line break. Objects are counted from 1 again.
-    void begin(Sink sink);
+    /// `numberMark` stands before the number of each object, for a reader that gives them other numbers.
+    void begin(Sink sink, const QByteArray &numberMark = {});
     void end();
     bool isOn() const { return static_cast<bool>(m_sink); }
+
+    /// How many objects of each type were counted since begin().
+    const QHash<QByteArray, int> &counts() const { return m_counts; }
 
     /// Counts an object of the API type `type` that has just been created.
     void objectCreated(const char *type, ObjectNumber &number);
@@ -66,6 +70,7 @@ private:
 
     const HandleRegister &m_handles;
     Sink m_sink;
+    QByteArray m_numberMark;
     int m_journal = 0;
     mutable QHash<QByteArray, int> m_counts; // by type
 };
