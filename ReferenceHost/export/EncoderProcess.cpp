@@ -10,8 +10,10 @@
 #include <QProcess>
 
 #include <algorithm>
+#include <chrono>
 #include <limits>
 #include <numeric>
+#include <thread>
 
 namespace refhost {
 
@@ -29,6 +31,12 @@ QString encoderScript()
     const QDir programs(QCoreApplication::applicationDirPath());
     return QDir::cleanPath(programs.filePath(QStringLiteral(KORVANE_ENCODER_PLACE "/encoder.mjs")));
 }
+
+/// How long another thread may have to wait for its turn.
+constexpr qint64 longestWaitMilliseconds = 50;
+
+/// More than a killed process needs to be gone.
+constexpr std::chrono::milliseconds momentToDie{100};
 
 /// Half a minute for a slow start, and thirty times the usual time of encoding.
 QDeadlineTimer deadlineFor(qint64 requestSize)
@@ -63,11 +71,13 @@ EncoderProcess::EncoderProcess() = default;
 
 EncoderProcess::~EncoderProcess()
 {
+    const std::lock_guard<std::mutex> lock(m_mutex);
     stop();
 }
 
 void EncoderProcess::prepare()
 {
+    const std::lock_guard<std::mutex> lock(m_mutex);
     if (!isRunning())
         start(nullptr);
 }
@@ -92,6 +102,7 @@ EncoderProcess::Ticket EncoderProcess::submitFile(const QByteArray &bytes)
 template <typename Request>
 EncoderProcess::Ticket EncoderProcess::submitRequest(const Request &makeRequest, const QString &failure)
 {
+    const std::lock_guard<std::mutex> lock(m_mutex);
     const Ticket ticket = ++m_lastTicket;
     readAnswers(); // notices a process that has died since
     QString error;
@@ -121,12 +132,17 @@ EncodedDrawing EncoderProcess::take(Ticket ticket)
     // Without an event loop nothing has moved since submit(), so the time until now does not count.
     const QDeadlineTimer deadline = deadlineFor(outstanding());
 
-    readAnswers();
-    while (!m_results.contains(ticket) && !m_jobs.empty()) {
-        const bool ready = m_process->waitForReadyRead(static_cast<int>(deadline.remainingTime()));
-        if (!ready && deadline.hasExpired())
-            giveUp();
+    const auto isUnderWay = [this, ticket] {
+        const std::lock_guard<std::mutex> lock(m_mutex);
         readAnswers();
+        return !m_results.contains(ticket) && !m_jobs.empty();
+    };
+    while (isUnderWay()) {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        const qint64 wait = std::min(deadline.remainingTime(), longestWaitMilliseconds);
+        const bool ready = m_process->waitForReadyRead(static_cast<int>(wait));
+        if (!ready && (deadline.hasExpired() || m_isAbandoned))
+            giveUp();
     }
     if (!m_results.contains(ticket))
         return {{}, QStringLiteral("there is no such drawing")};
@@ -135,6 +151,7 @@ EncodedDrawing EncoderProcess::take(Ticket ticket)
 
 bool EncoderProcess::isFinished(Ticket ticket)
 {
+    const std::lock_guard<std::mutex> lock(m_mutex);
     readAnswers();
     const auto job = std::find_if(m_jobs.begin(), m_jobs.end(),
                                   [ticket](const Job &candidate) { return candidate.ticket == ticket; });
@@ -148,10 +165,22 @@ bool EncoderProcess::isFinished(Ticket ticket)
 
 void EncoderProcess::cancel()
 {
+    const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_jobs.empty())
         return;
     stop();
     failAll(QStringLiteral("cancelled"));
+}
+
+void EncoderProcess::abandon()
+{
+    m_isAbandoned = true; // a thread that waits for an answer ends the process itself
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_process)
+        return;
+    m_process->kill();
+    std::this_thread::sleep_for(
+        momentToDie); // Qt: only the thread that started a process can wait for its end
 }
 
 qint64 EncoderProcess::processId() const
@@ -163,7 +192,9 @@ bool EncoderProcess::start(QString *error)
 {
     const QString script = encoderScript();
     QString reason = QStringLiteral("%1 is missing").arg(script);
-    if (QFileInfo::exists(script)) {
+    if (m_isAbandoned) {
+        reason = QStringLiteral("the program is ending");
+    } else if (QFileInfo::exists(script)) {
         m_incoming = -1;
         m_messages.clear();
         m_process = std::make_unique<QProcess>();

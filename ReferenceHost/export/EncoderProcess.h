@@ -8,8 +8,10 @@
 #include <QHash>
 #include <QString>
 
+#include <atomic>
 #include <deque>
 #include <memory>
+#include <mutex>
 
 class QProcess;
 
@@ -22,7 +24,7 @@ struct EncodedDrawing {
 };
 
 /// Owns one child process, which is started when it is first needed and serves all drawings. Needs a
-/// QCoreApplication but no running event loop; all calls come from one thread.
+/// QCoreApplication but no running event loop; all calls but abandon() come from one thread.
 ///
 /// The environment variable KORVANE_NODE names the node program (otherwise the one in PATH), KORVANE_ENCODER
 /// the script (otherwise the one of the same installation or build).
@@ -55,6 +57,10 @@ public:
     /// Ends the process if it is at work. Every drawing under way fails with "cancelled".
     void cancel();
 
+    /// Ends the process for good, also when it is at work; every drawing fails from now on. Another thread
+    /// may call this before the program ends.
+    void abandon();
+
     /// The child process, or 0 while none runs.
     qint64 processId() const;
 
@@ -79,6 +85,8 @@ private:
     QString unexpectedStop() const;
     void stop();
 
+    std::mutex m_mutex; // held while the process is dealt with, but for a moment now and then in a long wait
+    std::atomic<bool> m_isAbandoned{false};
     std::unique_ptr<QProcess> m_process;
     std::deque<Job> m_jobs; // the first one is being encoded
     QHash<Ticket, EncodedDrawing> m_results;
