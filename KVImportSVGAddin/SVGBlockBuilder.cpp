@@ -95,6 +95,11 @@ kvBlockDefinition_c *SVGBlockBuilder::createBlockDefinition()
     return m_blockDefinition.get();
 }
 
+void SVGBlockBuilder::setNextBlockNumber(std::int32_t number)
+{
+    nextBlockNumber = number;
+}
+
 void SVGBlockBuilder::drawSVGEntities()
 {
     m_document = std::make_unique<SVGDocument>(m_dom);

@@ -41,6 +41,9 @@ public:
     /// builder; null when the host refuses it.
     kvBlockDefinition_c *createBlockDefinition();
 
+    /// Names the next block of this process with `number`, and the following ones with the numbers after it.
+    static void setNextBlockNumber(std::int32_t number);
+
     /// Draws all records kind by kind: lines, circles, ellipses, rectangles, polylines, polygons, texts, then
     /// the straight runs and the curves of paths.
     void drawSVGEntities();
