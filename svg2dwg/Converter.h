@@ -1,62 +1,63 @@
-// Converts the files of one command line. A drawing is encoded while the next file is being read.
+// Converts files one after the other. A drawing is encoded while the next file is being read.
 
 #pragma once
 
-#include "JournalFile.h"
+#include "Job.h"
 #include "Options.h"
-#include "OutputPaths.h"
-#include "Report.h"
 #include "SVGImport.h"
 
 #include "api/HostSession.h"
 #include "export/EncoderProcess.h"
 
-#include <exception>
+#include <functional>
 #include <memory>
 #include <optional>
 
 class Converter {
 public:
-    Converter(refhost::HostSession &session, JournalFile &journal, const Options &options,
-              OutputPaths &outputs, Report &report);
+    /// Called for each job, in their order: `begun` before its file is read, `ended` with the result.
+    struct Events {
+        std::function<void(const Job &)> begun;
+        std::function<void(const Job &, const FileResult &)> ended;
+    };
 
-    /// Converts `files` in order. A file that fails is reported, and the others go on.
-    void convert(const QStringList &files);
+    /// What the reading left out is counted if `countGaps` is set.
+    Converter(refhost::HostSession &session, const Options &options, bool countGaps, Events events);
+
+    /// Starts what the first file will need.
+    void prepare();
+    /// Converts the file of `job`, and ends the one before it. A file that fails is reported as a result.
+    void convert(const Job &job);
+    /// Ends the last job, whose drawing may wait for the encoder.
+    void finish();
+    /// The output that is still to be written; empty when none is.
+    QString pendingOutput() const { return m_pending ? m_pending->job.output : QString(); }
+
+    /// Ends the encoder's process. Called by another thread before the program ends.
+    void abandon();
 
 private:
     /// A drawing that waits for the encoder.
     struct Pending {
-        ConvertedFile file;
+        Job job;
+        FileResult result;
         refhost::HostDocumentPtr document;
         refhost::EncoderProcess::Ticket ticket;
     };
 
-    /// Takes one step for `file`. Reports that the file was `undone` when the step throws.
+    /// Takes one step for `file`, whose result is a message that the file was `undone` when the step throws.
     template <class Step>
-    void attempt(const QString &file, const char *undone, const Step &step);
-    void convertFile(const QString &input);
+    std::optional<FileResult> attempt(const QString &file, const char *undone, const Step &step);
+    /// The result of `job`; nothing while its drawing waits for the encoder.
+    std::optional<FileResult> resultOfFile(const Job &job);
     SVGText textOf(const QString &input) const;
-    /// Claims the outputs of `input` for it. Reports why when one may not be written, and returns false.
-    bool claimOutputs(const QString &input, const QString &output);
-    /// Why an output of `input` may not be written even by force; empty when all may.
-    QString conflictOf(const QString &input, const QStringList &outputs);
-    /// The report, once the drawing that waits has its row in it.
-    Report &reportInOrder();
-    void finishPending();
-    void saveDrawing(const Pending &pending);
-    bool savePicture(const Pending &pending);
-    void savePlainSvg(const ConvertedFile &file, const QByteArray &plainText);
-    bool isSaved(const QString &file, const QString &error);
+    FileResult resultOfSaving(const Pending &pending);
 
     refhost::HostSession &m_session;
-    JournalFile &m_journal;
     const Options &m_options;
-    OutputPaths &m_outputs;
-    Report &m_report;
+    bool m_countGaps;
+    Events m_events;
     refhost::EncoderProcess m_encoder;
     std::optional<Pending> m_pending;
     std::unique_ptr<char[]> m_reserve; // released when memory runs out, so that the message about it has some
 };
-
-/// The reason that an exception gives, in words for the user.
-const char *reasonOf(const std::exception &error);

@@ -14,23 +14,6 @@ namespace {
 constexpr bool namesAreBytes = std::is_same_v<std::filesystem::path::value_type, char>;
 constexpr ushort firstByte = 0xdc00; // of U+DC80 to U+DCFF, which stand for bytes
 
-QString fromBytes(const QByteArray &bytes)
-{
-    const QTextCodec *codec = QTextCodec::codecForLocale();
-    QString name;
-    for (int i = 0; i < bytes.size();) {
-        const auto lead = static_cast<uchar>(bytes.at(i));
-        const int length = lead < 0xc0 ? 1 : lead < 0xe0 ? 2 : lead < 0xf0 ? 3 : 4;
-        QTextCodec::ConverterState state(QTextCodec::IgnoreHeader); // a byte order mark belongs to the name
-        const QString character =
-            codec->toUnicode(bytes.constData() + i, qMin(length, bytes.size() - i), &state);
-        const bool isCharacter = state.invalidChars == 0 && state.remainingChars == 0;
-        name += isCharacter ? character : QString(QChar(firstByte + lead));
-        i += isCharacter ? length : 1;
-    }
-    return name;
-}
-
 /// Whether the character at `i` stands for a byte that is not UTF-8.
 bool isByte(const QString &text, int i)
 {
@@ -59,10 +42,27 @@ QString escaped(ushort value)
 
 } // namespace
 
+QString nameFrom(const QByteArray &bytes)
+{
+    const QTextCodec *codec = QTextCodec::codecForName("UTF-8");
+    QString name;
+    for (int i = 0; i < bytes.size();) {
+        const auto lead = static_cast<uchar>(bytes.at(i));
+        const int length = lead < 0xc0 ? 1 : lead < 0xe0 ? 2 : lead < 0xf0 ? 3 : 4;
+        QTextCodec::ConverterState state(QTextCodec::IgnoreHeader); // a byte order mark belongs to the name
+        const QString character =
+            codec->toUnicode(bytes.constData() + i, qMin(length, bytes.size() - i), &state);
+        const bool isCharacter = state.invalidChars == 0 && state.remainingChars == 0;
+        name += isCharacter ? character : QString(QChar(firstByte + lead));
+        i += isCharacter ? length : 1;
+    }
+    return name;
+}
+
 QString nameFrom(const std::filesystem::path &path)
 {
     if constexpr (namesAreBytes)
-        return fromBytes(QByteArray::fromStdString(path.string()));
+        return nameFrom(QByteArray::fromStdString(path.string()));
     return QString::fromStdWString(path.wstring());
 }
 
@@ -72,7 +72,7 @@ QStringList argumentsFrom(int argc, const char *const *argv)
         return QCoreApplication::arguments(); // `argv` is limited to the system's old encoding
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
-        arguments << fromBytes(argv[i]);
+        arguments << nameFrom(QByteArray(argv[i]));
     return arguments;
 }
 

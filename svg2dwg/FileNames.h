@@ -7,8 +7,11 @@
 
 #include <filesystem>
 
-/// The name of `path`. Where names are bytes, each byte that is not UTF-8 becomes one of U+DC80 to U+DCFF.
-/// No text holds these, so the name finds no file, but it can be shown.
+/// The name written as `bytes`, in UTF-8. Each byte that is not UTF-8 becomes one of U+DC80 to U+DCFF. No
+/// text holds these, so the name finds no file, but it can be shown.
+QString nameFrom(const QByteArray &bytes);
+
+/// The name of `path`, decoded in the same way where names are bytes.
 QString nameFrom(const std::filesystem::path &path);
 
 /// The command line given to `main`, its file names decoded as by nameFrom(). Needs a QCoreApplication.

@@ -2,14 +2,25 @@
 
 #pragma once
 
+#include "Options.h"
+
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
-struct InputFiles {
-    QStringList files;  ///< in the order of the command line, a folder's files by name
-    QStringList errors; ///< folders that hold no SVG file or cannot be read
+/// A file to convert.
+struct InputFile {
+    QString path;
+    QString outputFolder; ///< where its output goes, below the output folder; empty for that folder itself
 };
 
-/// Replaces each folder by its own files that match `nameFilters` in upper or lower case. Links that lead
-/// nowhere are among them. Anything else counts as a file, whether it exists or not.
-InputFiles inputFilesFrom(const QStringList &inputs, const QStringList &nameFilters);
+struct InputFiles {
+    QVector<InputFile> files; ///< in the order of the command line and its lists, a folder's files by name
+    QStringList errors;       ///< lists and folders that cannot be read, folders that hold no SVG file
+};
+
+/// Replaces each folder that `options` or its lists name by its own files that match `nameFilters` in upper
+/// or lower case, and by those of its subfolders when asked for. Links that lead nowhere are among them.
+/// Links to folders are not followed, and the output folder within an input folder is left out. Anything else
+/// counts as a file, whether it exists or not.
+InputFiles inputFilesFrom(const Options &options, const QStringList &nameFilters);

@@ -4,6 +4,7 @@
 #include "JournalFile.h"
 
 #include "FileNames.h"
+#include "Interruption.h"
 
 #include <QFileInfo>
 #include <QSaveFile>
@@ -21,7 +22,7 @@ JournalFile::JournalFile(const QString &fileName)
 {
 }
 
-QString JournalFile::open(refhost::CallJournal &journal)
+QString JournalFile::open()
 {
     if (m_fileName.isEmpty())
         return {};
@@ -35,47 +36,61 @@ QString JournalFile::open(refhost::CallJournal &journal)
         if (!m_file->open(QIODevice::WriteOnly | QIODevice::Unbuffered))
             return error(m_file->errorString());
     }
-    m_journal = &journal;
-    journal.begin([this](const QByteArray &line) { writeLine(line); });
+    m_isOpen = true;
     return {};
+}
+
+void JournalFile::record(refhost::CallJournal &journal)
+{
+    if (m_isOpen)
+        journal.begin([this](const QByteArray &line) { append(line + '\n'); });
 }
 
 void JournalFile::announce(const QString &input)
 {
     // JSON leaves control characters beyond U+001F as they are; what shown() writes for them is JSON as well.
-    if (m_journal)
-        writeLine(R"({"input":)" + shown(QString::fromUtf8(refhost::jsonText(input))).toUtf8() + '}');
+    if (m_isOpen)
+        append(R"({"input":)" + shown(QString::fromUtf8(refhost::jsonText(input))).toUtf8() + "}\n");
 }
 
 QString JournalFile::close()
 {
-    if (!m_journal)
+    if (!m_isOpen)
         return {};
-    m_journal->end();
+    m_isOpen = false;
     if (!m_file)
         return {};
     writeBuffer();
     if (!m_writeError.isEmpty())
         return error(m_writeError);
+    const Interruption::Shield wholeFile;
     auto *file = qobject_cast<QSaveFile *>(m_file.get());
     return !file || file->commit() ? QString() : error(m_file->errorString());
 }
 
-void JournalFile::writeLine(const QByteArray &line)
+void JournalFile::abandon()
+{
+    auto *file = qobject_cast<QSaveFile *>(m_file.get());
+    if (!file)
+        return;
+    file->cancelWriting();
+    file->commit(); // removes what is written
+}
+
+void JournalFile::append(const QByteArray &lines)
 {
     if (m_file) {
-        m_buffer += line;
-        m_buffer += '\n';
+        m_buffer += lines;
         if (m_buffer.size() > bufferSize)
             writeBuffer();
     } else {
-        std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stdout);
-        std::fputc('\n', stdout);
+        std::fwrite(lines.constData(), 1, static_cast<std::size_t>(lines.size()), stdout);
     }
 }
 
 void JournalFile::writeBuffer()
 {
+    const Interruption::Shield untilWritten;
     // A disk that fills up takes a part of the bytes and reports no error.
     const qint64 written = m_writeError.isEmpty() ? m_file->write(m_buffer) : m_buffer.size();
     if (written != m_buffer.size())

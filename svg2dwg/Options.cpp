@@ -234,6 +234,7 @@ std::variant<Options, ConsoleMessage> optionsFrom(const QStringList &arguments)
         return ConsoleMessage{QStringLiteral("svg2dwg " SVG2DWG_VERSION)};
 
     Options options;
+    options.arguments = arguments;
     options.inputs = line.parser.positionalArguments();
     options.lists = line.parser.values(line.filesFrom);
     options.nullSeparated = line.isSet(line.null);

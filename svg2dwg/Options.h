@@ -16,6 +16,7 @@ enum class OutputFormat { Dwg, Dxf, PlainSvg };
 QString nameOf(OutputFormat format);
 
 struct Options {
+    QStringList arguments;      ///< the command line itself
     QStringList inputs;         ///< files and folders, as the user named them
     QStringList lists;          ///< files that name further inputs; "-" is the standard input
     bool nullSeparated = false; ///< each name of a list ends with a NUL character, not with its line

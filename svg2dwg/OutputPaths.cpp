@@ -7,17 +7,18 @@
 #include <QDir>
 #include <QFileInfo>
 
-OutputPaths::OutputPaths(const QString &folder, const QString &suffix, const QStringList &inputs)
+OutputPaths::OutputPaths(const QString &folder, const QString &suffix, const QVector<InputFile> &inputs)
     : m_folder(folder)
     , m_suffix(suffix)
 {
-    for (const QString &input : inputs)
-        m_inputs.add(input, input);
+    for (const InputFile &input : inputs)
+        m_inputs.add(input.path, input.path);
 }
 
-QString OutputPaths::outputFor(const QString &input) const
+QString OutputPaths::outputFor(const InputFile &input) const
 {
-    return QDir(m_folder).filePath(svgprep::outputName(input, m_suffix));
+    const QString name = svgprep::outputName(input.path, m_suffix);
+    return QDir(m_folder).filePath(input.outputFolder.isEmpty() ? name : input.outputFolder + '/' + name);
 }
 
 QString OutputPaths::pictureBeside(const QString &drawing)
@@ -26,10 +27,10 @@ QString OutputPaths::pictureBeside(const QString &drawing)
     return file.dir().filePath(svgprep::outputName(drawing, QStringLiteral("png")));
 }
 
-QString OutputPaths::outputAt(const QString &path, const QStringList &inputs, bool pictures) const
+QString OutputPaths::outputAt(const QString &path, const QVector<InputFile> &inputs, bool pictures) const
 {
     svgprep::FileNotes outputs;
-    for (const QString &input : inputs) {
+    for (const InputFile &input : inputs) {
         const QString output = outputFor(input);
         outputs.add(output, output);
         if (pictures)

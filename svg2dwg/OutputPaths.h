@@ -2,18 +2,20 @@
 
 #pragma once
 
+#include "InputFiles.h"
+
 #include "SVGPreparation/FileNotes.h"
 
 #include <QString>
-#include <QStringList>
+#include <QVector>
 
 class OutputPaths {
 public:
     /// `suffix` is the outputs', such as "dwg"; `inputs` are all files of the run.
-    OutputPaths(const QString &folder, const QString &suffix, const QStringList &inputs);
+    OutputPaths(const QString &folder, const QString &suffix, const QVector<InputFile> &inputs);
 
     /// The output of `input`: its file name, the last suffix replaced.
-    QString outputFor(const QString &input) const;
+    QString outputFor(const InputFile &input) const;
     /// The picture beside a drawing.
     static QString pictureBeside(const QString &drawing);
 
@@ -22,7 +24,7 @@ public:
 
     /// The output of one of `inputs`, or with `pictures` the picture beside one, that is the same file as
     /// `path`; empty when none is.
-    QString outputAt(const QString &path, const QStringList &inputs, bool pictures) const;
+    QString outputAt(const QString &path, const QVector<InputFile> &inputs, bool pictures) const;
 
     /// Remembers `output` as written for `input`. Returns the earlier input of this run with the same output;
     /// empty when there is none. Names that mean the same file on this file system count as one once the file

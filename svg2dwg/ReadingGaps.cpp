@@ -185,6 +185,20 @@ QString ReadingGaps::text() const
     return counts.join(QStringLiteral(", "));
 }
 
+QDataStream &operator<<(QDataStream &stream, const ReadingGaps &gaps)
+{
+    for (const int count : gaps.m_counts)
+        stream << count;
+    return stream;
+}
+
+QDataStream &operator>>(QDataStream &stream, ReadingGaps &gaps)
+{
+    for (int &count : gaps.m_counts)
+        stream >> count;
+    return stream;
+}
+
 ReadingGaps readingGapsOf(const QDomDocument &document)
 {
     static const QSet<QString> notDrawn = {"clipPath", "mask", "pattern"}; // not drawn when prepared either

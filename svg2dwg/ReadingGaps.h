@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <QDataStream>
 #include <QDomDocument>
 #include <QString>
 
@@ -37,6 +38,9 @@ public:
 
     /// The counts in words: "12 arcs, 3 transforms other than a matrix, 5 uses"; empty when there are none.
     QString text() const;
+
+    friend QDataStream &operator<<(QDataStream &stream, const ReadingGaps &gaps);
+    friend QDataStream &operator>>(QDataStream &stream, ReadingGaps &gaps);
 
 private:
     std::array<int, static_cast<std::size_t>(ReadingGap::Marker) + 1> m_counts = {};

@@ -13,6 +13,19 @@ namespace {
 constexpr int countWidth = 10;
 constexpr int widestFileColumn = 48;
 constexpr int barWidth = 30;
+constexpr const char *wiped = "\r\033[K"; // in the place of the bar
+
+struct KindName {
+    FileResult::Kind kind;
+    const char *text;
+};
+
+/// What a summary counts besides converted files, where there is any.
+constexpr KindName furtherKinds[] = {
+    {FileResult::Kind::UpToDate, "up to date"},
+    {FileResult::Kind::Kept, "kept"},
+    {FileResult::Kind::Failed, "failed"},
+};
 
 /// Whether standard error is a terminal. There is no portable way to ask: this finds one where terminals are
 /// files. Elsewhere no bar is shown.
@@ -29,7 +42,7 @@ QString counted(int count, const char *what)
 
 } // namespace
 
-Report::Report(const QStringList &files, Verbosity verbosity)
+Report::Report(const QVector<InputFile> &files, Verbosity verbosity)
     : m_out(stdout)
     , m_err(stderr)
     , m_verbosity(verbosity)
@@ -37,8 +50,8 @@ Report::Report(const QStringList &files, Verbosity verbosity)
     , m_fileWidth(0)
     , m_expected(files.size())
 {
-    for (const QString &file : files)
-        m_fileWidth = std::max(m_fileWidth, shown(file).size());
+    for (const InputFile &file : files)
+        m_fileWidth = std::max(m_fileWidth, shown(file.path).size());
     m_fileWidth = std::min(m_fileWidth, widestFileColumn);
     if (m_verbosity == Verbosity::Normal && !files.isEmpty())
         printHeader();
@@ -50,34 +63,28 @@ Report::~Report()
     hideBar();
 }
 
-void Report::converted(const ConvertedFile &file)
+void Report::add(const FileResult &result)
 {
-    ++m_converted;
-    m_total.add(file.counts);
-    m_gaps.add(file.gaps);
-    printRow(file.input, file.counts, file.output);
-    if (!file.notes.isEmpty() && m_verbosity != Verbosity::ErrorsOnly)
-        printProblem(QStringLiteral("%1: %2").arg(file.input, file.notes));
-    advance();
-}
-
-void Report::kept(const QString &output)
-{
-    ++m_kept;
-    printProblem(QStringLiteral("%1: exists already and was kept. Use --force to overwrite it.").arg(output));
-    advance();
-}
-
-void Report::failed(const QString &message)
-{
-    ++m_failed;
-    printProblem(message);
-    advance();
+    ++m_counts[static_cast<std::size_t>(result.kind)];
+    ++m_done;
+    if (result.kind == FileResult::Kind::Converted) {
+        m_total.add(result.counts);
+        m_gaps.add(result.gaps);
+        printRow(result.input, result.counts, result.output);
+        if (!result.notes.isEmpty() && m_verbosity != Verbosity::ErrorsOnly)
+            printProblem(QStringLiteral("%1: %2").arg(result.input, result.notes));
+    }
+    if (!result.message.isEmpty())
+        printProblem(result.message);
+    if (result.kind == FileResult::Kind::Converted || result.kind == FileResult::Kind::Failed)
+        m_pace.count();
+    if (m_done < m_expected)
+        showBar();
 }
 
 void Report::error(const QString &message)
 {
-    ++m_failed;
+    ++m_counts[static_cast<std::size_t>(FileResult::Kind::Failed)];
     printProblem(message);
 }
 
@@ -86,19 +93,26 @@ void Report::printSummary()
     hideBar();
     if (m_verbosity != Verbosity::Normal)
         return;
-    if (m_converted > 1)
+    if (count(FileResult::Kind::Converted) > 1)
         printRow(QStringLiteral("all"), m_total, {});
 
-    QStringList parts = {counted(m_converted, "converted")};
-    if (m_kept > 0)
-        parts << counted(m_kept, "kept");
-    if (m_failed > 0)
-        parts << counted(m_failed, "failed");
+    QStringList parts = {counted(count(FileResult::Kind::Converted), "converted")};
+    for (const KindName &name : furtherKinds) {
+        if (count(name.kind) > 0)
+            parts << counted(count(name.kind), name.text);
+    }
     m_out << "svg2dwg: " << counted(m_expected, m_expected == 1 ? "file" : "files") << ": "
           << parts.join(QStringLiteral(", ")) << '\n';
     if (const QString gaps = m_gaps.text(); !gaps.isEmpty())
         m_out << "svg2dwg: left out by the reading: " << gaps << "; without --no-prepare they are drawn\n";
     m_out.flush();
+}
+
+void Report::printStopped(int further, const QString &advice)
+{
+    // The main thread may be about to write, so this goes past its streams.
+    std::fprintf(stderr, "%ssvg2dwg: stopped: %d of %d files done%s\n", m_hasBar ? wiped : "",
+                 m_done + further, m_expected, qPrintable(advice));
 }
 
 void Report::printHeader()
@@ -131,20 +145,14 @@ void Report::printProblem(const QString &message)
     m_err.flush();
 }
 
-void Report::advance()
-{
-    if (m_converted + m_kept + m_failed < m_expected)
-        showBar();
-}
-
 void Report::showBar()
 {
     if (!m_hasBar)
         return;
-    const int done = m_converted + m_kept + m_failed;
+    const int done = m_done;
     const int filled = m_expected > 0 ? std::min(done, m_expected) * barWidth / m_expected : 0;
     m_err << "\r[" << QString(filled, QLatin1Char('#')) << QString(barWidth - filled, QLatin1Char(' '))
-          << "] " << done << '/' << m_expected;
+          << "] " << done << '/' << m_expected << m_pace.text(m_expected - done);
     m_err.flush();
     m_barShown = true;
 }
@@ -153,7 +161,7 @@ void Report::hideBar()
 {
     if (!m_barShown)
         return;
-    m_err << "\r\033[K";
+    m_err << wiped;
     m_err.flush();
     m_barShown = false;
 }

@@ -2,52 +2,51 @@
 
 #pragma once
 
-#include "ReadingGaps.h"
-#include "drawing/EntityCounts.h"
+#include "InputFiles.h"
+#include "Job.h"
+#include "Pace.h"
 
 #include <QString>
-#include <QStringList>
 #include <QTextStream>
+#include <QVector>
 
-/// The result of one file.
-struct ConvertedFile {
-    QString input;
-    QString output; ///< empty in a dry run
-    refhost::EntityCounts counts;
-    QString notes;    ///< what the output lacks, one line; empty for nothing
-    ReadingGaps gaps; ///< what the reading left out
-};
+#include <array>
+#include <atomic>
 
 class Report {
 public:
     enum class Verbosity { ErrorsOnly, NoTable, Normal };
 
-    /// `files` are the names of the rows to come. The bar is shown on a terminal only.
-    Report(const QStringList &files, Verbosity verbosity);
+    /// `files` are those of the rows to come. The bar is shown on a terminal only.
+    Report(const QVector<InputFile> &files, Verbosity verbosity);
     ~Report();
     Report(const Report &) = delete;
     Report &operator=(const Report &) = delete;
 
-    /// Each reports the result of one file.
-    void converted(const ConvertedFile &file);
-    void kept(const QString &output);
-    void failed(const QString &message);
+    /// Reports the result of one file.
+    void add(const FileResult &result);
 
     /// Reports a problem that belongs to no file of the list.
     void error(const QString &message);
 
     void printSummary();
+    /// Says how far a run came that the user stopped, with `advice` on what to do; `further` files are done
+    /// beyond those reported. Another thread may call this.
+    void printStopped(int further, const QString &advice);
     /// Whether the summary names the gaps of converted files.
     bool showsGaps() const { return m_verbosity == Verbosity::Normal; }
 
     /// Whether every file was converted.
-    bool isAllConverted() const { return m_kept == 0 && m_failed == 0; }
+    bool isAllConverted() const
+    {
+        return count(FileResult::Kind::Kept) == 0 && count(FileResult::Kind::Failed) == 0;
+    }
 
 private:
+    int count(FileResult::Kind kind) const { return m_counts[static_cast<std::size_t>(kind)]; }
     void printRow(const QString &name, const refhost::EntityCounts &counts, const QString &output);
     void printHeader();
     void printProblem(const QString &message);
-    void advance();
     void showBar();
     void hideBar();
 
@@ -58,9 +57,9 @@ private:
     bool m_barShown = false;
     int m_fileWidth;
     int m_expected;
-    int m_converted = 0;
-    int m_kept = 0;
-    int m_failed = 0;
+    std::array<int, 4> m_counts = {}; // by kind of result
+    std::atomic<int> m_done{0};
+    Pace m_pace;
     refhost::EntityCounts m_total;
     ReadingGaps m_gaps;
 };

@@ -3,14 +3,19 @@
 #include "Converter.h"
 #include "FileNames.h"
 #include "InputFiles.h"
+#include "Interruption.h"
 #include "JournalFile.h"
+#include "Worker.h"
+#include "WorkerPool.h"
 
 #include "SVGPreparation/SVGFile.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QTextCodec>
+#include <QThread>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -20,7 +25,7 @@
 
 namespace {
 
-enum ExitCode { AllConverted = 0, SomeFailed = 1, UsageError = 2 };
+enum ExitCode { AllConverted = 0, SomeFailed = 1, UsageError = 2, Stopped = Interruption::exitCode };
 
 int print(const ConsoleMessage &message)
 {
@@ -42,7 +47,7 @@ Report::Verbosity verbosity(const Options &options)
 }
 
 /// The reason why the journal may not be written to its file; empty when it may.
-QString journalConflict(const Options &options, const QStringList &inputs, const OutputPaths &outputs)
+QString journalConflict(const Options &options, const QVector<InputFile> &inputs, const OutputPaths &outputs)
 {
     const auto refused = [&options](const QString &reason) {
         return QStringLiteral("%1: %2").arg(options.journalFile, reason);
@@ -58,7 +63,7 @@ QString journalConflict(const Options &options, const QStringList &inputs, const
 }
 
 /// Makes the output folder and opens the journal. Returns what went wrong; empty when nothing did.
-QString openOutputs(const Options &options, JournalFile &journal, refhost::HostSession &session)
+QString openOutputs(const Options &options, JournalFile &journal)
 {
     if (journal.isFile() && !options.force && QFileInfo(options.journalFile).isFile()) {
         return QStringLiteral("%1: exists already and was kept. Use --force to overwrite it.")
@@ -71,17 +76,106 @@ QString openOutputs(const Options &options, JournalFile &journal, refhost::HostS
         return QStringLiteral("%1: the folder cannot be made: %2")
             .arg(options.outputFolder, QString::fromLocal8Bit(error.message().c_str()));
     }
-    return journal.open(session.journal());
+    return journal.open();
 }
 
-int run(const Options &options)
+/// How many processes convert `files` files; 1 means that the program itself does.
+int workersFor(const Options &options, int files)
 {
-    const InputFiles input = inputFilesFrom(options.inputs, nameFilters(options));
+    const int jobs = options.jobs > 0 ? options.jobs : QThread::idealThreadCount();
+    return std::max(1, std::min(jobs, files));
+}
+
+/// Pictures and the preparation need fonts, and so a QGuiApplication. Nothing else does.
+std::unique_ptr<QCoreApplication> applicationFor(const Options &options, int &argc, char **argv)
+{
+    if (!options.prepare && !options.preview)
+        return std::make_unique<QCoreApplication>(argc, argv);
+#ifndef Q_OS_WIN // where a program without windows needs no screen
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
+/// All that a run reads, writes and says.
+struct Run {
+    const Options &options;
+    const QVector<InputFile> &files;
+    Plan plan;
+    JournalFile &journal;
+    Report &report;
+
+    /// The end of the message that the run was stopped.
+    QString advice() const
+    {
+        const bool canGoOn = !options.dryRun && !options.force; // --update would take forced ones for done
+        return canGoOn ? QStringLiteral("; run it again with --update to go on") : QString();
+    }
+};
+
+/// Converts the files of `run` one after the other.
+void convertHere(Run &run)
+{
+    refhost::HostSession session;
+    run.journal.record(session.journal());
+    const auto begun = [&run](const Job &job) { run.journal.announce(job.input); };
+    const auto ended = [&run](const Job & /*job*/, const FileResult &result) {
+        Interruption::holdUp();
+        run.report.add(result);
+    };
+    Converter converter(session, run.options, run.report.showsGaps(), {begun, ended});
+    const Interruption interruption([&] {
+        run.journal.abandon();
+        converter.abandon();
+        run.report.printStopped(0, run.advice());
+    });
+
+    converter.prepare();
+    for (int number = 0; number < run.files.size(); ++number) {
+        const Job job = run.plan.jobFor(number, run.files.at(number));
+        if (job.output.compare(converter.pendingOutput(), Qt::CaseInsensitive) == 0)
+            converter.finish();
+        if (const auto result = run.plan.resultAtOnce(job)) {
+            converter.finish();
+            ended(job, *result);
+        } else {
+            converter.convert(job);
+        }
+    }
+    converter.finish();
+}
+
+/// Has worker processes convert the files of `run`. Returns false when the user stopped it.
+bool convertByWorkers(Run &run, int workers)
+{
+    // Long enough to end the workers, unless nobody takes what the run has to print.
+    constexpr std::chrono::seconds grace{10};
+    const Interruption interruption(
+        [&run] {
+            run.journal.abandon();
+            run.report.printStopped(0, run.advice());
+        },
+        grace);
+    WorkerPool pool(run.options, run.files, run.plan, run.journal, run.report);
+    if (pool.convertAll(workers))
+        return true;
+    run.report.printStopped(pool.doneAhead(), run.advice());
+    return false;
+}
+
+int run(const Options &options, int &argc, char **argv)
+{
+    auto application = std::make_unique<QCoreApplication>(argc, argv);
+    const InputFiles input = inputFilesFrom(options, nameFilters(options));
+    const int workers = workersFor(options, input.files.size());
+    if (workers == 1) {
+        application.reset(); // there can be only one
+        application = applicationFor(options, argc, argv);
+    }
     Report report(input.files, verbosity(options));
     for (const QString &error : input.errors)
         report.error(error);
 
-    refhost::HostSession session;
     JournalFile journal(options.journalFile);
     OutputPaths outputs(options.outputFolder, nameOf(options.format), input.files);
     const auto conflict = [&] {
@@ -89,13 +183,17 @@ int run(const Options &options)
     };
     QString error = conflict();
     if (error.isEmpty())
-        error = openOutputs(options, journal, session);
+        error = openOutputs(options, journal);
     if (!error.isEmpty()) {
         report.error(error);
         return SomeFailed;
     }
 
-    Converter(session, journal, options, outputs, report).convert(input.files);
+    Run whole = {options, input.files, Plan(options, outputs), journal, report};
+    if (workers == 1)
+        convertHere(whole);
+    else if (!convertByWorkers(whole, workers))
+        return Stopped;
     // Only an existing file tells whether names that differ in case mean the same one.
     error = conflict();
     if (error.isEmpty())
@@ -104,6 +202,18 @@ int run(const Options &options)
         report.error(error);
     report.printSummary();
     return report.isAllConverted() ? AllConverted : SomeFailed;
+}
+
+/// Converts what another process of this program hands over.
+int runWorker(int &argc, char **argv)
+{
+    const std::variant<Options, ConsoleMessage> commandLine = optionsFrom(worker::receiveArguments());
+    const auto *options = std::get_if<Options>(&commandLine);
+    if (!options)
+        return UsageError;
+    const auto application = applicationFor(*options, argc, argv);
+    worker::convertAll(*options, verbosity(*options) == Report::Verbosity::Normal);
+    return AllConverted;
 }
 
 /// Turns success into failure when standard output did not take the whole table.
@@ -138,17 +248,6 @@ std::variant<Options, ConsoleMessage> readCommandLine(int &argc, char **argv)
     return optionsFrom(argumentsFrom(argc, argv));
 }
 
-/// Pictures and the preparation need fonts, and so a QGuiApplication. Nothing else does.
-std::unique_ptr<QCoreApplication> applicationFor(const Options &options, int &argc, char **argv)
-{
-    if (!options.prepare && !options.preview)
-        return std::make_unique<QCoreApplication>(argc, argv);
-#ifndef Q_OS_WIN // where a program without windows needs no screen
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-#endif
-    return std::make_unique<QGuiApplication>(argc, argv);
-}
-
 } // namespace
 
 int main(int argc, char *argv[])
@@ -163,12 +262,12 @@ int main(int argc, char *argv[])
     qInstallMessageHandler(printQtMessage);
     std::set_terminate([] { stop("an error came where none can be handled"); });
     try {
+        if (argc == 2 && qstrcmp(argv[1], worker::argument) == 0)
+            return runWorker(argc, argv);
         const std::variant<Options, ConsoleMessage> commandLine = readCommandLine(argc, argv);
         if (const auto *message = std::get_if<ConsoleMessage>(&commandLine))
             return afterOutput(print(*message));
-        const auto &options = std::get<Options>(commandLine);
-        const auto application = applicationFor(options, argc, argv);
-        return afterOutput(run(options));
+        return afterOutput(run(std::get<Options>(commandLine), argc, argv));
     } catch (const std::exception &error) {
         stop(reasonOf(error));
     }

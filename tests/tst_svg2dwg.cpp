@@ -424,7 +424,7 @@ void tst_svg2dwg::journal()
              (QByteArrayList{R"({"input":"a.svg"})", R"({"input":"bad.svg"})", R"({"input":"b.svg"})", ""}));
     const QStringList drawing = {"InsertLine", "InsertBlock2", "Explode"};
     QCOMPARE(callsOf(callsByInput(before)["b"], drawing),
-             (QStringList{"InsertLine 1,2,0,3,4,0", R"(InsertBlock2 "blockName1",0,0,0,1,1,1,0)",
+             (QStringList{"InsertLine 1,2,0,3,4,0", R"(InsertBlock2 "blockName2",0,0,0,1,1,1,0)",
                           "kvBlockInstance_c#2 Explode"}));
 
     const QString again = "a.svg --dry-run --no-prepare --explode --journal ";
