@@ -23,8 +23,6 @@ public:
     /// Opens the file. Returns an error text; empty when it opened.
     QString open();
 
-    bool isOpen() const { return m_isOpen; }
-
     /// Lets `journal` write into the file.
     void record(refhost::CallJournal &journal);
 

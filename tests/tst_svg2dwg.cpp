@@ -78,6 +78,23 @@ public:
     {
         return QDir(path(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
     }
+    /// The files in `folder` and below it, by their paths in it.
+    QStringList treeOf(const QString &folder) const
+    {
+        QStringList files;
+        QDirIterator file(path(folder), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (file.hasNext())
+            files << QDir(path(folder)).relativeFilePath(file.next());
+        files.sort();
+        return files;
+    }
+    void setAge(const QString &name, int seconds) const
+    {
+        QFile file(path(name));
+        if (!file.open(QIODevice::ReadWrite)
+            || !file.setFileTime(QDateTime::currentDateTime().addSecs(-seconds), QFile::FileModificationTime))
+            qFatal("cannot make %s older", qPrintable(name));
+    }
 
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
 };
@@ -149,6 +166,15 @@ private slots:
     void failingSystem_data();
     void failingSystem();
     void littleMemory();
+    void inputLists_data();
+    void inputLists();
+    void update_data();
+    void update();
+    void severalJobs_data();
+    void severalJobs();
+    void killedWorker();
+    void stopped_data();
+    void stopped();
 };
 
 void tst_svg2dwg::commandLine_data()
@@ -676,6 +702,238 @@ void tst_svg2dwg::littleMemory()
     }
     QVERIFY(refused > 3);
     QCOMPARE(desk.filesIn("out"), QStringList{"plan.svg"});
+}
+
+void tst_svg2dwg::inputLists_data()
+{
+    const auto row = tableOf<QByteArray, QString, QStringList, QString>("list", "script", "outputs", "says");
+    const QString fromPipe = "cat list | \"$0\" -o out --files-from - ";
+    row("a name on each line, of any system, in one folder", "in/a.svg\r\n\nin/below\nin/none.svg",
+        "\"$0\" more.svg -o out --files-from list", {"a.dwg", "b.dwg", "more.dwg"},
+        "in/none.svg: cannot be read: No such file");
+    row("names of any characters, each before a NUL", QByteArray("in/x\ny.svg\0\0in/a.svg\0in/z\r.svg", 30),
+        fromPipe + "-0", {"a.dwg", "x\ny.dwg", "z\r.dwg"}, "svg2dwg: '': not converted: the name is empty");
+    row("a name that is not UTF-8", "in/\xff.svg\nin/a.svg\n", fromPipe, {"a.dwg"},
+        "in/\\xFF.svg: not converted: the name is not valid UTF-8");
+    row("with subfolders, relative names keep their folders", "./in/a.svg\nin/below\nin/../more.svg\n",
+        fromPipe + "-r", {"in/a.dwg", "in/below/b.dwg", "in/below/deep/b.dwg", "more.dwg"}, "");
+    row("names from elsewhere do not", "",
+        "printf '%s\\n' ../${PWD##*/}/in/a.svg $PWD/in/below/b.svg | \"$0\" -o out --files-from - -r",
+        {"a.dwg", "b.dwg"}, "");
+    row("a list that is not there", "", "\"$0\" more.svg -o out --files-from none", {"more.dwg"},
+        "none: the list cannot be read: No such file");
+    row("an empty list", "", "\"$0\" -o out --files-from list", {}, "");
+    row("subfolders below the output folder, without links", "", "\"$0\" in/below -r -o out",
+        {"b.dwg", "deep/b.dwg"}, "");
+    const QString plain = "\"$0\" in -r -o in/out --format svg";
+    row("the output folder, which lies in the input folder, is left out", "",
+        plain + " && " + plain + " --force && mv in/out .",
+        {"a.svg", "below/b.svg", "below/deep/b.svg", "x\ny.svg", "z\r.svg"}, "");
+    row("a file in the place of an output's folder", "",
+        "mkdir out; echo > out/deep; \"$0\" in/below -r -o out", {"b.dwg", "deep"},
+        "out/deep/b.dwg: not saved: the folder cannot be made: Not a directory");
+}
+
+void tst_svg2dwg::inputLists()
+{
+#ifdef Q_OS_WIN
+    QSKIP("Needs a shell, links, and names of any characters.");
+#endif
+    QFETCH(QByteArray, list);
+    QFETCH(QString, script);
+    QFETCH(QString, says);
+
+    const Desk desk;
+    desk.write("list", list);
+    for (const char *name :
+         {"more.svg", "in/a.svg", "in/x\ny.svg", "in/z\r.svg", "in/below/b.svg", "in/below/deep/b.svg"})
+        desk.write(name, oneLine);
+    QFile::link(desk.path("in"), desk.path("in/below/round"));
+
+    const Run result = desk.shell(script);
+    QVERIFY2(says.isEmpty() ? result.err.isEmpty()
+                            : result.err.startsWith("svg2dwg: " + says.remove("svg2dwg: ")),
+             qPrintable(result.err));
+    QCOMPARE(result.exitCode, says.isEmpty() ? int(AllConverted) : int(SomeFailed));
+    QTEST(desk.treeOf("out"), "outputs");
+}
+
+void tst_svg2dwg::update_data()
+{
+    // Ages in seconds; an output of age -1 is not there.
+    const auto row = tableOf<int, int, int, QString>("inputAge", "drawingAge", "pictureAge", "summary");
+    row("no drawing yet", 50, -1, -1, "2 files: 1 converted, 1 failed");
+    row("a newer drawing", 50, 40, -1, "2 files: 0 converted, 1 up to date, 1 failed");
+    row("a drawing of the same time", 50, 50, -1, "2 files: 0 converted, 1 up to date, 1 failed");
+    row("an older drawing", 50, 60, -1, "2 files: 1 converted, 1 failed");
+    row("newer drawing and picture", 50, 40, 40, "2 files: 0 converted, 1 up to date, 1 failed");
+    row("an older picture", 50, 40, 60, "2 files: 1 converted, 1 failed");
+}
+
+void tst_svg2dwg::update()
+{
+    QFETCH(int, inputAge);
+    QFETCH(int, drawingAge);
+    QFETCH(int, pictureAge);
+    QFETCH(QString, summary);
+
+    const Desk desk;
+    const std::pair<const char *, int> files[] = {
+        {"plan.svg", inputAge}, {"out/plan.dwg", drawingAge}, {"out/plan.png", pictureAge}};
+    for (const auto &[name, age] : files) {
+        if (age < 0)
+            continue;
+        desk.write(name, oneLine);
+        desk.setAge(name, age);
+    }
+    desk.write("bad.svg", notXml); // is tried each time
+
+    const QString arguments =
+        QStringLiteral("plan.svg bad.svg -o out --update") + (pictureAge < 0 ? "" : " --preview");
+    const Run result = desk.convert(arguments);
+    QVERIFY2(result.out.endsWith("svg2dwg: " + summary + '\n'), qPrintable(result.out));
+    QCOMPARE(desk.read("out/plan.dwg").startsWith("AC1015"), summary.contains("1 converted"));
+    const Run again = desk.convert(arguments);
+    QVERIFY2(again.out.endsWith("0 converted, 1 up to date, 1 failed\n"), qPrintable(again.out));
+    QCOMPARE(desk.convert(QString(arguments).remove("bad.svg ")).exitCode, int(AllConverted));
+}
+
+void tst_svg2dwg::severalJobs_data()
+{
+    const auto row = tableOf<QString>("options");
+    row("drawings and a journal", "-o out --journal calls");
+    row("exploded drawings, and what the reading left out", "-o out --explode --no-prepare --journal calls");
+    row("a journal in the place of the table", "--dry-run --journal -");
+    row("plain files, some of which are done", "-o out --format svg --update");
+}
+
+void tst_svg2dwg::severalJobs()
+{
+    QFETCH(QString, options);
+
+    const auto runWith = [&options](const Desk &desk, int jobs) {
+        desk.write("one/plan.svg", oneLine);
+        desk.write("one/bad.svg", notXml);
+        desk.write("two/plan.svg", oneLine); // has the output of the other plan
+        desk.write("two/Plan.svg",
+                   oneLine); // has it only where the system does not tell upper from lower case
+        desk.write("two/roof.svg", "<svg><text x='1' y='2' font-size='3'>\"kvLine_c#7\"</text></svg>");
+        desk.write("two/wall.svg", oneLine);
+        desk.write("out/wall.svg", oneLine);
+        // One line of 240 KB in the journal, and many short ones.
+        desk.write("two/long.svg",
+                   "<svg><polyline points=\"" + QByteArray("0,0 7,9 ").repeated(30'000) + "\"/></svg>");
+        desk.write("two/many.svg", "<svg>" + QByteArray("<line x2=\"1\"/>").repeated(20'000) + "</svg>");
+        return desk.convert(
+            QStringLiteral("one " KORVANE_SAMPLES " two missing.svg %1 -j %2").arg(options).arg(jobs));
+    };
+    const Desk one;
+    const Run alone = runWith(one, 1);
+    const Desk three;
+    const Run shared = runWith(three, 3);
+    QCOMPARE(shared.err, alone.err);
+    QCOMPARE(shared.out, alone.out);
+    QCOMPARE(shared.exitCode, int(SomeFailed));
+    QCOMPARE(alone.exitCode, int(SomeFailed));
+    QCOMPARE(three.treeOf("."), one.treeOf("."));
+    QVERIFY(three.read("calls") == one.read("calls"));
+}
+
+void tst_svg2dwg::killedWorker()
+{
+#ifdef Q_OS_WIN
+    QSKIP("Needs a process to know the one that started it.");
+#endif
+    Desk desk;
+    // Passes drawings on to the encoder, and kills the process that asks for a deadly one.
+    desk.write("deadly.mjs", R"js(import { spawn } from "node:child_process";
+        const encoder = spawn(process.execPath, [process.env.REAL_ENCODER], { stdio: ["pipe", "inherit", "inherit"] });
+        process.stdin.on("data", (piece) => {
+            if (piece.includes("deadly"))
+                process.kill(process.ppid, "SIGKILL");
+            encoder.stdin.write(piece);
+        });
+        process.stdin.on("end", () => encoder.stdin.end());)js");
+    desk.environment.insert("REAL_ENCODER", KORVANE_ENCODER);
+    desk.environment.insert("KORVANE_ENCODER", desk.path("deadly.mjs"));
+    QString names;
+    for (const char *name : {"a", "b", "c", "d", "e", "f"}) {
+        const bool isDeadly = QByteArrayList{"b", "e"}.contains(name);
+        desk.write(QString(name) + ".svg", isDeadly ? "<svg><text y='9'>deadly</text></svg>" : oneLine);
+        names += QString(name) + ".svg ";
+    }
+    const Run result = desk.convert(names + "-o out -j 2 --journal calls");
+    const QString died = "svg2dwg: %1.svg: not converted: the process that converted it ended unexpectedly\n";
+    QCOMPARE(result.err, died.arg('b') + died.arg('e'));
+    QCOMPARE(result.exitCode, int(SomeFailed));
+    QCOMPARE(desk.filesIn("out"), (QStringList{"a.dwg", "c.dwg", "d.dwg", "f.dwg"}));
+    const auto calls = callsByInput(desk.read("calls"));
+    QVERIFY(calls["f"].last().contains(R"("blockName5")"));
+}
+
+void tst_svg2dwg::stopped_data()
+{
+    const auto row = tableOf<QString, QString, QString>("options", "signal", "advice");
+    const QString goOn = "; run it again with --update to go on";
+    row("one process, from elsewhere", "-j 1", "kill -TERM %1", goOn);
+    row("one process, Ctrl+C in a terminal", "-j 1", "kill -INT -- -%1", goOn);
+    row("workers, from elsewhere", "-j 2", "kill -INT %1", goOn);
+    row("workers, Ctrl+C in a terminal", "-j 2", "kill -INT -- -%1", goOn);
+    row("a terminal that is closed", "-j 2 --force", "kill -HUP -- -%1", "");
+}
+
+void tst_svg2dwg::stopped()
+{
+#ifdef Q_OS_WIN
+    QSKIP("Needs a shell that sends signals.");
+#endif
+    QFETCH(QString, options);
+    QFETCH(QString, signal);
+    QFETCH(QString, advice);
+
+    Desk desk;
+    // Notes who is at work, and never ends.
+    desk.write("busy.mjs", R"js(import fs from "node:fs";
+        process.stdin.once("data", () => {
+            fs.writeFileSync("at-work.part", `${process.pid} ${process.ppid}`);
+            fs.renameSync("at-work.part", "at-work");
+            for (;;);
+        });)js");
+    desk.environment.insert("KORVANE_ENCODER", desk.path("busy.mjs"));
+    desk.write("a.svg", "<svg/>");
+    desk.write("b.svg", notXml);
+    desk.write("c.svg", oneLine);
+    // Takes seconds to read, which nothing else interrupts.
+    desk.write("d.svg", "<svg>" + QByteArray("<path d=\"M0 0C1 1 2 1 3 0\"/>").repeated(200'000) + "</svg>");
+    desk.write("out/c.dwg", "an earlier drawing");
+    desk.setAge("out/c.dwg", 50);
+    const QStringList before = desk.treeOf(".");
+
+    QProcess run;
+    run.setWorkingDirectory(desk.path());
+    run.setProcessEnvironment(desk.environment);
+    const QString arguments = "b.svg c.svg d.svg a.svg -q -o out --journal calls " + options;
+    run.start("setsid",
+              QStringList{SVG2DWG} + (arguments + (options.contains("force") ? "" : " --update")).split(' '));
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(desk.path("at-work")), 60'000);
+    desk.shell(signal.arg(run.processId()));
+    QVERIFY(run.waitForFinished());
+    QCOMPARE(run.exitCode(), 130);
+    const QString err = run.readAllStandardError();
+    QVERIFY2(!err.contains("c.svg") && !err.contains("c.dwg"), qPrintable(err)); // its failure is no news
+    const QString last = err.section('\n', -2, -2);
+    QVERIFY2(QRegularExpression("^svg2dwg: stopped: [01] of 4 files done" + QRegularExpression::escape(advice)
+                                + '$')
+                 .match(last)
+                 .hasMatch(),
+             qPrintable(err));
+    for (const QByteArray &process : desk.read("at-work").split(' ')) {
+        QFile commandLine("/proc/" + process + "/cmdline"); // empty for a process that has ended
+        QVERIFY2(!commandLine.open(QIODevice::ReadOnly) || commandLine.readAll().isEmpty(), process);
+    }
+    QFile::remove(desk.path("at-work"));
+    QCOMPARE(desk.treeOf("."), before);
+    QCOMPARE(desk.read("out/c.dwg"), QByteArray("an earlier drawing"));
 }
 
 QTEST_GUILESS_MAIN(tst_svg2dwg)
