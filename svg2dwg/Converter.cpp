@@ -129,8 +129,8 @@ std::optional<FileResult> Converter::resultOfFile(const Job &job)
 
     SVGBlockBuilder::setNextBlockNumber(job.number);
     const refhost::HostDocumentPtr document = drawingFrom(m_session, svg.text, m_options.explode);
-    const FileResult result = {FileResult::Kind::Converted, {},        job.input, job.output,
-                               drawnIn(document->drawing),  svg.notes, svg.gaps};
+    FileResult result = {FileResult::Kind::Converted, {},        job.input, job.output,
+                         drawnIn(document->drawing),  svg.notes, svg.gaps};
     m_session.close(document);
     finish();
     if (m_options.dryRun)

@@ -82,8 +82,12 @@ QString openOutputs(const Options &options, JournalFile &journal)
 /// How many processes convert `files` files; 1 means that the program itself does.
 int workersFor(const Options &options, int files)
 {
-    const int jobs = options.jobs > 0 ? options.jobs : QThread::idealThreadCount();
-    return std::max(1, std::min(jobs, files));
+    // The program itself reads a file while its encoder works. Of fewer files the processes would take longer
+    // to start, which was measured.
+    constexpr int filesWorthAProcess = 32;
+    const int jobs = options.jobs > 0 ? std::min(options.jobs, files)
+                                      : std::min(QThread::idealThreadCount(), files / filesWorthAProcess);
+    return std::max(1, jobs);
 }
 
 /// Pictures and the preparation need fonts, and so a QGuiApplication. Nothing else does.
