@@ -26,6 +26,14 @@ constexpr int lookMilliseconds = 20;             // for Ctrl+C
 struct WorkerPool::Worker {
     std::unique_ptr<QProcess> process;
     std::deque<int> jobs; ///< by number, in the order in which they are answered
+
+    /// Whether the process has ended, or could not be started, and is not buried yet.
+    bool isDead() const { return process && process->state() == QProcess::NotRunning; }
+    void send(const QByteArray &line) const
+    {
+        if (!isDead())
+            process->write(line);
+    }
 };
 
 WorkerPool::WorkerPool(const Options &options, const QVector<InputFile> &files, Plan &plan,
@@ -77,7 +85,8 @@ void WorkerPool::handOut()
 {
     for (std::size_t depth = 1; depth <= jobsOfWorker; ++depth) {
         for (const std::unique_ptr<Worker> &worker : m_workers) {
-            const bool isTaken = !worker->jobs.empty() && task(worker->jobs.front()).isAlone;
+            const bool isTaken =
+                worker->isDead() || (!worker->jobs.empty() && task(worker->jobs.front()).isAlone);
             if (worker->jobs.size() < depth && !isTaken && !giveNext(*worker))
                 return;
         }
@@ -92,7 +101,7 @@ bool WorkerPool::giveNext(Worker &worker)
     if (!worker.process)
         start(worker);
     worker.jobs.push_back(*number);
-    worker.process->write(frameLine(FrameKind::Convert, task(*number).job));
+    worker.send(frameLine(FrameKind::Convert, task(*number).job));
     return true;
 }
 
@@ -140,8 +149,10 @@ void WorkerPool::start(Worker &worker)
     worker.process = std::make_unique<QProcess>();
     QProcess *process = worker.process.get();
     process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    QObject::connect(process, &QProcess::readyReadStandardOutput, &m_loop,
-                     [this, &worker] { receive(worker); });
+    QObject::connect(process, &QProcess::readyReadStandardOutput, &m_loop, [this, &worker] {
+        receive(worker);
+        proceed();
+    });
     // A process is not deleted in the middle of what it reports.
     QObject::connect(
         process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), &m_loop,
@@ -158,7 +169,7 @@ void WorkerPool::start(Worker &worker)
         },
         Qt::QueuedConnection);
     process->start(QCoreApplication::applicationFilePath(), {QLatin1String(worker::argument)});
-    process->write(frameLine(FrameKind::Arguments, m_options.arguments));
+    worker.send(frameLine(FrameKind::Arguments, m_options.arguments));
 }
 
 void WorkerPool::receive(Worker &worker)
@@ -167,7 +178,6 @@ void WorkerPool::receive(Worker &worker)
         Frame frame(worker.process->readLine());
         take(worker, frame);
     }
-    proceed();
 }
 
 void WorkerPool::take(Worker &worker, Frame &frame)
@@ -262,7 +272,7 @@ void WorkerPool::endWorkers()
         if (!worker->process)
             continue;
         if (!Interruption::isRequested())
-            worker->process->write(frameLine(FrameKind::End));
+            worker->send(frameLine(FrameKind::End));
         worker->process->closeWriteChannel();
     }
     for (const std::unique_ptr<Worker> &worker : m_workers) {

@@ -122,7 +122,8 @@ EncoderProcess::Ticket EncoderProcess::submitRequest(const Request &makeRequest,
     // An idle process takes even a long request at once, so that it works while the caller reads the next
     // file. A busy one gets the rest while somebody waits for an answer or an event loop runs.
     constexpr int busyAfterMilliseconds = 20;
-    while (m_process->bytesToWrite() > 0 && m_process->waitForBytesWritten(busyAfterMilliseconds))
+    while (!m_isAbandoned && m_process->bytesToWrite() > 0
+           && m_process->waitForBytesWritten(busyAfterMilliseconds))
         continue;
     return ticket;
 }
