@@ -72,12 +72,6 @@ Converter::Converter(refhost::HostSession &session, const Options &options, bool
 {
 }
 
-void Converter::prepare()
-{
-    if (!m_options.dryRun && m_options.format != OutputFormat::PlainSvg)
-        m_encoder.prepare();
-}
-
 void Converter::convert(const Job &job)
 {
     const auto result = attempt(job.input, "not converted", [&] {
@@ -85,6 +79,7 @@ void Converter::convert(const Job &job)
         if (!m_reserve)
             m_reserve.reset(new char[reserveSize]);
         requireMemory();
+        prepareEncoder();
         return resultOfFile(job);
     });
     if (!result)
@@ -106,6 +101,12 @@ void Converter::finish()
 void Converter::abandon()
 {
     m_encoder.abandon();
+}
+
+void Converter::prepareEncoder()
+{
+    if (!m_options.dryRun && m_options.format != OutputFormat::PlainSvg)
+        m_encoder.prepare();
 }
 
 template <class Step>

@@ -24,8 +24,6 @@ public:
     /// What the reading left out is counted if `countGaps` is set.
     Converter(refhost::HostSession &session, const Options &options, bool countGaps, Events events);
 
-    /// Starts what the first file will need.
-    void prepare();
     /// Converts the file of `job`, and ends the one before it. A file that fails is reported as a result.
     void convert(const Job &job);
     /// Ends the last job, whose drawing may wait for the encoder.
@@ -45,6 +43,8 @@ private:
         refhost::EncoderProcess::Ticket ticket;
     };
 
+    /// Starts the encoder when drawings are to be saved, so that it is ready once the file is read.
+    void prepareEncoder();
     /// Takes one step for `file`, whose result is a message that the file was `undone` when the step throws.
     template <class Step>
     std::optional<FileResult> attempt(const QString &file, const char *undone, const Step &step);

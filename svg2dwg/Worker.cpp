@@ -174,7 +174,6 @@ void convertAll(const Options &options, bool countGaps)
     Converter converter(session, options, countGaps, {begun, ended});
     const Interruption interruption([&converter] { converter.abandon(); });
     Inbox inbox;
-    converter.prepare();
     for (;;) {
         if (inbox.isEmpty())
             converter.finish();

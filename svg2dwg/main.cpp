@@ -134,7 +134,6 @@ void convertHere(Run &run)
         run.report.printStopped(0, run.advice());
     });
 
-    converter.prepare();
     for (int number = 0; number < run.files.size(); ++number) {
         const Job job = run.plan.jobFor(number, run.files.at(number));
         if (job.output.compare(converter.pendingOutput(), Qt::CaseInsensitive) == 0)

@@ -12,6 +12,8 @@
 #include <QJsonObject>
 #include <QProcess>
 
+#include <thread>
+
 #ifdef Q_OS_UNIX
 #include <csignal>
 #include <sys/resource.h>
@@ -77,6 +79,8 @@ private slots:
     void encoderThatCannotServe();
     void killedProcessIsReplaced();
     void severalDrawingsUnderWay();
+    void abandonedByAnotherThread_data();
+    void abandonedByAnotherThread();
     void unwritablePlace();
 };
 
@@ -284,6 +288,33 @@ void tst_Export::severalDrawingsUnderWay()
     QVERIFY(encoder.take(first).bytes.size() > 500'000);
     QVERIFY(encoder.take(third).bytes.endsWith("EOF\n"));
     QVERIFY(encoder.take(encoder.submit(large, DrawingFormat::Dxf)).bytes.endsWith("EOF\n"));
+}
+
+void tst_Export::abandonedByAnotherThread_data()
+{
+    const auto row = tableOf<bool>("isAwaited");
+    row("while a thread waits for the answer", true);
+    row("while no thread deals with it", false);
+}
+
+void tst_Export::abandonedByAnotherThread()
+{
+    QFETCH(bool, isAwaited);
+    qputenv("KORVANE_ENCODER",
+            folder.write("busy.mjs", "process.stdin.once('data', () => { for (;;); })").toLocal8Bit());
+    EncoderProcess encoder;
+    const auto ticket = encoder.submit(linesDrawing(1), DrawingFormat::Dwg);
+    std::thread other([&encoder] { encoder.abandon(); });
+    if (!isAwaited)
+        other.join();
+    const EncodedDrawing result = encoder.take(ticket);
+    if (isAwaited)
+        other.join();
+    qunsetenv("KORVANE_ENCODER");
+    QVERIFY2(result.error.startsWith("the DWG encoder (node) "), qPrintable(result.error));
+    QCOMPARE(encoder.processId(), 0);
+    const EncodedDrawing further = encoder.take(encoder.submit(linesDrawing(1), DrawingFormat::Dwg));
+    QCOMPARE(further.error, QString("the DWG encoder (node) could not be started: the program is ending"));
 }
 
 void tst_Export::unwritablePlace()

@@ -24,6 +24,25 @@ const QByteArray notXml = R"svg(<svg>
 <line/>
 </svg>)svg";
 const QByteArray encoderThatLeavesATrace = "import fs from 'fs'; fs.writeFileSync('started', '');";
+/// Notes who is at work, and never ends.
+const QByteArray busyEncoder = R"js(import fs from "node:fs";
+process.stdin.once("data", () => {
+    fs.writeFileSync("note", `${process.pid} ${process.ppid}`);
+    fs.renameSync("note", "at-work");
+    for (;;);
+});)js";
+/// Passes drawings on to the encoder, and does %1 when it gets one that is deadly.
+const QByteArray encoderWithLimits = R"js(import { spawn } from "node:child_process";
+import fs from "node:fs";
+const encoder = spawn(process.execPath, [process.env.REAL_ENCODER], { stdio: ["pipe", "inherit", "inherit"] });
+process.stdin.on("data", (piece) => {
+    if (piece.includes("deadly")) {
+        %1;
+    }
+    encoder.stdin.write(piece);
+});
+process.stdin.on("end", () => encoder.stdin.end());)js";
+const QByteArray deadlyDrawing = R"svg(<svg><text y="9">deadly</text></svg>)svg";
 const QString couldBeCompressed = "compressed files are read without --no-prepare only";
 
 QByteArray gzipped(const QByteArray &bytes)
@@ -51,6 +70,15 @@ struct Run {
     QString err;
 };
 
+constexpr int longest = 120'000; // ms; a run that hangs is a failure, not a slow machine
+
+/// Whether there is a process `id`, or as much of one as waits to be buried.
+bool isAlive(const QByteArray &id)
+{
+    QFile commandLine("/proc/" + id + "/cmdline"); // empty for a process that has ended
+    return commandLine.open(QIODevice::ReadOnly) && !commandLine.readAll().isEmpty();
+}
+
 /// The files of one test, and the converter at work among them.
 class Desk : public TemporaryFolder {
 public:
@@ -60,7 +88,6 @@ public:
         process.setWorkingDirectory(path());
         process.setProcessEnvironment(environment);
         process.start(program, arguments);
-        constexpr int longest = 120'000; // ms; a run that hangs is a failure, not a slow machine
         if (!process.waitForFinished(longest)) {
             process.kill();
             process.waitForFinished();
@@ -87,6 +114,23 @@ public:
             files << QDir(path(folder)).relativeFilePath(file.next());
         files.sort();
         return files;
+    }
+    void useEncoder(const QByteArray &code)
+    {
+        environment.insert("KORVANE_ENCODER", write("encoder.mjs", code));
+        environment.insert("REAL_ENCODER", KORVANE_ENCODER);
+    }
+    /// Starts the converter on `arguments` as the leader of its process group, as a terminal does, and waits
+    /// until an encoder is at work. Returns the encoder's process and the one that has started it.
+    QByteArrayList startUntilAtWork(QProcess &process, const QString &arguments) const
+    {
+        process.setWorkingDirectory(path());
+        process.setProcessEnvironment(environment);
+        process.start("setsid", QStringList{SVG2DWG} + arguments.split(' '));
+        const bool isAtWork = QTest::qWaitFor([this] { return QFileInfo::exists(path("at-work")); }, longest);
+        const QByteArrayList processes = read("at-work").split(' ');
+        QFile::remove(path("at-work"));
+        return isAtWork ? processes : QByteArrayList();
     }
     void setAge(const QString &name, int seconds) const
     {
@@ -175,6 +219,10 @@ private slots:
     void killedWorker();
     void stopped_data();
     void stopped();
+    void goingOnAfterAStop_data();
+    void goingOnAfterAStop();
+    void killedRun();
+    void ignoredSignal();
 };
 
 void tst_svg2dwg::commandLine_data()
@@ -416,9 +464,7 @@ void tst_svg2dwg::terminal()
 #endif
     Desk desk;
     // The bar names no pace in the first second.
-    desk.write("slow.mjs", "setTimeout(() => import(process.env.REAL_ENCODER), 1100);");
-    desk.environment.insert("REAL_ENCODER", KORVANE_ENCODER);
-    desk.environment.insert("KORVANE_ENCODER", desk.path("slow.mjs"));
+    desk.useEncoder("setTimeout(() => import(process.env.REAL_ENCODER), 1100);");
     for (const char *file : {"a.svg", "b.svg", "c.svg"})
         desk.write(file, oneLine);
     desk.write("out/b.dwg", "an earlier drawing");
@@ -718,8 +764,8 @@ void tst_svg2dwg::inputLists_data()
     row("a name on each line, of any system, in one folder", "in/a.svg\r\n\nin/below\nin/none.svg",
         "\"$0\" more.svg -o out --files-from list", {"a.dwg", "b.dwg", "more.dwg"},
         "in/none.svg: cannot be read: No such file");
-    row("names of any characters, each before a NUL", QByteArray("in/x\ny.svg\0\0in/a.svg\0in/z\r.svg", 30),
-        fromPipe + "-0", {"a.dwg", "x\ny.dwg", "z\r.dwg"}, "svg2dwg: '': not converted: the name is empty");
+    row("names of any characters, each before a NUL", QByteArray("in/x\ny.svg\0\0in/a.svg\0in/z.svg\r", 30),
+        fromPipe + "-0", {"a.dwg", "x\ny.dwg", "z.dwg"}, "svg2dwg: '': not converted: the name is empty");
     row("a name that is not UTF-8", "in/\xff.svg\nin/a.svg\n", fromPipe, {"a.dwg"},
         "in/\\xFF.svg: not converted: the name is not valid UTF-8");
     row("with subfolders, relative names keep their folders", "./in/a.svg\nin/below\nin/../more.svg\n",
@@ -735,7 +781,7 @@ void tst_svg2dwg::inputLists_data()
     const QString plain = "\"$0\" in -r -o in/out --format svg";
     row("the output folder, which lies in the input folder, is left out", "",
         plain + " && " + plain + " --force && mv in/out .",
-        {"a.svg", "below/b.svg", "below/deep/b.svg", "x\ny.svg", "z\r.svg"}, "");
+        {"a.svg", "below/b.svg", "below/deep/b.svg", "x\ny.svg"}, "");
     row("a file in the place of an output's folder", "",
         "mkdir out; echo > out/deep; \"$0\" in/below -r -o out", {"b.dwg", "deep"},
         "out/deep/b.dwg: not saved: the folder cannot be made: Not a directory");
@@ -753,7 +799,7 @@ void tst_svg2dwg::inputLists()
     const Desk desk;
     desk.write("list", list);
     for (const char *name :
-         {"more.svg", "in/a.svg", "in/x\ny.svg", "in/z\r.svg", "in/below/b.svg", "in/below/deep/b.svg"})
+         {"more.svg", "in/a.svg", "in/x\ny.svg", "in/z.svg\r", "in/below/b.svg", "in/below/deep/b.svg"})
         desk.write(name, oneLine);
     QFile::link(desk.path("in"), desk.path("in/below/round"));
 
@@ -807,32 +853,38 @@ void tst_svg2dwg::update()
 
 void tst_svg2dwg::severalJobs_data()
 {
-    const auto row = tableOf<QString>("options");
-    row("drawings and a journal", "-o out --journal calls");
-    row("exploded drawings, and what the reading left out", "-o out --explode --no-prepare --journal calls");
-    row("a journal in the place of the table", "--dry-run --journal -");
-    row("plain files, some of which are done", "-o out --format svg --update");
+    const auto row = tableOf<QString, QString>("inputs", "options");
+    const QString mixed = "one " KORVANE_SAMPLES " two missing.svg";
+    row("drawings and a journal", mixed, "-o out --journal calls");
+    row("exploded drawings, and what the reading left out", mixed,
+        "-o out --explode --no-prepare --journal calls");
+    row("a journal in the place of the table", mixed, "--dry-run --journal -");
+    row("plain files, some of which are done", mixed, "-o out --format svg --update");
+    row("more files than may wait for the first one", "many.svg missing.svg lots",
+        "--dry-run --journal calls");
 }
 
 void tst_svg2dwg::severalJobs()
 {
+    QFETCH(QString, inputs);
     QFETCH(QString, options);
 
-    const auto runWith = [&options](const Desk &desk, int jobs) {
+    const auto runWith = [&](const Desk &desk, int jobs) {
         desk.write("one/plan.svg", oneLine);
         desk.write("one/bad.svg", notXml);
         desk.write("two/plan.svg", oneLine); // has the output of the other plan
-        desk.write("two/Plan.svg",
-                   oneLine); // has it only where the system does not tell upper from lower case
-        desk.write("two/roof.svg", "<svg><text x='1' y='2' font-size='3'>\"kvLine_c#7\"</text></svg>");
+        desk.write("two/Plan.svg", oneLine); // has it only where upper and lower case are the same
+        desk.write("two/roof.svg", R"svg(<svg><text x="1" y="2" font-size="3">"kvLine_c#7"</text></svg>)svg");
         desk.write("two/wall.svg", oneLine);
         desk.write("out/wall.svg", oneLine);
         // One line of 240 KB in the journal, and many short ones.
         desk.write("two/long.svg",
                    "<svg><polyline points=\"" + QByteArray("0,0 7,9 ").repeated(30'000) + "\"/></svg>");
-        desk.write("two/many.svg", "<svg>" + QByteArray("<line x2=\"1\"/>").repeated(20'000) + "</svg>");
-        return desk.convert(
-            QStringLiteral("one " KORVANE_SAMPLES " two missing.svg %1 -j %2").arg(options).arg(jobs));
+        desk.write("many.svg", "<svg>" + QByteArray("<line x2=\"1\"/>").repeated(20'000) + "</svg>");
+        constexpr int moreThanMayWait = 400;
+        for (int i = 0; i < moreThanMayWait; ++i)
+            desk.write(QStringLiteral("lots/%1.svg").arg(i), oneLine);
+        return desk.convert(QStringLiteral("%1 %2 -j %3").arg(inputs, options).arg(jobs));
     };
     const Desk one;
     const Run alone = runWith(one, 1);
@@ -852,41 +904,44 @@ void tst_svg2dwg::killedWorker()
     QSKIP("Needs a process to know the one that started it.");
 #endif
     Desk desk;
-    // Passes drawings on to the encoder, and kills the process that asks for a deadly one.
-    desk.write("deadly.mjs", R"js(import { spawn } from "node:child_process";
-        const encoder = spawn(process.execPath, [process.env.REAL_ENCODER], { stdio: ["pipe", "inherit", "inherit"] });
-        process.stdin.on("data", (piece) => {
-            if (piece.includes("deadly"))
-                process.kill(process.ppid, "SIGKILL");
-            encoder.stdin.write(piece);
-        });
-        process.stdin.on("end", () => encoder.stdin.end());)js");
-    desk.environment.insert("REAL_ENCODER", KORVANE_ENCODER);
-    desk.environment.insert("KORVANE_ENCODER", desk.path("deadly.mjs"));
-    QString names;
-    for (const char *name : {"a", "b", "c", "d", "e", "f"}) {
-        const bool isDeadly = QByteArrayList{"b", "e"}.contains(name);
-        desk.write(QString(name) + ".svg", isDeadly ? "<svg><text y='9'>deadly</text></svg>" : oneLine);
-        names += QString(name) + ".svg ";
-    }
-    const Run result = desk.convert(names + "-o out -j 2 --journal calls");
+    desk.useEncoder(QByteArray(encoderWithLimits).replace("%1", "process.kill(process.ppid, 'SIGKILL')"));
+    for (const char *name : {"a.svg", "b.svg", "d.svg", "e.svg", "g.svg"})
+        desk.write(name, oneLine);
+    // The first piece of their journals comes before the end, and once more from a second worker.
+    QByteArray lines;
+    for (int i = 0; i < 1000; ++i)
+        lines += "<line x2='" + QByteArray::number(i + 1) + "'/>";
+    for (const char *name : {"c.svg", "f.svg"})
+        desk.write(name, QByteArray(deadlyDrawing).replace("<text", lines + "<text"));
+    const Run result = desk.convert("a.svg b.svg c.svg d.svg e.svg f.svg g.svg -o out -j 2 --journal calls");
     const QString died = "svg2dwg: %1.svg: not converted: the process that converted it ended unexpectedly\n";
-    QCOMPARE(result.err, died.arg('b') + died.arg('e'));
+    QCOMPARE(result.err, died.arg('c') + died.arg('f'));
     QCOMPARE(result.exitCode, int(SomeFailed));
-    QCOMPARE(desk.filesIn("out"), (QStringList{"a.dwg", "c.dwg", "d.dwg", "f.dwg"}));
+    QCOMPARE(desk.filesIn("out"), (QStringList{"a.dwg", "b.dwg", "d.dwg", "e.dwg", "g.dwg"}));
     const auto calls = callsByInput(desk.read("calls"));
-    QVERIFY(calls["f"].last().contains(R"("blockName5")"));
+    for (const char *name : {"a", "b", "d", "e", "g"})
+        QCOMPARE(callsOf(calls[name], insertions).size(), 1);
+    QStringList ofDeadly = callsOf(calls["c"], insertions);
+    QVERIFY(!ofDeadly.isEmpty());
+    QCOMPARE(ofDeadly.removeDuplicates(), 0);
+    QCOMPARE(callsOf(calls["g"], {"InsertBlock2"}),
+             QStringList{R"(InsertBlock2 "blockName6",0,0,0,1,1,1,0)"});
 }
 
 void tst_svg2dwg::stopped_data()
 {
-    const auto row = tableOf<QString, QString, QString>("options", "signal", "advice");
+    const auto row = tableOf<QString, QString, QString>("arguments", "signal", "advice");
     const QString goOn = "; run it again with --update to go on";
-    row("one process, from elsewhere", "-j 1", "kill -TERM %1", goOn);
-    row("one process, Ctrl+C in a terminal", "-j 1", "kill -INT -- -%1", goOn);
-    row("workers, from elsewhere", "-j 2", "kill -INT %1", goOn);
-    row("workers, Ctrl+C in a terminal", "-j 2", "kill -INT -- -%1", goOn);
-    row("a terminal that is closed", "-j 2 --force", "kill -HUP -- -%1", "");
+    const QString elsewhere = "kill -TERM %1";
+    const QString terminal = "kill -INT -- -%1"; // to all processes of the run
+    row("one process, waiting for its encoder", "c.svg b.svg --update -j 1", elsewhere, goOn);
+    row("the same, Ctrl+C in a terminal", "c.svg b.svg --update -j 1", terminal, goOn);
+    row("one process, reading a long file", "c.svg long.svg --update -j 1", elsewhere, goOn);
+    row("workers, waiting for their encoders", "c.svg b.svg a.svg --update -j 2", elsewhere, goOn);
+    row("the same, Ctrl+C in a terminal", "c.svg b.svg a.svg --update -j 2", terminal, goOn);
+    row("a worker that is reading a long file", "c.svg a.svg long.svg long.svg --update -j 2", terminal,
+        goOn);
+    row("a terminal that is closed", "c.svg a.svg --force -j 2", "kill -HUP -- -%1", "");
 }
 
 void tst_svg2dwg::stopped()
@@ -894,53 +949,110 @@ void tst_svg2dwg::stopped()
 #ifdef Q_OS_WIN
     QSKIP("Needs a shell that sends signals.");
 #endif
-    QFETCH(QString, options);
+    QFETCH(QString, arguments);
     QFETCH(QString, signal);
     QFETCH(QString, advice);
 
     Desk desk;
-    // Notes who is at work, and never ends.
-    desk.write("busy.mjs", R"js(import fs from "node:fs";
-        process.stdin.once("data", () => {
-            fs.writeFileSync("at-work.part", `${process.pid} ${process.ppid}`);
-            fs.renameSync("at-work.part", "at-work");
-            for (;;);
-        });)js");
-    desk.environment.insert("KORVANE_ENCODER", desk.path("busy.mjs"));
-    desk.write("a.svg", "<svg/>");
+    desk.useEncoder(busyEncoder);
+    desk.write("a.svg", oneLine);
     desk.write("b.svg", notXml);
     desk.write("c.svg", oneLine);
-    // Takes seconds to read, which nothing else interrupts.
-    desk.write("d.svg", "<svg>" + QByteArray("<path d=\"M0 0C1 1 2 1 3 0\"/>").repeated(200'000) + "</svg>");
+    desk.write("long.svg",
+               "<svg>" + QByteArray("<path d=\"M0 0C1 1 2 1 3 0\"/>").repeated(100'000) + "</svg>");
     desk.write("out/c.dwg", "an earlier drawing");
     desk.setAge("out/c.dwg", 50);
     const QStringList before = desk.treeOf(".");
 
     QProcess run;
-    run.setWorkingDirectory(desk.path());
-    run.setProcessEnvironment(desk.environment);
-    const QString arguments = "b.svg c.svg d.svg a.svg -q -o out --journal calls " + options;
-    run.start("setsid",
-              QStringList{SVG2DWG} + (arguments + (options.contains("force") ? "" : " --update")).split(' '));
-    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(desk.path("at-work")), 60'000);
+    const QByteArrayList processes = desk.startUntilAtWork(run, arguments + " -q -o out --journal calls");
     desk.shell(signal.arg(run.processId()));
     QVERIFY(run.waitForFinished());
     QCOMPARE(run.exitCode(), 130);
+    QCOMPARE(processes.size(), 2);
+    QVERIFY(!isAlive(processes[0]) && !isAlive(processes[1]));
     const QString err = run.readAllStandardError();
-    QVERIFY2(!err.contains("c.svg") && !err.contains("c.dwg"), qPrintable(err)); // its failure is no news
-    const QString last = err.section('\n', -2, -2);
-    QVERIFY2(QRegularExpression("^svg2dwg: stopped: [01] of 4 files done" + QRegularExpression::escape(advice)
-                                + '$')
-                 .match(last)
-                 .hasMatch(),
-             qPrintable(err));
-    for (const QByteArray &process : desk.read("at-work").split(' ')) {
-        QFile commandLine("/proc/" + process + "/cmdline"); // empty for a process that has ended
-        QVERIFY2(!commandLine.open(QIODevice::ReadOnly) || commandLine.readAll().isEmpty(), process);
-    }
-    QFile::remove(desk.path("at-work"));
+    QVERIFY2(!err.contains("c.svg") && !err.contains("c.dwg"),
+             qPrintable(err)); // what the signal does is no news
+    const QRegularExpression last("(^|\n)svg2dwg: stopped: [01] of [2-4] files done" + advice + "\n$");
+    QVERIFY2(last.match(err).hasMatch(), qPrintable(err));
     QCOMPARE(desk.treeOf("."), before);
     QCOMPARE(desk.read("out/c.dwg"), QByteArray("an earlier drawing"));
+}
+
+void tst_svg2dwg::goingOnAfterAStop_data()
+{
+    const auto row = tableOf<QString>("jobs");
+    row("one process", " -j 1");
+    row("workers", " -j 2");
+}
+
+void tst_svg2dwg::goingOnAfterAStop()
+{
+#ifdef Q_OS_WIN
+    QSKIP("Needs a shell that sends signals.");
+#endif
+    QFETCH(QString, jobs);
+
+    Desk desk;
+    const char *const note = "fs.writeFileSync('note', `${process.pid} ${process.ppid}`);"
+                             "fs.renameSync('note', 'at-work'); for (;;)";
+    desk.useEncoder(QByteArray(encoderWithLimits).replace("%1", note));
+    for (const char *name : {"in/a.svg", "in/b.svg", "in/below/d.svg"})
+        desk.write(name, oneLine);
+    desk.write("in/c.svg", deadlyDrawing);
+    QProcess run;
+    desk.startUntilAtWork(run, "in -r -o out" + jobs);
+    desk.shell(QStringLiteral("kill -INT %1").arg(run.processId()));
+    QVERIFY(run.waitForFinished());
+    const int done = desk.treeOf("out").size();
+    QVERIFY(done < 4 && !QFileInfo::exists(desk.path("out/c.dwg")));
+
+    desk.environment.remove("KORVANE_ENCODER");
+    const Run again = desk.convert("in -r -o out --update" + jobs);
+    const QString upToDate = done > 0 ? QStringLiteral(", %1 up to date").arg(done) : QString();
+    QVERIFY2(again.out.endsWith(QStringLiteral("4 files: %1 converted%2\n").arg(4 - done).arg(upToDate)),
+             qPrintable(again.out));
+    QCOMPARE(again.exitCode, int(AllConverted));
+
+    // The drawings are those of a run that was not stopped.
+    desk.convert("in -r -o whole");
+    QCOMPARE(desk.treeOf("out"), desk.treeOf("whole"));
+    for (const QString &file : desk.treeOf("whole"))
+        QCOMPARE(readBack(desk.path("out/" + file)), readBack(desk.path("whole/" + file)));
+}
+
+void tst_svg2dwg::killedRun()
+{
+#ifdef Q_OS_WIN
+    QSKIP("Needs a shell that sends signals.");
+#endif
+    Desk desk;
+    desk.useEncoder(busyEncoder);
+    desk.write("a.svg", oneLine);
+    desk.write("b.svg", oneLine);
+    QProcess run;
+    const QByteArrayList processes = desk.startUntilAtWork(run, "a.svg b.svg -o out -j 2");
+    run.kill();
+    QVERIFY(run.waitForFinished());
+    QCOMPARE(processes.size(), 2);
+    QTRY_VERIFY_WITH_TIMEOUT(!isAlive(processes[0]) && !isAlive(processes[1]), longest);
+}
+
+void tst_svg2dwg::ignoredSignal()
+{
+#ifdef Q_OS_WIN
+    QSKIP("Needs a shell that sends signals.");
+#endif
+    Desk desk;
+    // The encoder begins after the signal.
+    desk.useEncoder(R"js(import fs from "node:fs";
+        process.kill(process.ppid, "SIGHUP");
+        await import(process.env.REAL_ENCODER);)js");
+    desk.write("a.svg", oneLine);
+    const Run result = desk.shell("nohup \"$0\" a.svg -o out");
+    QCOMPARE(result.exitCode, int(AllConverted));
+    QCOMPARE(desk.filesIn("out"), QStringList{"a.dwg"});
 }
 
 QTEST_GUILESS_MAIN(tst_svg2dwg)
