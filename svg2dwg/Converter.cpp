@@ -156,7 +156,7 @@ FileResult Converter::resultOfSaving(const Pending &pending)
 {
     const QString &output = pending.job.output;
     const refhost::EncodedDrawing encoded = m_encoder.take(pending.ticket);
-    const FileResult result =
+    FileResult result =
         resultOfWriting(output, pending.result, [&] { return refhost::writeDrawingFile(output, encoded); });
     if (!m_options.preview || result.kind != FileResult::Kind::Converted)
         return result;
