@@ -1,6 +1,6 @@
-# Checks README.md, CONTRIBUTING.md and docs/: each svg2dwg command in them runs (dry, in a copy of the samples), and each
-# link leads to a file. User guide, man page and zsh's completion name exactly the options that there are; the last two
-# also their values. (bash's completion asks the program.)
+# Checks README.md, CONTRIBUTING.md and docs/: each svg2dwg command in them runs (in a copy of the samples, dry unless it
+# updates), and each link leads to a file. User guide, man page and zsh's completion name exactly the options that there
+# are; the last two also their values. (bash's completion asks the program.)
 #
 #     cmake -DROOT=<source folder> -DSVG2DWG=<program> -DWORK=<scratch folder> -P docs_commands.cmake
 
@@ -27,8 +27,11 @@ function(run_commands document)
     set(commandCount ${count} PARENT_SCOPE)
     foreach(line IN LISTS lines)
         string(REGEX REPLACE "^(\\./run )?svg2dwg | +#.*$" "" line "${line}")
+        if(NOT line MATCHES "--update")
+            string(APPEND line " --dry-run")
+        endif()
         separate_arguments(arguments UNIX_COMMAND "${line}")
-        execute_process(COMMAND "${SVG2DWG}" ${arguments} --dry-run
+        execute_process(COMMAND "${SVG2DWG}" ${arguments}
             WORKING_DIRECTORY "${WORK}" RESULT_VARIABLE exitCode OUTPUT_QUIET ERROR_VARIABLE messages)
         if(NOT exitCode EQUAL 0)
             fail("${document}: svg2dwg ${line}: exit code ${exitCode}\n${messages}")
