@@ -18,6 +18,9 @@ set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES QT_WINDOWS)
 # A program that holds zlib needs no library more.
 set(ZLIB_LIBRARY /usr/x86_64-w64-mingw32/lib/libz.a CACHE FILEPATH "zlib, to link statically")
 
+# The same sources make the same programs, whenever they are built.
+add_link_options(LINKER:--no-insert-timestamp)
+
 # Qt's tools run here, and only Linux's Qt has those of its translators.
 execute_process(COMMAND qmake -query QT_INSTALL_LIBS OUTPUT_VARIABLE linuxQt OUTPUT_STRIP_TRAILING_WHITESPACE)
 set(Qt5LinguistTools_DIR "${linuxQt}/cmake/Qt5LinguistTools")
