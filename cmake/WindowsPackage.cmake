@@ -11,6 +11,7 @@ foreach(plugin IN ITEMS platforms/qwindows styles/qwindowsvistastyle imageformat
     get_filename_component(folder ${plugin} DIRECTORY)
     install(FILES "${QT_WINDOWS}/plugins/${plugin}.dll" DESTINATION ${KORVANE_PROGRAMS}/${folder})
 endforeach()
+# Qt looks for plugins beside the programs, and nowhere else.
 install(FILES "${documents}/qt.conf" DESTINATION ${KORVANE_PROGRAMS})
 
 # The compiler's own come with debug information, ten times their size.
@@ -23,7 +24,15 @@ foreach(library IN ITEMS libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
         \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${KORVANE_LIBRARIES}/${library}\" COMMAND_ERROR_IS_FATAL ANY)")
 endforeach()
 
-install(FILES "${PROJECT_SOURCE_DIR}/docs/windows.md" RENAME README.txt DESTINATION .)
+# install_text(SOURCE FOLDER NAME) installs SOURCE, its @VARIABLES@ replaced, with the line ends of Windows.
+function(install_text source folder name)
+    set(file "${PROJECT_BINARY_DIR}/texts/${folder}/${name}")
+    configure_file("${source}" "${file}" @ONLY NEWLINE_STYLE WIN32)
+    install(FILES "${file}" DESTINATION ${folder})
+endfunction()
+
+install_text("${PROJECT_SOURCE_DIR}/docs/windows.md" . README.txt)
+install_text("${documents}/licences.txt.in" licences README.txt)
 
 # install_licence(PACKAGE NAME) installs the copyright file of a Debian package.
 function(install_licence package name)
@@ -38,5 +47,3 @@ install_licence(libz-mingw-w64-dev zlib)
 foreach(licence IN ITEMS GPL-2 GPL-3 LGPL-2.1 LGPL-3)
     install(FILES "/usr/share/common-licenses/${licence}" RENAME ${licence}.txt DESTINATION licences)
 endforeach()
-configure_file("${documents}/licences.txt.in" "${PROJECT_BINARY_DIR}/licences.txt" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/licences.txt" RENAME README.txt DESTINATION licences)
