@@ -13,7 +13,6 @@
 
 #include <QFileInfo>
 
-#include <filesystem>
 #include <utility>
 
 namespace {
@@ -40,23 +39,12 @@ void requireMemory()
     const QByteArray tried(enough, Qt::Uninitialized);
 }
 
-/// Makes the folder of `file`. Returns what went wrong; empty when nothing did.
-QString makeFolderOf(const QString &file)
-{
-    std::error_code error;
-    std::filesystem::create_directories(QFileInfo(file).path().toStdU16String(), error);
-    if (!error)
-        return {};
-    return QStringLiteral("the folder cannot be made: %1")
-        .arg(QString::fromLocal8Bit(error.message().c_str()));
-}
-
 /// `result` when `write` has written `file`, otherwise a message.
 template <class Write>
 FileResult resultOfWriting(const QString &file, const FileResult &result, const Write &write)
 {
     const Interruption::Shield wholeFile;
-    QString error = makeFolderOf(file);
+    QString error = makeFolder(QFileInfo(file).path());
     if (error.isEmpty())
         error = write();
     return error.isEmpty() ? result : failedResult(QStringLiteral("%1: not saved: %2").arg(file, error));

@@ -7,6 +7,18 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <filesystem>
+
+QString makeFolder(const QString &folder)
+{
+    std::error_code error;
+    std::filesystem::create_directories(folder.toStdU16String(), error);
+    if (!error)
+        return {};
+    return QStringLiteral("the folder cannot be made: %1")
+        .arg(QString::fromLocal8Bit(error.message().c_str()));
+}
+
 OutputPaths::OutputPaths(const QString &folder, const QString &suffix, const QVector<InputFile> &inputs)
     : m_folder(folder)
     , m_suffix(suffix)

@@ -9,6 +9,9 @@
 #include <QString>
 #include <QVector>
 
+/// Makes `folder` when it is missing. Returns what went wrong; empty when nothing did.
+QString makeFolder(const QString &folder);
+
 class OutputPaths {
 public:
     /// `suffix` is the outputs', such as "dwg"; `inputs` are all files of the run.

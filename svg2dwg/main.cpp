@@ -20,7 +20,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <filesystem>
 #include <memory>
 
 namespace {
@@ -69,14 +68,8 @@ QString openOutputs(const Options &options, JournalFile &journal)
         return QStringLiteral("%1: exists already and was kept. Use --force to overwrite it.")
             .arg(options.journalFile);
     }
-    std::error_code error;
-    if (!options.dryRun)
-        std::filesystem::create_directories(options.outputFolder.toStdU16String(), error);
-    if (error) {
-        return QStringLiteral("%1: the folder cannot be made: %2")
-            .arg(options.outputFolder, QString::fromLocal8Bit(error.message().c_str()));
-    }
-    return journal.open();
+    const QString error = options.dryRun ? QString() : makeFolder(options.outputFolder);
+    return error.isEmpty() ? journal.open() : QStringLiteral("%1: %2").arg(options.outputFolder, error);
 }
 
 /// How many processes convert `files` files; 1 means that the program itself does.
