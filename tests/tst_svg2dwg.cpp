@@ -24,13 +24,12 @@ const QByteArray notXml = R"svg(<svg>
 <line/>
 </svg>)svg";
 const QByteArray encoderThatLeavesATrace = "import fs from 'fs'; fs.writeFileSync('started', '');";
-/// Notes who is at work, and never ends.
-const QByteArray busyEncoder = R"js(import fs from "node:fs";
-process.stdin.once("data", () => {
-    fs.writeFileSync("note", `${process.pid} ${process.ppid}`);
-    fs.renameSync("note", "at-work");
-    for (;;);
-});)js";
+/// Notes who is at work, whole and off the desk, as one of several encoders; and never ends.
+const QByteArray busyAtWork = "const note = `${process.env.BACKSTAGE}/${process.pid}`;"
+                              "fs.writeFileSync(note, `${process.pid} ${process.ppid}`);"
+                              "fs.renameSync(note, `${process.env.BACKSTAGE}/at-work`); for (;;)";
+const QByteArray busyEncoder =
+    "import fs from 'node:fs'; process.stdin.once('data', () => { " + busyAtWork + "; });";
 /// Passes drawings on to the encoder, and does %1 when it gets one that is deadly.
 const QByteArray encoderWithLimits = R"js(import { spawn } from "node:child_process";
 import fs from "node:fs";
@@ -119,6 +118,7 @@ public:
     {
         environment.insert("KORVANE_ENCODER", write("encoder.mjs", code));
         environment.insert("REAL_ENCODER", KORVANE_ENCODER);
+        environment.insert("BACKSTAGE", m_backstage.path());
     }
     /// Starts the converter on `arguments` as the leader of its process group, as a terminal does, and waits
     /// until an encoder is at work. Returns the encoder's process and the one that has started it.
@@ -127,10 +127,8 @@ public:
         process.setWorkingDirectory(path());
         process.setProcessEnvironment(environment);
         process.start("setsid", QStringList{SVG2DWG} + arguments.split(' '));
-        const bool isAtWork = QTest::qWaitFor([this] { return QFileInfo::exists(path("at-work")); }, longest);
-        const QByteArrayList processes = read("at-work").split(' ');
-        QFile::remove(path("at-work"));
-        return isAtWork ? processes : QByteArrayList();
+        const auto isAtWork = [this] { return QFileInfo::exists(m_backstage.path("at-work")); };
+        return QTest::qWaitFor(isAtWork, longest) ? m_backstage.read("at-work").split(' ') : QByteArrayList();
     }
     void setAge(const QString &name, int seconds) const
     {
@@ -141,6 +139,9 @@ public:
     }
 
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+
+private:
+    TemporaryFolder m_backstage;
 };
 
 QStringList kindsOf(const QJsonValue &entities)
@@ -975,13 +976,13 @@ void tst_svg2dwg::stopped()
     QVERIFY(run.waitForFinished());
     QCOMPARE(run.exitCode(), 130);
     QCOMPARE(processes.size(), 2);
-    QVERIFY(!isAlive(processes[0]) && !isAlive(processes[1]));
+    QTRY_VERIFY_WITH_TIMEOUT(!isAlive(processes[0]) && !isAlive(processes[1]), longest);
     const QString err = run.readAllStandardError();
     QVERIFY2(!err.contains("c.svg") && !err.contains("c.dwg"),
              qPrintable(err)); // what the signal does is no news
     const QRegularExpression last("(^|\n)svg2dwg: stopped: [01] of [2-4] files done" + advice + "\n$");
     QVERIFY2(last.match(err).hasMatch(), qPrintable(err));
-    QCOMPARE(desk.treeOf("."), before);
+    QCOMPARE(desk.treeOf(".").join(" "), before.join(" "));
     QCOMPARE(desk.read("out/c.dwg"), QByteArray("an earlier drawing"));
 }
 
@@ -1000,9 +1001,7 @@ void tst_svg2dwg::goingOnAfterAStop()
     QFETCH(QString, jobs);
 
     Desk desk;
-    const char *const note = "fs.writeFileSync('note', `${process.pid} ${process.ppid}`);"
-                             "fs.renameSync('note', 'at-work'); for (;;)";
-    desk.useEncoder(QByteArray(encoderWithLimits).replace("%1", note));
+    desk.useEncoder(QByteArray(encoderWithLimits).replace("%1", busyAtWork));
     for (const char *name : {"in/a.svg", "in/b.svg", "in/below/d.svg"})
         desk.write(name, oneLine);
     desk.write("in/c.svg", deadlyDrawing);
