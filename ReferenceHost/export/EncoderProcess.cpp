@@ -39,11 +39,11 @@ constexpr qint64 longestWaitMilliseconds = 50;
 constexpr std::chrono::milliseconds momentToDie{100};
 
 /// Half a minute for a slow start, and thirty times the usual time of encoding.
-QDeadlineTimer deadlineFor(qint64 requestSize)
+qint64 patienceFor(qint64 requestSize) // in milliseconds
 {
     constexpr qint64 startMilliseconds = 30'000;
     constexpr qint64 bytesPerMillisecond = 128;
-    return QDeadlineTimer(startMilliseconds + requestSize / bytesPerMillisecond);
+    return startMilliseconds + requestSize / bytesPerMillisecond;
 }
 
 QString couldNotStart(const QString &reason)
@@ -112,7 +112,8 @@ EncoderProcess::Ticket EncoderProcess::submitRequest(const Request &makeRequest,
     }
 
     const QByteArray request = makeRequest(ticket);
-    m_jobs.push_back({ticket, request.size(), deadlineFor(outstanding() + request.size()), failure});
+    m_jobs.push_back(
+        {ticket, request.size(), QDeadlineTimer(patienceFor(outstanding() + request.size())), failure});
     try {
         m_process->write(request);
     } catch (...) { // too little memory, so there will be no answer
@@ -130,8 +131,9 @@ EncoderProcess::Ticket EncoderProcess::submitRequest(const Request &makeRequest,
 
 EncodedDrawing EncoderProcess::take(Ticket ticket)
 {
-    // Without an event loop nothing has moved since submit(), so the time until now does not count.
-    const QDeadlineTimer deadline = deadlineFor(outstanding());
+    // Without an event loop nothing has moved since submit(), so the time until now does not count. Nor does
+    // that in which the whole program was stopped.
+    qint64 patience = patienceFor(outstanding());
 
     const auto isUnderWay = [this, ticket] {
         const std::lock_guard<std::mutex> lock(m_mutex);
@@ -140,9 +142,11 @@ EncodedDrawing EncoderProcess::take(Ticket ticket)
     };
     while (isUnderWay()) {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        const qint64 wait = std::min(deadline.remainingTime(), longestWaitMilliseconds);
-        const bool ready = m_process->waitForReadyRead(static_cast<int>(wait));
-        if (!ready && (deadline.hasExpired() || m_isAbandoned))
+        const qint64 wait = std::min(patience, longestWaitMilliseconds);
+        if (m_process->waitForReadyRead(static_cast<int>(wait)))
+            continue;
+        patience -= wait;
+        if (patience == 0 || m_isAbandoned)
             giveUp();
     }
     if (!m_results.contains(ticket))
