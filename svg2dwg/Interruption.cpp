@@ -10,6 +10,7 @@
 namespace {
 
 constexpr std::chrono::milliseconds glance{20};
+constexpr std::chrono::seconds longestWords{5};
 
 constexpr int signals[] = {
     SIGINT, SIGTERM,
@@ -87,6 +88,10 @@ void Interruption::watch()
     if (m_wake.wait_for(lock, m_grace, [this] { return m_isOver; }))
         return;
     const Shield wholeFiles;
-    m_lastWords();
+    std::thread([this] {
+        m_lastWords();
+        std::_Exit(exitCode);
+    }).detach();
+    std::this_thread::sleep_for(longestWords);
     std::_Exit(exitCode);
 }

@@ -14,8 +14,8 @@ public:
     static constexpr int exitCode = 130;
 
     /// While the object lives, Ctrl+C (or the system's request to end) has `lastWords` called in a thread of
-    /// its own, and then ends the program. The other threads have `grace` to end it themselves before. What
-    /// the program was started to ignore it still ignores.
+    /// its own, and then ends the program, also when nobody takes what they print. The other threads have
+    /// `grace` to end it themselves before. What the program was started to ignore it still ignores.
     explicit Interruption(std::function<void()> lastWords, std::chrono::milliseconds grace = {});
     ~Interruption();
     Interruption(const Interruption &) = delete;

@@ -10,6 +10,7 @@
 #include <QSaveFile>
 
 #include <cstdio>
+#include <optional>
 
 namespace {
 
@@ -55,15 +56,13 @@ void JournalFile::announce(const QString &input)
 
 QString JournalFile::close()
 {
-    if (!m_isOpen)
-        return {};
-    m_isOpen = false;
-    if (!m_file)
+    if (!m_isOpen || !m_file)
         return {};
     writeBuffer();
     if (!m_writeError.isEmpty())
         return error(m_writeError);
     const Interruption::Shield wholeFile;
+    m_isOpen = false;
     auto *file = qobject_cast<QSaveFile *>(m_file.get());
     return !file || file->commit() ? QString() : error(m_file->errorString());
 }
@@ -71,7 +70,7 @@ QString JournalFile::close()
 void JournalFile::abandon()
 {
     auto *file = qobject_cast<QSaveFile *>(m_file.get());
-    if (!file)
+    if (!file || !m_isOpen)
         return;
     file->cancelWriting();
     file->commit(); // removes what is written
@@ -90,7 +89,9 @@ void JournalFile::append(const QByteArray &lines)
 
 void JournalFile::writeBuffer()
 {
-    const Interruption::Shield untilWritten;
+    std::optional<Interruption::Shield> untilWritten;
+    if (qobject_cast<QSaveFile *>(m_file.get())) // whoever reads a pipe may have stopped
+        untilWritten.emplace();
     // A disk that fills up takes a part of the bytes and reports no error.
     const qint64 written = m_writeError.isEmpty() ? m_file->write(m_buffer) : m_buffer.size();
     if (written != m_buffer.size())
