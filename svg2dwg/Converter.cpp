@@ -11,6 +11,7 @@
 #include "export/WholeFile.h"
 #include "view/Picture.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <utility>
@@ -39,14 +40,31 @@ void requireMemory()
     const QByteArray tried(enough, Qt::Uninitialized);
 }
 
+QDateTime timeOf(const QString &file)
+{
+    return QFileInfo(file).lastModified();
+}
+
+/// Makes `output` as old as what was read of `input`, when that has changed meanwhile: --update would take
+/// the output for its drawing otherwise.
+void dateBack(const QString &output, const QString &input, const QDateTime &inputTime)
+{
+    QFile file(output);
+    if (timeOf(input) > inputTime && file.open(QIODevice::ReadWrite))
+        file.setFileTime(inputTime, QFileDevice::FileModificationTime);
+}
+
 /// `result` when `write` has written `file`, otherwise a message.
 template <class Write>
-FileResult resultOfWriting(const QString &file, const FileResult &result, const Write &write)
+FileResult resultOfWriting(const QString &file, const FileResult &result, const QDateTime &inputTime,
+                           const Write &write)
 {
     const Interruption::Shield wholeFile;
     QString error = makeFolder(QFileInfo(file).path());
     if (error.isEmpty())
         error = write();
+    if (error.isEmpty())
+        dateBack(file, result.input, inputTime);
     return error.isEmpty() ? result : failedResult(QStringLiteral("%1: not saved: %2").arg(file, error));
 }
 
@@ -112,6 +130,7 @@ std::optional<FileResult> Converter::attempt(const QString &file, const char *un
 
 std::optional<FileResult> Converter::resultOfFile(const Job &job)
 {
+    const QDateTime inputTime = timeOf(job.input);
     const SVGText svg = textOf(job.input);
     if (!svg.error.isEmpty())
         return failedResult(svg.error);
@@ -125,10 +144,10 @@ std::optional<FileResult> Converter::resultOfFile(const Job &job)
     if (m_options.dryRun)
         return result;
     if (m_options.format == OutputFormat::PlainSvg) {
-        return resultOfWriting(job.output, result,
+        return resultOfWriting(job.output, result, inputTime,
                                [&] { return refhost::writeWholeFile(job.output, svg.text); });
     }
-    m_pending = Pending{job, result, document,
+    m_pending = Pending{job, result, inputTime, document,
                         m_encoder.submit(document->drawing, drawingFormat(m_options.format),
                                          refhost::BlocksToSave::UsedOnly)};
     return {};
@@ -144,15 +163,15 @@ FileResult Converter::resultOfSaving(const Pending &pending)
 {
     const QString &output = pending.job.output;
     const refhost::EncodedDrawing encoded = m_encoder.take(pending.ticket);
-    FileResult result =
-        resultOfWriting(output, pending.result, [&] { return refhost::writeDrawingFile(output, encoded); });
+    FileResult result = resultOfWriting(output, pending.result, pending.inputTime,
+                                        [&] { return refhost::writeDrawingFile(output, encoded); });
     if (!m_options.preview || result.kind != FileResult::Kind::Converted)
         return result;
     const QString picture = OutputPaths::pictureBeside(output);
     return *attempt(picture, "not saved", [&] {
         requireMemory();
         const QByteArray png = refhost::pngPicture(pending.document->drawing);
-        return std::optional(
-            resultOfWriting(picture, result, [&] { return refhost::writeWholeFile(picture, png); }));
+        return std::optional(resultOfWriting(picture, result, pending.inputTime,
+                                             [&] { return refhost::writeWholeFile(picture, png); }));
     });
 }

@@ -9,6 +9,8 @@
 #include "api/HostSession.h"
 #include "export/EncoderProcess.h"
 
+#include <QDateTime>
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -39,6 +41,7 @@ private:
     struct Pending {
         Job job;
         FileResult result;
+        QDateTime inputTime;
         refhost::HostDocumentPtr document;
         refhost::EncoderProcess::Ticket ticket;
     };
