@@ -10,9 +10,12 @@
 
 namespace {
 
-QStringList namesIn(const QByteArray &list, NameEnd nameEnd)
+QStringList namesIn(QByteArray list, NameEnd nameEnd)
 {
     const bool areLines = nameEnd == NameEnd::LineBreak;
+    const char byteOrderMark[] = "\xEF\xBB\xBF";
+    if (areLines && list.startsWith(byteOrderMark))
+        list.remove(0, static_cast<int>(qstrlen(byteOrderMark)));
     QByteArrayList names = list.split(areLines ? '\n' : '\0');
     if (names.last().isEmpty())
         names.removeLast(); // the end of the last name is no beginning of another one

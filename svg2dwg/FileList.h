@@ -14,5 +14,6 @@ struct FileList {
 };
 
 /// Reads the list in the file `fileName`, or from the standard input when it is "-". Names are decoded as by
-/// nameFrom(). Where lines end names, empty lines are left out, and a line may end as on Windows.
+/// nameFrom(). Where lines end names, empty lines are left out; a line may end, and the list begin, as
+/// Windows' editors write it.
 FileList fileListFrom(const QString &fileName, NameEnd nameEnd);

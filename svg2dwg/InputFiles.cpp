@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 #include <filesystem>
@@ -38,12 +39,13 @@ public:
     {
     }
 
-    /// Adds the file `input`, or all files of the folder that it is.
+    /// Adds the file `input`, or all files of the folder that it is. What was named before is left out.
     void add(const InputFile &input);
 
     InputFiles result;
 
 private:
+    void addFile(const InputFile &file);
     void addFolder(const InputFile &top);
     /// Adds the files of `folder`, and returns its subfolders.
     std::vector<Folder> addFilesOf(const Folder &folder);
@@ -53,19 +55,30 @@ private:
     QStringList m_nameFilters;
     bool m_recursive;
     std::filesystem::path m_outputFolder;
+    QSet<QString> m_known; // inputs with their output folders
+    int m_filesNamed = 0;
 };
 
 void Listing::add(const InputFile &input)
 {
     if (!problemOfName(input.path).isEmpty() || !QFileInfo(input.path).isDir())
-        result.files << input;
+        addFile(input);
     else
         addFolder(input);
 }
 
+void Listing::addFile(const InputFile &file)
+{
+    const QString key = QDir::cleanPath(QDir().absoluteFilePath(file.path)) + QChar(0) + file.outputFolder;
+    ++m_filesNamed;
+    if (!m_known.contains(key))
+        result.files << file;
+    m_known.insert(key);
+}
+
 void Listing::addFolder(const InputFile &top)
 {
-    const auto found = [this] { return result.files.size() + result.errors.size(); };
+    const auto found = [this] { return m_filesNamed + result.errors.size(); };
     const int foundBefore = found();
     std::vector<Folder> folders = {{top.path.toStdU16String(), top.path, top.outputFolder}};
     while (!folders.empty()) {
@@ -86,7 +99,7 @@ std::vector<Folder> Listing::addFilesOf(const Folder &folder)
                              .arg(folder.name, QString::fromLocal8Bit(entries.error.message().c_str()));
     }
     for (const QString &name : entries.files)
-        result.files << InputFile{QDir(folder.name).filePath(name), folder.outputFolder};
+        addFile({QDir(folder.name).filePath(name), folder.outputFolder});
 
     std::vector<Folder> below;
     for (const std::filesystem::path &path : entries.folders) {

@@ -22,5 +22,6 @@ struct InputFiles {
 /// Replaces each folder that `options` or its lists name by its own files that match `nameFilters` in upper
 /// or lower case, and by those of its subfolders when asked for. Links that lead nowhere are among them.
 /// Links to folders are not followed, and the output folder within an input folder is left out. Anything else
-/// counts as a file, whether it exists or not.
+/// counts as a file, whether it exists or not. A file that is named again, with the same place for its
+/// output, is left out.
 InputFiles inputFilesFrom(const Options &options, const QStringList &nameFilters);

@@ -203,6 +203,8 @@ QString wrongNameIn(const CommandLine &line)
 
 QString missingIn(const Options &options)
 {
+    if (options.lists.contains(QString()))
+        return QStringLiteral("--files-from takes the name of a list, not ''");
     if (options.lists.isEmpty() && options.nullSeparated)
         return QStringLiteral("--null is about the names of a list: --files-from LIST is missing");
     if (options.inputs.isEmpty() && options.lists.isEmpty())
