@@ -11,6 +11,7 @@ enum class FrameKind : quint8 {
     Arguments, ///< to a worker, first: the command line
     Convert,   ///< to a worker: a job
     End,       ///< to a worker: there are no more jobs
+    Ready,     ///< from a worker, first: it has all that it needs
     Journal,   ///< from a worker: number of the job, a piece of its journal
     Counts,    ///< from a worker: number of the job, how many objects of each type its journal has counted
     Result,    ///< from a worker: number of the job, its result

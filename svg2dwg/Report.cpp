@@ -14,6 +14,9 @@ constexpr int countWidth = 10;
 constexpr int widestFileColumn = 48;
 constexpr int barWidth = 30;
 constexpr const char *wiped = "\r\033[K"; // in the place of the bar
+// A narrow terminal cuts the bar off: on a second line it would stay. What stood there goes.
+constexpr const char *barBegin = "\033[?7l\r[";
+constexpr const char *barEnd = "\033[K\033[?7h";
 
 struct KindName {
     FileResult::Kind kind;
@@ -63,10 +66,17 @@ Report::~Report()
     hideBar();
 }
 
+void Report::noteDone(const FileResult &result)
+{
+    ++m_done;
+    if (result.kind == FileResult::Kind::Converted || result.kind == FileResult::Kind::Failed)
+        m_pace.count();
+}
+
 void Report::add(const FileResult &result)
 {
     ++m_counts[static_cast<std::size_t>(result.kind)];
-    ++m_done;
+    ++m_reported;
     if (result.kind == FileResult::Kind::Converted) {
         m_total.add(result.counts);
         m_gaps.add(result.gaps);
@@ -76,9 +86,7 @@ void Report::add(const FileResult &result)
     }
     if (!result.message.isEmpty())
         printProblem(result.message);
-    if (result.kind == FileResult::Kind::Converted || result.kind == FileResult::Kind::Failed)
-        m_pace.count();
-    if (m_done < m_expected)
+    if (m_reported < m_expected)
         showBar();
 }
 
@@ -108,11 +116,11 @@ void Report::printSummary()
     m_out.flush();
 }
 
-void Report::printStopped(int further, const QString &advice)
+void Report::printStopped(const QString &advice)
 {
     // The main thread may be about to write, so this goes past its streams.
-    std::fprintf(stderr, "%ssvg2dwg: stopped: %d of %d files done%s\n", m_hasBar ? wiped : "",
-                 m_done + further, m_expected, qPrintable(advice));
+    std::fprintf(stderr, "%ssvg2dwg: stopped: %d of %d files done%s\n", m_hasBar ? wiped : "", m_done.load(),
+                 m_expected, qPrintable(advice));
 }
 
 void Report::printHeader()
@@ -151,8 +159,8 @@ void Report::showBar()
         return;
     const int done = m_done;
     const int filled = m_expected > 0 ? std::min(done, m_expected) * barWidth / m_expected : 0;
-    m_err << "\r[" << QString(filled, QLatin1Char('#')) << QString(barWidth - filled, QLatin1Char(' '))
-          << "] " << done << '/' << m_expected << m_pace.text(m_expected - done);
+    m_err << barBegin << QString(filled, QLatin1Char('#')) << QString(barWidth - filled, QLatin1Char(' '))
+          << "] " << done << '/' << m_expected << m_pace.text(m_expected - done) << barEnd;
     m_err.flush();
     m_barShown = true;
 }

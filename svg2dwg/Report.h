@@ -23,16 +23,20 @@ public:
     Report(const Report &) = delete;
     Report &operator=(const Report &) = delete;
 
-    /// Reports the result of one file.
+    /// Counts a file that is done, be it reported yet or not.
+    void noteDone(const FileResult &result);
+    /// Reports the result of the next file, which is done.
     void add(const FileResult &result);
+    /// Shows how far the run is.
+    void showBar();
 
     /// Reports a problem that belongs to no file of the list.
     void error(const QString &message);
 
     void printSummary();
-    /// Says how far a run came that the user stopped, with `advice` on what to do; `further` files are done
-    /// beyond those reported. Another thread may call this.
-    void printStopped(int further, const QString &advice);
+    /// Says how far a run came that the user stopped, with `advice` on what to do. Another thread may call
+    /// this.
+    void printStopped(const QString &advice);
     /// Whether the summary names the gaps of converted files.
     bool showsGaps() const { return m_verbosity == Verbosity::Normal; }
 
@@ -47,7 +51,6 @@ private:
     void printRow(const QString &name, const refhost::EntityCounts &counts, const QString &output);
     void printHeader();
     void printProblem(const QString &message);
-    void showBar();
     void hideBar();
 
     QTextStream m_out;
@@ -58,6 +61,7 @@ private:
     int m_fileWidth;
     int m_expected;
     std::array<int, 4> m_counts = {}; // by kind of result
+    int m_reported = 0;
     std::atomic<int> m_done{0};
     Pace m_pace;
     refhost::EntityCounts m_total;

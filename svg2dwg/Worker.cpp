@@ -174,6 +174,7 @@ void convertAll(const Options &options, bool countGaps)
     Converter converter(session, options, countGaps, {begun, ended});
     const Interruption interruption([&converter] { converter.abandon(); });
     Inbox inbox;
+    send(frameLine(FrameKind::Ready));
     for (;;) {
         if (inbox.isEmpty())
             converter.finish();

@@ -8,24 +8,38 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QFile>
 #include <QProcess>
 #include <QTimer>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace {
 
 constexpr std::size_t jobsOfWorker = 2;          // one that is read, and one that is encoded
-constexpr std::size_t tasksOfWorker = 64;        // results that wait for an earlier one are small,
-constexpr qint64 mostJournal = 64 * 1024 * 1024; // journals are not
+constexpr qint64 mostJournal = 64 * 1024 * 1024; // that waits for an earlier file; results are small
 constexpr int lookMilliseconds = 20;             // for Ctrl+C
+
+/// Whether as many files can be opened as a process takes. QProcess confuses those of other processes when it
+/// runs out of them.
+bool canOpenPipes()
+{
+    std::array<QFile, 16> files;
+    return std::all_of(files.begin(), files.end(), [](QFile &file) {
+        file.setFileName(QCoreApplication::applicationFilePath());
+        return file.open(QIODevice::ReadOnly);
+    });
+}
 
 } // namespace
 
 struct WorkerPool::Worker {
     std::unique_ptr<QProcess> process;
     std::deque<int> jobs; ///< by number, in the order in which they are answered
+    bool isReady = false;
+    bool isRetired = false; ///< gets no process any more
 
     /// Whether the process has ended, or could not be started, and is not buried yet.
     bool isDead() const { return process && process->state() == QProcess::NotRunning; }
@@ -64,12 +78,6 @@ bool WorkerPool::convertAll(int workers)
     return !Interruption::isRequested();
 }
 
-int WorkerPool::doneAhead() const
-{
-    return static_cast<int>(std::count_if(m_tasks.begin(), m_tasks.end(),
-                                          [](const Task &task) { return task.result.has_value(); }));
-}
-
 /// Does all that has become possible.
 void WorkerPool::proceed()
 {
@@ -85,8 +93,8 @@ void WorkerPool::handOut()
 {
     for (std::size_t depth = 1; depth <= jobsOfWorker; ++depth) {
         for (const std::unique_ptr<Worker> &worker : m_workers) {
-            const bool isTaken =
-                worker->isDead() || (!worker->jobs.empty() && task(worker->jobs.front()).isAlone);
+            const bool isTaken = worker->isRetired || worker->isDead()
+                || (!worker->jobs.empty() && task(worker->jobs.front()).isAlone);
             if (worker->jobs.size() < depth && !isTaken && !giveNext(*worker))
                 return;
         }
@@ -109,9 +117,9 @@ std::optional<int> WorkerPool::nextTask(bool hasOthers)
 {
     if (m_again.empty())
         return plannedTask();
-    if (hasOthers)
-        return {};
     const int number = m_again.front();
+    if (hasOthers && task(number).isAlone)
+        return {};
     m_again.pop_front();
     return number;
 }
@@ -120,7 +128,7 @@ std::optional<int> WorkerPool::plannedTask()
 {
     for (;;) {
         const int number = m_firstNumber + static_cast<int>(m_tasks.size());
-        if (number == m_files.size() || !hasRoom() || Interruption::isRequested())
+        if (number == m_files.size() || m_waitingJournal >= mostJournal || Interruption::isRequested())
             return {};
         Task next;
         next.job = m_plan.jobFor(number, m_files.at(number));
@@ -129,6 +137,8 @@ std::optional<int> WorkerPool::plannedTask()
             return {};
         next.result = m_plan.resultAtOnce(next.job);
         next.isHandedOut = !next.result;
+        if (next.result)
+            m_report.noteDone(*next.result);
         m_tasks.push_back(std::move(next));
         if (!m_tasks.back().result) {
             if (!output.empty())
@@ -137,11 +147,6 @@ std::optional<int> WorkerPool::plannedTask()
         }
         reportDone();
     }
-}
-
-bool WorkerPool::hasRoom() const
-{
-    return m_tasks.size() < tasksOfWorker * m_workers.size() && m_waitingJournal < mostJournal;
 }
 
 void WorkerPool::start(Worker &worker)
@@ -158,16 +163,20 @@ void WorkerPool::start(Worker &worker)
         process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), &m_loop,
         [this, &worker] { bury(worker, QStringLiteral("the process that converted it ended unexpectedly")); },
         Qt::QueuedConnection);
+    const auto notStarted = [this, &worker](const QString &reason) {
+        bury(worker, QStringLiteral("no process could be started for it: %1").arg(reason));
+    };
     QObject::connect(
         process, &QProcess::errorOccurred, &m_loop,
-        [this, &worker](QProcess::ProcessError error) {
-            if (error == QProcess::FailedToStart) {
-                bury(worker,
-                     QStringLiteral("no process could be started for it: %1")
-                         .arg(worker.process->errorString()));
-            }
+        [notStarted, process](QProcess::ProcessError error) {
+            if (error == QProcess::FailedToStart)
+                notStarted(process->errorString());
         },
         Qt::QueuedConnection);
+    if (!canOpenPipes()) {
+        QTimer::singleShot(0, &m_loop, [notStarted] { notStarted(QStringLiteral("too many open files")); });
+        return;
+    }
     process->start(QCoreApplication::applicationFilePath(), {QLatin1String(worker::argument)});
     worker.send(frameLine(FrameKind::Arguments, m_options.arguments));
 }
@@ -182,12 +191,15 @@ void WorkerPool::receive(Worker &worker)
 
 void WorkerPool::take(Worker &worker, Frame &frame)
 {
+    worker.isReady = worker.isReady || frame.kind == FrameKind::Ready;
     const int number = frame.take<int>();
+    if (std::find(worker.jobs.begin(), worker.jobs.end(), number) == worker.jobs.end())
+        return;
     if (frame.kind == FrameKind::Journal) {
         takeJournal(task(number), frame.take<QByteArray>());
     } else if (frame.kind == FrameKind::Counts) {
         task(number).counts = frame.take<QHash<QByteArray, int>>();
-    } else {
+    } else if (frame.kind == FrameKind::Result && number == worker.jobs.front()) {
         worker.jobs.pop_front();
         takeResult(number, frame.take<FileResult>());
     }
@@ -208,6 +220,8 @@ void WorkerPool::takeJournal(Task &task, QByteArray piece)
 void WorkerPool::takeResult(int number, const FileResult &result)
 {
     task(number).result = result;
+    m_report.noteDone(result);
+    m_report.showBar();
     m_outputsUnderWay.erase(task(number).job.output.toCaseFolded().toStdString());
 }
 
@@ -217,8 +231,13 @@ void WorkerPool::bury(Worker &worker, const QString &reason)
     if (Interruption::isRequested())
         return;
     worker.process.reset();
+    const bool wasReady = std::exchange(worker.isReady, false);
     const std::deque<int> jobs = std::exchange(worker.jobs, {});
-    if (jobs.size() == 1) {
+    if (!wasReady && hasColleague(worker)) {
+        // The machine has no room for as many, which is no job's fault.
+        worker.isRetired = true;
+        m_again.insert(m_again.end(), jobs.begin(), jobs.end());
+    } else if (jobs.size() == 1) {
         const Job job = task(jobs.front()).job;
         takeResult(job.number, failedResult(QStringLiteral("%1: not converted: %2").arg(job.input, reason)));
     } else {
@@ -231,6 +250,13 @@ void WorkerPool::bury(Worker &worker, const QString &reason)
         }
     }
     proceed();
+}
+
+bool WorkerPool::hasColleague(const Worker &worker) const
+{
+    return std::any_of(m_workers.begin(), m_workers.end(), [&worker](const std::unique_ptr<Worker> &other) {
+        return other.get() != &worker && other->process;
+    });
 }
 
 void WorkerPool::reportDone()

@@ -31,9 +31,6 @@ public:
     /// no process is left then.
     bool convertAll(int workers);
 
-    /// The files that are done but not reported yet, since one before them is not.
-    int doneAhead() const;
-
 private:
     /// A file on its way.
     struct Task {
@@ -58,14 +55,15 @@ private:
     std::optional<int> nextTask(bool hasOthers);
     /// Takes up files until one has to be converted.
     std::optional<int> plannedTask();
-    bool hasRoom() const;
     void start(Worker &worker);
     void receive(Worker &worker);
     void take(Worker &worker, Frame &frame);
     void takeJournal(Task &task, QByteArray piece);
     void takeResult(int number, const FileResult &result);
-    /// Blames the job that a worker died of, and hands its others out again.
+    /// Hands the jobs of a dead worker out again, or blames the one that it died of.
     void bury(Worker &worker, const QString &reason);
+    /// Whether `worker` is not the last one with a process.
+    bool hasColleague(const Worker &worker) const;
     void reportDone();
     void writeJournal(Task &task);
     void proceed();
@@ -80,7 +78,7 @@ private:
     std::vector<std::unique_ptr<Worker>> m_workers;
     std::deque<Task> m_tasks; // in the order of the files, from the first one that is not reported
     int m_firstNumber = 0;
-    std::deque<int> m_again;                           // tasks whose worker died of one of them
+    std::deque<int> m_again;                           // tasks whose worker died
     std::unordered_set<std::string> m_outputsUnderWay; // in folded case
     qint64 m_waitingJournal = 0;                       // bytes
     ObjectNumbers m_objectNumbers;

@@ -8,6 +8,7 @@
 #include "Worker.h"
 #include "WorkerPool.h"
 
+#include "SVGPreparation/FileNotes.h"
 #include "SVGPreparation/SVGFile.h"
 
 #include <QFileInfo>
@@ -45,6 +46,15 @@ Report::Verbosity verbosity(const Options &options)
     return printsJournal ? Report::Verbosity::NoTable : Report::Verbosity::Normal;
 }
 
+/// The list that is the file `path`; empty when none is.
+QString listAt(const QString &path, const QStringList &lists)
+{
+    svgprep::FileNotes names;
+    for (const QString &list : lists)
+        names.add(list, list);
+    return names.of(path);
+}
+
 /// The reason why the journal may not be written to its file; empty when it may.
 QString journalConflict(const Options &options, const QVector<InputFile> &inputs, const OutputPaths &outputs)
 {
@@ -53,6 +63,8 @@ QString journalConflict(const Options &options, const QVector<InputFile> &inputs
     };
     if (const QString input = outputs.inputAt(options.journalFile); !input.isEmpty())
         return refused(QStringLiteral("the journal would overwrite the input %1").arg(input));
+    if (const QString list = listAt(options.journalFile, options.lists); !list.isEmpty())
+        return refused(QStringLiteral("the journal would overwrite the list %1").arg(list));
     if (options.dryRun)
         return {};
     const QString output = outputs.outputAt(options.journalFile, inputs, options.preview);
@@ -98,15 +110,32 @@ std::unique_ptr<QCoreApplication> applicationFor(const Options &options, int &ar
 struct Run {
     const Options &options;
     const QVector<InputFile> &files;
-    Plan plan;
+    OutputPaths &outputs;
     JournalFile &journal;
     Report &report;
+    Plan plan{options, outputs};
 
+    /// Why the journal may not be written; empty when it may, or when there is none.
+    QString journalConflict() const
+    {
+        return journal.isFile() ? ::journalConflict(options, files, outputs) : QString();
+    }
     /// The end of the message that the run was stopped.
     QString advice() const
     {
         const bool canGoOn = !options.dryRun && !options.force; // --update would take forced ones for done
         return canGoOn ? QStringLiteral("; run it again with --update to go on") : QString();
+    }
+
+    /// Ends the journal once all files are done.
+    void closeJournal() const
+    {
+        // Only an existing file tells whether names that differ in case mean the same one.
+        QString error = journalConflict();
+        if (error.isEmpty())
+            error = journal.close();
+        if (!error.isEmpty())
+            report.error(error);
     }
 };
 
@@ -118,13 +147,14 @@ void convertHere(Run &run)
     const auto begun = [&run](const Job &job) { run.journal.announce(job.input); };
     const auto ended = [&run](const Job & /*job*/, const FileResult &result) {
         Interruption::holdUp();
+        run.report.noteDone(result);
         run.report.add(result);
     };
     Converter converter(session, run.options, run.report.showsGaps(), {begun, ended});
     const Interruption interruption([&] {
         run.journal.abandon();
         converter.abandon();
-        run.report.printStopped(0, run.advice());
+        run.report.printStopped(run.advice());
     });
 
     for (int number = 0; number < run.files.size(); ++number) {
@@ -139,6 +169,7 @@ void convertHere(Run &run)
         }
     }
     converter.finish();
+    run.closeJournal();
 }
 
 /// Has worker processes convert the files of `run`. Returns false when the user stopped it.
@@ -149,14 +180,16 @@ bool convertByWorkers(Run &run, int workers)
     const Interruption interruption(
         [&run] {
             run.journal.abandon();
-            run.report.printStopped(0, run.advice());
+            run.report.printStopped(run.advice());
         },
         grace);
     WorkerPool pool(run.options, run.files, run.plan, run.journal, run.report);
-    if (pool.convertAll(workers))
-        return true;
-    run.report.printStopped(pool.doneAhead(), run.advice());
-    return false;
+    const bool isComplete = pool.convertAll(workers);
+    if (isComplete)
+        run.closeJournal();
+    else
+        run.report.printStopped(run.advice());
+    return isComplete;
 }
 
 int run(const Options &options, int &argc, char **argv)
@@ -174,10 +207,8 @@ int run(const Options &options, int &argc, char **argv)
 
     JournalFile journal(options.journalFile);
     OutputPaths outputs(options.outputFolder, nameOf(options.format), input.files);
-    const auto conflict = [&] {
-        return journal.isFile() ? journalConflict(options, input.files, outputs) : QString();
-    };
-    QString error = conflict();
+    Run whole = {options, input.files, outputs, journal, report};
+    QString error = whole.journalConflict();
     if (error.isEmpty())
         error = openOutputs(options, journal);
     if (!error.isEmpty()) {
@@ -185,17 +216,10 @@ int run(const Options &options, int &argc, char **argv)
         return SomeFailed;
     }
 
-    Run whole = {options, input.files, Plan(options, outputs), journal, report};
     if (workers == 1)
         convertHere(whole);
     else if (!convertByWorkers(whole, workers))
         return Stopped;
-    // Only an existing file tells whether names that differ in case mean the same one.
-    error = conflict();
-    if (error.isEmpty())
-        error = journal.close();
-    if (!error.isEmpty())
-        report.error(error);
     report.printSummary();
     return report.isAllConverted() ? AllConverted : SomeFailed;
 }

@@ -215,11 +215,14 @@ private slots:
     void inputLists();
     void update_data();
     void update();
+    void changedMeanwhile();
     void severalJobs_data();
     void severalJobs();
+    void fewerProcesses();
     void killedWorker();
     void stopped_data();
     void stopped();
+    void stoppedUnheard();
     void goingOnAfterAStop_data();
     void goingOnAfterAStop();
     void killedRun();
@@ -236,6 +239,7 @@ void tst_svg2dwg::commandLine_data()
         {"a.svg --scale", "Unknown option 'scale'"},
         {"a.svg --\x1b[1m", "Unknown option '\\x1B[1m'"},
         {"a.svg -o . -0", "--files-from LIST is missing"},
+        {"-o . --files-from=", "--files-from takes the name of a list"},
         {"a.svg -o . -j 0", "--jobs takes a whole number from 1 to 256, not 0"},
         {"a.svg -o . -u --force", "--force does not go with --update"},
         {"a.svg -u --dry-run", "--dry-run does not go with --update"},
@@ -268,6 +272,9 @@ void tst_svg2dwg::commandLine_data()
             "x/../x/a.dwg: the journal would overwrite the output x/a.dwg");
     failure("a journal in the place of a picture", {"a.svg", "-o", "x", "--preview", "--journal", "x/a.png"},
             "x/a.png: the journal would overwrite the output x/a.png");
+    failure("a journal in the place of a list",
+            {"a.svg", "--files-from", "list", "--dry-run", "--force", "--journal", "./list"},
+            "./list: the journal would overwrite the list list");
     failure("an output folder that is a file", {"a.svg", "-o", SVG2DWG "/out"},
             "the folder cannot be made: Not a directory");
     failure("an empty name", {"", "--dry-run"}, "svg2dwg: '': not converted: the name is empty\n");
@@ -477,11 +484,12 @@ void tst_svg2dwg::terminal()
     const QStringList lines = QString(result.out).replace("\r\n", "\n").split('\n');
     QVERIFY(lines[0].endsWith("output"));
     const auto isBelow = [&lines](int done, const char *pace, const char *text) {
-        const QString bar = QStringLiteral("^\r\\[%1 {%2}\\] %3/3")
+        const QString bar = QStringLiteral("^\x1b\\[\\?7l\r\\[%1 {%2}\\] %3/3")
                                 .arg(QString(10 * done, '#'))
                                 .arg(30 - 10 * done)
                                 .arg(done);
-        return QRegularExpression(bar + pace + "\r\x1b\\[K" + text).match(lines[done + 1]).hasMatch();
+        const QString wiped = "\x1b\\[K\x1b\\[\\?7h\r\x1b\\[K";
+        return QRegularExpression(bar + pace + wiped + text).match(lines[done + 1]).hasMatch();
     };
     const char *pace = "  0\\.\\d files/s  \\d+ s left";
     QVERIFY2(isBelow(0, "", "a\\.svg  "), qPrintable(lines[1]));
@@ -697,7 +705,8 @@ void tst_svg2dwg::failingSystem_data()
     row("a table on a full device", "\"$0\" plan.svg --dry-run >/dev/full",
         {"the standard output cannot be written"});
     row("help on a full device", "\"$0\" --help >/dev/full", {"the standard output cannot be written"});
-    row("a disk that a journal fills up", "ulimit -f 1; \"$0\" plan.svg plan.svg --dry-run --journal j | cat",
+    row("a disk that a journal fills up",
+        "cp plan.svg b.svg; ulimit -f 1; \"$0\" plan.svg b.svg --dry-run --journal j | cat",
         {"j: the journal cannot be written: the disk is full"});
     row("a name that is not UTF-8, as an argument", "\"$0\" \"$(printf 'b\\377.svg')\" plan.svg --dry-run",
         {"svg2dwg: b\\xFF.svg: not converted: the name is not valid UTF-8"});
@@ -762,7 +771,8 @@ void tst_svg2dwg::inputLists_data()
 {
     const auto row = tableOf<QByteArray, QString, QStringList, QString>("list", "script", "outputs", "says");
     const QString fromPipe = "cat list | \"$0\" -o out --files-from - ";
-    row("a name on each line, of any system, in one folder", "in/a.svg\r\n\nin/below\nin/none.svg",
+    row("a name on each line, of any system, in one folder, one twice",
+        "\xEF\xBB\xBFin/a.svg\r\n\nin/below\nin/none.svg\nin/../in/a.svg",
         "\"$0\" more.svg -o out --files-from list", {"a.dwg", "b.dwg", "more.dwg"},
         "in/none.svg: cannot be read: No such file");
     row("names of any characters, each before a NUL", QByteArray("in/x\ny.svg\0\0in/a.svg\0in/z.svg\r", 30),
@@ -852,6 +862,18 @@ void tst_svg2dwg::update()
     QCOMPARE(desk.convert(QString(arguments).remove("bad.svg ")).exitCode, int(AllConverted));
 }
 
+void tst_svg2dwg::changedMeanwhile()
+{
+    Desk desk;
+    desk.useEncoder(QByteArray(encoderWithLimits).replace("%1", "fs.writeFileSync('plan.svg', '<svg/>')"));
+    desk.write("plan.svg", deadlyDrawing);
+    desk.setAge("plan.svg", 50);
+    for (const char *summary : {"1 converted", "1 converted", "0 converted, 1 up to date"}) {
+        const Run result = desk.convert("plan.svg -o out --update");
+        QVERIFY2(result.out.endsWith(QStringLiteral("1 file: %1\n").arg(summary)), qPrintable(result.out));
+    }
+}
+
 void tst_svg2dwg::severalJobs_data()
 {
     const auto row = tableOf<QString, QString>("inputs", "options");
@@ -861,8 +883,7 @@ void tst_svg2dwg::severalJobs_data()
         "-o out --explode --no-prepare --journal calls");
     row("a journal in the place of the table", mixed, "--dry-run --journal -");
     row("plain files, some of which are done", mixed, "-o out --format svg --update");
-    row("more files than may wait for the first one", "many.svg missing.svg lots",
-        "--dry-run --journal calls");
+    row("many files behind a long one", "many.svg missing.svg lots", "--dry-run --journal calls");
 }
 
 void tst_svg2dwg::severalJobs()
@@ -882,8 +903,8 @@ void tst_svg2dwg::severalJobs()
         desk.write("two/long.svg",
                    "<svg><polyline points=\"" + QByteArray("0,0 7,9 ").repeated(30'000) + "\"/></svg>");
         desk.write("many.svg", "<svg>" + QByteArray("<line x2=\"1\"/>").repeated(20'000) + "</svg>");
-        constexpr int moreThanMayWait = 400;
-        for (int i = 0; i < moreThanMayWait; ++i)
+        constexpr int files = 200;
+        for (int i = 0; i < files; ++i)
             desk.write(QStringLiteral("lots/%1.svg").arg(i), oneLine);
         return desk.convert(QStringLiteral("%1 %2 -j %3").arg(inputs, options).arg(jobs));
     };
@@ -897,6 +918,25 @@ void tst_svg2dwg::severalJobs()
     QCOMPARE(alone.exitCode, int(SomeFailed));
     QCOMPARE(three.treeOf("."), one.treeOf("."));
     QVERIFY(three.read("calls") == one.read("calls"));
+}
+
+void tst_svg2dwg::fewerProcesses()
+{
+#ifdef Q_OS_WIN
+    QSKIP("Needs a shell that sets limits.");
+#endif
+    const Desk desk;
+    for (int i = 0; i < 60; ++i)
+        desk.write(QStringLiteral("in/%1.svg").arg(i), oneLine);
+    const Run result = desk.shell("ulimit -n 48; \"$0\" in -o out -j 12 --format svg");
+    QCOMPARE(result.err, QString());
+    QCOMPARE(result.exitCode, int(AllConverted));
+    QCOMPARE(desk.filesIn("out"), desk.filesIn("in"));
+    // Not one can be started.
+    const Run none = desk.shell("ulimit -n 20; \"$0\" in -o out -j 12 --dry-run");
+    QCOMPARE(none.err.count(QRegularExpression("no process could be started for it: too many open files\n")),
+             60);
+    QCOMPARE(none.exitCode, int(SomeFailed));
 }
 
 void tst_svg2dwg::killedWorker()
@@ -984,6 +1024,20 @@ void tst_svg2dwg::stopped()
     QVERIFY2(last.match(err).hasMatch(), qPrintable(err));
     QCOMPARE(desk.treeOf(".").join(" "), before.join(" "));
     QCOMPARE(desk.read("out/c.dwg"), QByteArray("an earlier drawing"));
+}
+
+void tst_svg2dwg::stoppedUnheard()
+{
+#ifdef Q_OS_WIN
+    QSKIP("Needs a shell that sends signals.");
+#endif
+    // More messages than a pipe takes that nobody reads to its end.
+    const Desk desk;
+    const Run result =
+        desk.shell("mkfifo pipe; exec 3<>pipe; \"$0\" missing{1..5000}.svg --dry-run -j 1 2>&3 & "
+                   "head -n 1 <&3 >first; sleep 1; kill -TERM $!; wait $!");
+    QVERIFY(desk.read("first").startsWith("svg2dwg: missing1.svg: cannot be read"));
+    QCOMPARE(result.exitCode, 130);
 }
 
 void tst_svg2dwg::goingOnAfterAStop_data()
