@@ -595,6 +595,20 @@ void tst_HostWindow::openedByDropping()
     QVERIFY(document().isModified());
     QVERIFY(hasSaid("hall.v2.svg: not drawn: 1 picture"));
     QVERIFY(hasSaid("broken.svg:1:"));
+
+    m_folder.write("shed.svg/a.svg", plan); // in a folder that is no SVG file itself
+    data.setUrls({QUrl::fromLocalFile(m_folder.path("shed.svg")),
+                  QUrl::fromLocalFile(m_folder.write(".gate.svg", plan))});
+    drop();
+    QCOMPARE(openDrawings(), std::size_t(4));
+    QCOMPARE(document().shownName(), QString(".gate"));
+    QVERIFY(hasSaid("shed.svg: not opened: "));
+
+    qputenv("TMPDIR", m_folder.path("broken.svg").toLocal8Bit()); // no folder
+    drop();
+    qunsetenv("TMPDIR");
+    QCOMPARE(openDrawings(), std::size_t(4));
+    QVERIFY(hasSaid(".gate.svg: not opened: "));
 }
 
 void tst_HostWindow::savedBesideTheWindow()

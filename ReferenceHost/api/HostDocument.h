@@ -21,6 +21,7 @@ struct HostDocument {
     Drawing drawing;
     QString title;           ///< shown by a tab until the drawing has a file
     QString fileName;        ///< full path; empty until the drawing was saved, and after a failed save
+    QString sourceFolder;    ///< where the SVG file lies that the drawing was made of; empty for none
     QString refusedFileName; ///< the name of the last save if it failed
     QStringList leftOut;     ///< contents of its file that the drawing lacks: "12 arcs"
     std::uint64_t savedRevision = 0; ///< the drawing's revision at the last save

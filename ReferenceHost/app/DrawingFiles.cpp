@@ -43,7 +43,7 @@ bool DrawingFiles::open()
 
 bool DrawingFiles::openFile(const QString &fileName)
 {
-    if (isSvgFileName(fileName))
+    if (isSvgFileName(fileName) && !QFileInfo(fileName).isDir())
         return openSvg(fileName);
     if (const HostDocumentPtr open = m_session.findDocument(fileName); open && open->fileName == fileName)
         return m_session.activate(open);
@@ -68,19 +68,25 @@ bool DrawingFiles::openFile(const QString &fileName)
 bool DrawingFiles::openSvg(const QString &fileName)
 {
     const WaitCursor waitCursor;
+    const QString shownName = QDir::toNativeSeparators(fileName);
     const QTemporaryDir folder;
+    if (!folder.isValid()) {
+        m_session.report(QStringLiteral("%1: not opened: %2").arg(shownName, folder.errorString()));
+        return false;
+    }
     const SvgConversion converted = convertSvg(fileName, folder.path());
     for (const QString &note : converted.notes)
         m_session.report(note);
     if (converted.drawing.isEmpty())
         return false;
     OpenedDrawing opened = openDrawing(m_encoder, converted.drawing);
-    const QString shownName = QDir::toNativeSeparators(fileName);
     if (!opened.error.isEmpty()) {
         m_session.report(QStringLiteral("%1: not opened: %2").arg(shownName, opened.error));
         return false;
     }
-    add(std::move(opened))->title = QFileInfo(fileName).completeBaseName();
+    const HostDocumentPtr document = add(std::move(opened));
+    document->title = QFileInfo(fileName).completeBaseName();
+    document->sourceFolder = QFileInfo(fileName).absolutePath();
     m_session.report(QStringLiteral("Opened %1 as a new drawing").arg(shownName));
     return true;
 }
@@ -174,7 +180,7 @@ QString DrawingFiles::askFileName(const QString &title, const HostDocumentPtr &d
 {
     const QFileInfo earlier(document->fileName);
     const QString suggested = document->fileName.isEmpty()
-        ? document->title
+        ? QDir(document->sourceFolder).filePath(document->title)
         : QDir(earlier.path()).filePath(earlier.completeBaseName());
     QFileDialog dialog(&m_parent, title, suggested);
     dialog.setNameFilters(filters);

@@ -14,6 +14,7 @@
 #include <QStyleFactory>
 #include <QTimer>
 #include <QTranslator>
+#include <QWindow>
 
 #include <algorithm>
 #include <csignal>
@@ -74,7 +75,15 @@ void openLater(refhost::HostWindow &window, QStringList files)
 {
     for (QString &file : files)
         file = QFileInfo(file).absoluteFilePath();
-    QTimer::singleShot(0, &window, [&window, files] { window.openFiles(files); });
+    constexpr int lookMilliseconds = 20;
+    auto *look = new QTimer(&window);
+    QObject::connect(look, &QTimer::timeout, &window, [&window, files, look] {
+        if (!window.windowHandle() || !window.windowHandle()->isExposed())
+            return;
+        look->stop();
+        window.openFiles(files);
+    });
+    look->start(lookMilliseconds);
 }
 
 bool asksForHelp(int argc, char **argv)
