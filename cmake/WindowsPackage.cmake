@@ -32,7 +32,15 @@ function(install_text source folder name)
 endfunction()
 
 install_text("${PROJECT_SOURCE_DIR}/docs/windows.md" . README.txt)
+foreach(part IN ITEMS qtbase:qtbase5-dev qtsvg:libqt5svg5)
+    string(REPLACE ":" ";" part ${part})
+    list(GET part 0 name)
+    list(GET part 1 package)
+    execute_process(COMMAND dpkg-query -W -f \${source:Version} ${package}
+        OUTPUT_VARIABLE ${name}_source COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
 install_text("${documents}/licences.txt.in" licences README.txt)
+install_text("${PROJECT_SOURCE_DIR}/scripts/windows-qt" licences build-qt.txt)
 
 # install_licence(PACKAGE NAME) installs the copyright file of a Debian package.
 function(install_licence package name)

@@ -5,7 +5,7 @@ _svg2dwg()
     local cur prev words cword split help value
     _init_completion -s || return
 
-    help=$(LC_ALL=C "$1" --help 2>/dev/null)
+    help=$(LC_ALL=C "$(dequote "$1")" --help 2>/dev/null)
     # "  -o, --output <FOLDER>  ..." says what comes after -o and --output.
     if [[ $prev == -* && $'\n'$help =~ $'\n  '(-., )?"$prev"(, --[a-z-]+)?' <'([^>]+)'>' ]]; then
         value=${BASH_REMATCH[3]}
@@ -18,7 +18,11 @@ _svg2dwg()
     fi
     $split && return
 
-    if [[ $cur == -* ]]; then
+    local word areOptions=yes
+    for word in "${words[@]:1:cword-1}"; do
+        [[ $word != -- ]] || areOptions=
+    done
+    if [[ $areOptions && $cur == -* ]]; then
         COMPREPLY=($(compgen -W "$(_parse_help - <<<"$help")" -- "$cur"))
         return
     fi
