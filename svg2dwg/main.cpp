@@ -55,24 +55,6 @@ QString listAt(const QString &path, const QStringList &lists)
     return names.of(path);
 }
 
-/// The reason why the journal may not be written to its file; empty when it may.
-QString journalConflict(const Options &options, const QVector<InputFile> &inputs, const OutputPaths &outputs)
-{
-    const auto refused = [&options](const QString &reason) {
-        return QStringLiteral("%1: %2").arg(options.journalFile, reason);
-    };
-    if (const QString input = outputs.inputAt(options.journalFile); !input.isEmpty())
-        return refused(QStringLiteral("the journal would overwrite the input %1").arg(input));
-    if (const QString list = listAt(options.journalFile, options.lists); !list.isEmpty())
-        return refused(QStringLiteral("the journal would overwrite the list %1").arg(list));
-    if (options.dryRun)
-        return {};
-    const QString output = outputs.outputAt(options.journalFile, inputs, options.preview);
-    if (!output.isEmpty())
-        return refused(QStringLiteral("the journal would overwrite the output %1").arg(output));
-    return {};
-}
-
 /// Makes the output folder and opens the journal. Returns what went wrong; empty when nothing did.
 QString openOutputs(const Options &options, JournalFile &journal)
 {
@@ -115,11 +97,26 @@ struct Run {
     Report &report;
     Plan plan{options, outputs};
 
-    /// Why the journal may not be written; empty when it may, or when there is none.
+    /// Why the journal may not be written to its file; empty when it may, or when there is none.
     QString journalConflict() const
     {
-        return journal.isFile() ? ::journalConflict(options, files, outputs) : QString();
+        if (!journal.isFile())
+            return {};
+        const auto refused = [this](const QString &reason) {
+            return QStringLiteral("%1: %2").arg(options.journalFile, reason);
+        };
+        if (const QString input = outputs.inputAt(options.journalFile); !input.isEmpty())
+            return refused(QStringLiteral("the journal would overwrite the input %1").arg(input));
+        if (const QString list = listAt(options.journalFile, options.lists); !list.isEmpty())
+            return refused(QStringLiteral("the journal would overwrite the list %1").arg(list));
+        if (options.dryRun)
+            return {};
+        const QString output = outputs.outputAt(options.journalFile, files, options.preview);
+        if (!output.isEmpty())
+            return refused(QStringLiteral("the journal would overwrite the output %1").arg(output));
+        return {};
     }
+
     /// The end of the message that the run was stopped.
     QString advice() const
     {

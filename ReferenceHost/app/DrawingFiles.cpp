@@ -51,10 +51,8 @@ bool DrawingFiles::openFile(const QString &fileName)
     const WaitCursor waitCursor;
     OpenedDrawing opened = openDrawing(m_encoder, fileName);
     const QString shownName = QDir::toNativeSeparators(fileName);
-    if (!opened.error.isEmpty()) {
-        m_session.report(QStringLiteral("%1: not opened: %2").arg(shownName, opened.error));
-        return false;
-    }
+    if (!opened.error.isEmpty())
+        return reportNotOpened(shownName, opened.error);
     const HostDocumentPtr document = add(std::move(opened));
     document->savedRevision = document->drawing.revision();
     document->fileName = fileName;
@@ -70,25 +68,27 @@ bool DrawingFiles::openSvg(const QString &fileName)
     const WaitCursor waitCursor;
     const QString shownName = QDir::toNativeSeparators(fileName);
     const QTemporaryDir folder;
-    if (!folder.isValid()) {
-        m_session.report(QStringLiteral("%1: not opened: %2").arg(shownName, folder.errorString()));
-        return false;
-    }
+    if (!folder.isValid())
+        return reportNotOpened(shownName, folder.errorString());
     const SvgConversion converted = convertSvg(fileName, folder.path());
     for (const QString &note : converted.notes)
         m_session.report(note);
     if (converted.drawing.isEmpty())
         return false;
     OpenedDrawing opened = openDrawing(m_encoder, converted.drawing);
-    if (!opened.error.isEmpty()) {
-        m_session.report(QStringLiteral("%1: not opened: %2").arg(shownName, opened.error));
-        return false;
-    }
+    if (!opened.error.isEmpty())
+        return reportNotOpened(shownName, opened.error);
     const HostDocumentPtr document = add(std::move(opened));
     document->title = QFileInfo(fileName).completeBaseName();
     document->sourceFolder = QFileInfo(fileName).absolutePath();
     m_session.report(QStringLiteral("Opened %1 as a new drawing").arg(shownName));
     return true;
+}
+
+bool DrawingFiles::reportNotOpened(const QString &shownName, const QString &reason) const
+{
+    m_session.report(QStringLiteral("%1: not opened: %2").arg(shownName, reason));
+    return false;
 }
 
 /// Shows the drawing as a document of its own.

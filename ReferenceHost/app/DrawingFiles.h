@@ -57,6 +57,7 @@ private:
                         const QStringList &filters) const;
     QString chosenName(QFileDialog &dialog, const QStringList &suffixes) const;
     bool saveTo(const HostDocumentPtr &document, const QString &file);
+    bool reportNotOpened(const QString &shownName, const QString &reason) const;
     bool reportWritten(const QString &file, const QString &error) const;
 
     QWidget &m_parent;

@@ -38,8 +38,8 @@ constexpr qint64 longestWaitMilliseconds = 50;
 /// More than a killed process needs to be gone.
 constexpr std::chrono::milliseconds momentToDie{100};
 
-/// Half a minute for a slow start, and thirty times the usual time of encoding.
-qint64 patienceFor(qint64 requestSize) // in milliseconds
+/// Half a minute for a slow start, and thirty times the usual time of encoding; in milliseconds.
+qint64 patienceFor(qint64 requestSize)
 {
     constexpr qint64 startMilliseconds = 30'000;
     constexpr qint64 bytesPerMillisecond = 128;
